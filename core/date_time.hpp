@@ -1,0 +1,26 @@
+// Dates and times as the files carry them: short date MM/DD/YYYY, long time HH:MM:SS (24 h).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/platform.hpp"
+
+namespace kelp {
+
+std::string ShortDate(LocalTime time);
+std::string LongTime(LocalTime time);
+
+/// Reads "MM/DD/YYYY HH:MM:SS", "M/D/YYYY h:mm:ss AM/PM", "Mon DD YYYY HH:MM:SS" and
+/// "YYYY-MM-DD HH:MM:SS". Nothing when the text is none of these or no date of the calendar.
+std::optional<LocalTime> ParseDateTime(std::string_view text);
+
+/// Splits "date time" at its first blank; both parts trimmed.
+struct DateAndTime {
+  std::string Date;
+  std::string Time;
+};
+DateAndTime SplitDateTime(std::string_view text);
+
+}  // namespace kelp

@@ -1,0 +1,97 @@
+// The whole program as one value: all screens, the run state and the platform. It is passed by
+// reference to every handler; there is no hidden global.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/run_state.hpp"
+#include "core/screens/acquire.hpp"
+#include "core/screens/dialogs.hpp"
+#include "core/screens/editor.hpp"
+#include "core/screens/main_window.hpp"
+#include "platform/platform.hpp"
+
+namespace kelp {
+
+/// A control by name; `Index` is -1 for one that is no member of an array.
+struct FocusPlace {
+  std::string Screen;
+  std::string Control;
+  int Index = -1;
+};
+
+struct Kelp {
+  explicit Kelp(Platform& machine) : platform(machine) {}
+
+  Platform& platform;
+  RunState run;
+  ReadLoopState loop;
+  TimerState Timer1;
+
+  FrmMain frmMain;
+  FrmLogin frmLogin;
+  FrmAcquire frmAcquire;
+  FrmCreateBase frmCreateBase;
+  FrmWhatsNext frmWhatsNext;
+  FrmProgress frmProgress;
+  FrmChangeStep frmChangeStep;
+  DlgRunRem dlgRunRem;
+  FrmRecalc frmRecalc;
+  FrmEditCFG frmEditCFG;
+
+  /// Names of the visible screens, front first.
+  std::vector<std::string> Shown;
+  FocusPlace Focus;
+  bool Ended = false;  ///< the program has ended: front ends stop
+};
+
+/// Calls visit(name, screen) for every screen.
+template <class Program, class Visitor>
+void VisitScreens(Program& kelp, Visitor&& visit) {
+  visit("frmMain", kelp.frmMain);
+  visit("frmLogin", kelp.frmLogin);
+  visit("frmAcquire", kelp.frmAcquire);
+  visit("frmCreateBase", kelp.frmCreateBase);
+  visit("frmWhatsNext", kelp.frmWhatsNext);
+  visit("frmProgress", kelp.frmProgress);
+  visit("frmChangeStep", kelp.frmChangeStep);
+  visit("dlgRunRem", kelp.dlgRunRem);
+  visit("frmRecalc", kelp.frmRecalc);
+  visit("frmEditCFG", kelp.frmEditCFG);
+}
+
+/// The window of a screen by name, or null.
+Window* FindWindow(Kelp& kelp, std::string_view screen);
+
+/// Show a screen (it comes to the front), hide it, or bring it to the front.
+void ShowScreen(Kelp& kelp, std::string_view screen);
+void HideScreen(Kelp& kelp, std::string_view screen);
+void RaiseScreen(Kelp& kelp, std::string_view screen);
+
+/// Unloads a screen: it is hidden and its controls go back to what they are when it is loaded anew.
+template <class Screen>
+void UnloadScreen(Kelp& kelp, std::string_view name, Screen& screen) {
+  HideScreen(kelp, name);
+  screen = Screen();
+}
+
+/// Sets the text of the status bar.
+void SetStatus(Kelp& kelp, std::string_view text);
+
+/// Asks Yes/No (or Yes/No/Cancel); true for Yes only.
+bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
+            Buttons buttons = Buttons::YesNo);
+
+/// Tells something with an OK button.
+void Tell(Kelp& kelp, const std::string& text, const std::string& title = "", Icon icon = Icon::None);
+
+/// Reports a run-time error in a message box that says what failed and where.
+void ReportError(Kelp& kelp, const RunTimeError& error);
+
+/// Ends the program: the port is left as it is, screens stay, front ends stop.
+void EndProgram(Kelp& kelp);
+
+}  // namespace kelp

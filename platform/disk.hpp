@@ -1,0 +1,46 @@
+// All that the program asks of the disk. Paths are program paths ("c:\kelp\kelp.cfg"): a drive
+// letter, backslashes, no regard to letter case. Every operation that fails throws FileError, which
+// names the path, and leaves what existed before as it was.
+#pragma once
+
+#include <string>
+
+namespace kelp {
+
+class Disk {
+ public:
+  virtual ~Disk() = default;
+
+  /// True for a file of that name. A folder of that name counts too, so that reading it fails with a
+  /// message instead of being taken for a missing file.
+  virtual bool Exists(const std::string& path) = 0;
+
+  /// True for a folder of that name.
+  virtual bool IsFolder(const std::string& path) = 0;
+
+  /// True when the folder exists and holds at least one file.
+  virtual bool AnyFileIn(const std::string& folder) = 0;
+
+  /// The whole file, byte for byte. Files above 64 MiB are refused.
+  virtual std::string Read(const std::string& path) = 0;
+
+  /// Replaces the file, or creates it, in one step: after a crash it holds either the old or the new
+  /// content, whole. The content is on the disk before this returns.
+  virtual void Replace(const std::string& path, const std::string& content) = 0;
+
+  /// Appends `text` (one or more whole lines, line ends included) in one write and flushes it to the
+  /// disk; creates the file when it is missing. Never reads what the file holds already.
+  virtual void Append(const std::string& path, const std::string& text) = 0;
+
+  /// Gives the file a second name, under which it stays when the first name is replaced. Fails when
+  /// `newPath` exists.
+  virtual void Keep(const std::string& path, const std::string& newPath) = 0;
+
+  /// Removes a file; nothing happens when there is none.
+  virtual void Remove(const std::string& path) = 0;
+
+  /// Creates a folder and those above it. False when it existed already.
+  virtual bool MakeFolder(const std::string& path) = 0;
+};
+
+}  // namespace kelp
