@@ -1,0 +1,80 @@
+#include "acquire/read_loop.hpp"
+
+#include <algorithm>
+
+#include "acquire/averaging.hpp"
+#include "acquire/captions.hpp"
+#include "acquire/line_watch.hpp"
+#include "acquire/parser.hpp"
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+
+namespace kelp {
+
+namespace {
+
+void TakeWaitingText(Kelp& kelp) {
+  ReadLoopState& loop = kelp.loop;
+  loop.Accumulator += kelp.platform.ReadWaiting();
+  if (HoldsReading(loop.Accumulator)) {
+    kelp.frmAcquire.Text1.Text = loop.Accumulator.substr(std::min<std::size_t>(2, loop.Accumulator.size()));
+    const float reading = ReadingIn(loop.Accumulator);
+    NoteReading(kelp);
+    // The text is used up even when the reading's arithmetic fails: it must not be read twice.
+    try {
+      TakeReading(kelp, reading);
+    } catch (const RunTimeError&) {
+      DropRead(loop.Accumulator);
+      throw;
+    }
+  } else {
+    BoundAccumulator(loop.Accumulator);
+  }
+  kelp.frmAcquire.txtStats[0].Text = std::to_string(int{kelp.run.ReadCount});
+}
+
+}  // namespace
+
+void StartReadLoop(Kelp& kelp) {
+  ReadLoopState& loop = kelp.loop;
+  if (!loop.Running) loop.Accumulator.clear();
+  loop.Running = true;
+  loop.StopFlag = false;
+  loop.Sd = 0;
+  loop.UpperLimit = static_cast<float>(CfgNumber(kelp.run, kCfgUpperLimit, 6));
+  kelp.run.ReadCount = 0;
+  kelp.run.ReadIndex = 0;
+  kelp.run.ReadFlag = false;
+  kelp.run.ReadInProgress = false;
+  StartLineWatch(kelp);
+}
+
+bool ReadPass(Kelp& kelp) {
+  ReadLoopState& loop = kelp.loop;
+  if (kelp.frmAcquire.Command1.Caption == "&Start" || loop.StopFlag) {
+    loop.Running = false;
+    return false;
+  }
+  if (kelp.platform.BytesWaiting() > 0)
+    TakeWaitingText(kelp);
+  else
+    WatchLine(kelp);
+  UpdateInstruction(kelp);
+  return kelp.frmAcquire.Check1.Value;
+}
+
+bool OpenSerialPort(Kelp& kelp) {
+  if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
+  const int number = ToInt16(CfgNumber(kelp.run, kCfgComport));
+  const std::string trouble = kelp.platform.OpenPort(number, CfgValue(kelp.run, kCfgPortSettings));
+  if (trouble.empty()) {
+    kelp.loop.PortOpened = true;
+    return true;
+  }
+  SetStatus(kelp, trouble);
+  Tell(kelp, " CommPort" + std::to_string(number) + " is not talking, fix then restart.");
+  return false;
+}
+
+}  // namespace kelp

@@ -1,0 +1,116 @@
+#include "calc/calc_samples.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "calc/pigments.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+
+namespace kelp {
+
+namespace {
+
+// What a row of the grid gives; Rb and Ra have the blank subtracted.
+PigmentInput RowInput(const Kelp& kelp, int row) {
+  const Grid& grid = kelp.frmAcquire.datalog;
+  const double blank = Val(kelp.run.BeginBlankText);
+  PigmentInput in;
+  in.F = Val(kelp.frmAcquire.txtStaInfo[kStaF].Text);
+  in.Tau = Val(kelp.frmAcquire.txtStaInfo[kStaTau].Text);
+  in.Rb = Val(grid.Text(row, kColRb)) - blank;
+  in.Ra = Val(grid.Text(row, kColRa)) - blank;
+  in.FilV = Val(grid.Text(row, kColFilV));
+  in.ExV = Val(grid.Text(row, kColExV));
+  return in;
+}
+
+void WriteResults(Grid& grid, int row, const Pigments& results) {
+  const int depth = ToInt16(Val(grid.Text(row, kColDepth)));
+  grid.Text(row, kColChla) = ResultText(results.Chla);
+  grid.Text(row, kColPhaeo) = ResultText(results.Phaeo);
+  grid.Text(row, kColAcidR) = RatioText(results.AcidR);
+  grid.Text(row, kColQc) = QcFlag(depth, results.AcidR);
+}
+
+void AppendResultsLine(Kelp& kelp, int row) {
+  Disk& disk = kelp.platform.disk();
+  const std::string& path = kelp.run.PrnBackupFile;
+  std::string text;
+  if (!disk.Exists(path)) text = std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n";
+  disk.Append(path, text + ResultsLine(kelp.frmAcquire.datalog, row) + "\r\n");
+}
+
+// The sample just finished: the pointer has moved on to the next sample unless the run stands at
+// its start or its end. A row of 0 is no sample.
+int CurrentRow(Kelp& kelp) {
+  const std::string& caption = kelp.frmAcquire.Command1.Caption;
+  const int adjustment = caption != "&Start" && caption != "What's Next" ? -1 : 0;
+  int row = kelp.run.SampNum + adjustment;
+  if (row < 1) {
+    row = kelp.frmAcquire.datalog.Row;
+    kelp.run.SampNum = row >= 1 ? row - adjustment : 1;
+  }
+  return row;
+}
+
+void FallBackOnStoredBlank(Kelp& kelp) {
+  std::string& blank = kelp.run.BeginBlankText;
+  const std::string& average = kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text;
+  if (!blank.empty()) return;
+  if (Val(kelp.run.SampTbl(2, 0)) > 0)
+    blank = kelp.run.SampTbl(2, 0);
+  else if (Val(average) > 0)
+    blank = average;
+}
+
+void CalcGuardedRow(Kelp& kelp, int row) {
+  FallBackOnStoredBlank(kelp);
+  const PigmentInput in = RowInput(kelp, row);
+  const bool negative = in.Rb < 0 || in.Ra < 0;
+  WriteResults(kelp.frmAcquire.datalog, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
+  AppendResultsLine(kelp, row);
+}
+
+}  // namespace
+
+std::string ResultsLine(const Grid& datalog, int row) {
+  struct Field {
+    GridCol col;
+    std::size_t width;
+  };
+  static constexpr Field kFields[] = {{kColVial, 4},  {kColBottle, 6}, {kColDepth, 6}, {kColFilV, 6},
+                                      {kColExV, 5},   {kColRb, 8},     {kColRa, 8},    {kColChla, 8},
+                                      {kColPhaeo, 7}, {kColAcidR, 7},  {kColQc, 5}};
+  std::string line;
+  for (const Field& field : kFields)
+    line += Padded(OneField(datalog.Text(row, field.col), false), field.width, "L", "S");
+  return line;
+}
+
+void CalcCurrentSample(Kelp& kelp) {
+  const int row = CurrentRow(kelp);
+  if (row < 1) return;
+  WriteResults(kelp.frmAcquire.datalog, row, CalcPigments(RowInput(kelp, row)));
+  AppendResultsLine(kelp, row);
+}
+
+void CalcAllSamples(Kelp& kelp) {
+  RunState& run = kelp.run;
+  run.SampNum = std::max(1, int{run.SampCount});
+  std::string failedRows;
+  std::optional<RunTimeError> failure;
+  for (int row = 1; row <= run.SampCount; ++row) {
+    ShowScreen(kelp, "frmAcquire");
+    try {
+      CalcGuardedRow(kelp, row);
+    } catch (const RunTimeError& error) {
+      if (!failure) failure = error;
+      failedRows += (failedRows.empty() ? "" : ", ") + std::to_string(row);
+    }
+  }
+  ShowScreen(kelp, "frmWhatsNext");
+  if (failure) throw RunTimeError(failure->kind(), "row " + failedRows + ": " + failure->what());
+}
+
+}  // namespace kelp

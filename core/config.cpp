@@ -1,0 +1,104 @@
+#include "core/config.hpp"
+
+#include "core/date_time.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+
+namespace kelp {
+
+namespace {
+
+void ReadConfig(Kelp& kelp, const std::string& path) {
+  kelp.run.CfgLines = {};
+  std::size_t i = 0;
+  for (std::string& line : Lines(kelp.platform.disk().Read(path))) {
+    if (Trim(line).empty() || i >= kelp.run.CfgLines.size()) continue;
+    kelp.run.CfgLines[i++] = std::move(line);
+  }
+}
+
+void TakeTemplate(Kelp& kelp, const std::string& notice) {
+  Tell(kelp, notice);
+  SetDefaultConfig(kelp.run);
+  SaveConfig(kelp);
+}
+
+}  // namespace
+
+std::string CfgValue(const RunState& run, int line, std::size_t width) {
+  return std::string(Trim(Left(run.CfgLines.at(static_cast<std::size_t>(line)), width)));
+}
+
+double CfgNumber(const RunState& run, int line, std::size_t width) { return Val(CfgValue(run, line, width)); }
+
+void RewriteField(std::string& line, std::string_view text) {
+  if (line.size() < text.size())
+    throw RunTimeError(ErrorKind::Overflow, "the configuration line \"" + line + "\" is too short for the value \"" +
+                                                std::string(text) + "\"; restore its full width in kelp.cfg");
+  line.replace(0, text.size(), text);
+}
+
+void LoadConfig(Kelp& kelp) {
+  std::string path = kConfigPath;
+  while (!kelp.platform.disk().Exists(path)) {
+    if (!AskYes(kelp, "Missing cfg file! Do you want to look for it?", "CFG file missing!")) {
+      TakeTemplate(kelp, "Kelp.cfg will be created after you fill-out the StaInfo boxes.");
+      return;
+    }
+    const auto chosen = kelp.platform.AskFile({"cfg Files (*.cfg)|*.cfg"});
+    if (!chosen) {
+      TakeTemplate(kelp, "Unable to find kelp.cfg!  One will be created after you fill-out the StaInfo form.");
+      return;
+    }
+    path = *chosen;
+  }
+  ReadConfig(kelp, path);
+}
+
+void SaveConfig(Kelp& kelp) {
+  std::string content;
+  for (const std::string& line : kelp.run.CfgLines) content += line + "\r\n";
+  kelp.platform.disk().Replace(kConfigPath, content);
+}
+
+void SaveStationConfig(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  // Numbers from 990 on are reserved (tests, calibrations): they leave the running values alone.
+  if (Val(run.ProcNum) < 990) {
+    auto lines = run.CfgLines;
+    RewriteField(lines[kCfgProcNum], NextProcNum(run.ProcNum));
+    RewriteField(lines[kCfgStation], Padded(Trim(form.txtStaInfo[kStaLineSta].Text), 30, "R", "S"));
+    RewriteField(lines[kCfgAnalyst], Padded(Trim(form.Combo1.Text), 3, "R", "S"));
+    RewriteField(lines[kCfgTube], Padded(std::to_string(int{run.TubeNum}), 3, "L", "S"));
+    RewriteField(lines[kCfgFiltration], std::string(Trim(form.txtStaInfo[kStaFiltDate].Text)) + " " +
+                                            std::string(Trim(form.txtStaInfo[kStaFiltTime].Text)));
+    RewriteField(lines[kCfgRunDate], run.RunDate);
+    for (std::string& line : lines) line = OneField(line, false);
+    run.CfgLines = lines;
+  }
+  form.Text4.Text = "Saving Station " + run.ProcNum;
+  form.txtStaInfo[kStaVial].Text = std::to_string(int{run.TubeNum});
+  SaveConfig(kelp);
+}
+
+void SnapshotConfig(Kelp& kelp) {
+  Disk& disk = kelp.platform.disk();
+  if (!disk.Exists(kConfigPath)) return;
+  std::string content;
+  for (const std::string& line : Lines(disk.Read(kConfigPath))) content += line + "\r\n";
+  // Snapshots of one station accumulate: the file is never cut.
+  disk.Append("c:\\kelp\\kelp." + kelp.run.ProcNum, content);
+}
+
+void TakeLastStation(RunState& run) {
+  const DateAndTime filtered = SplitDateTime(CfgValue(run, kCfgFiltration));
+  run.CtdDate = filtered.Date;
+  run.CtdTime = filtered.Time;
+  run.ProcNum = CfgValue(run, kCfgProcNum);
+  run.DataOutPath = CfgValue(run, kCfgDataPath);
+  run.CruiseID = CfgValue(run, kCfgCruise, 10);
+  run.RunStarted = false;
+}
+
+}  // namespace kelp
