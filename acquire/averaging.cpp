@@ -38,11 +38,11 @@ void StoreRead(RunState& run, float reading) {
 }
 
 void WarnOffscale(Kelp& kelp, float reading) {
-  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit || kelp.run.LabCalRun ||
-      kelp.run.ReadCount <= kReadsBeforeOffscale)
+  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit ||
+      kelp.run.LabCalRun || kelp.run.ReadCount <= kReadsBeforeOffscale)
     return;
-  const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK", "Dilute the sample! Offscale!",
-                        Buttons::Ok, Icon::Critical};
+  const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK",
+                        "Dilute the sample! Offscale!", Buttons::Ok, Icon::Critical};
   while (kelp.platform.Ask(warning) != Answer::Ok) {
   }
 }

@@ -17,7 +17,8 @@ double Divide(double a, double b, const char* what) {
 }
 
 double Finite(double value) {
-  if (!std::isfinite(value)) throw RunTimeError(ErrorKind::Overflow, "a result is too large; check F, tau and volumes");
+  if (!std::isfinite(value))
+    throw RunTimeError(ErrorKind::Overflow, "a result is too large; check F, tau and volumes");
   return value;
 }
 
@@ -44,13 +45,15 @@ constexpr Limits kSurface[4] = {{2.3, 1.3}, {2.2, 1.4}, {2.1, 1.5}, {2.0, 1.6}};
 Pigments CalcPigments(const PigmentInput& in) {
   const double exv = in.ExV == 0 ? kDefaultExV : in.ExV;
   const double filv = in.FilV == 0 ? kDefaultFilV : in.FilV;
-  const double k1 = Divide(in.Tau, in.Tau - 1, "tau is 1: tau / (tau - 1) divides by zero; check the box \"tau = \"");
+  const double k1 =
+      Divide(in.Tau, in.Tau - 1, "tau is 1: tau / (tau - 1) divides by zero; check the box \"tau = \"");
   const double k = exv / (filv / 1000) * k1;
   // Two unit divisors, from the days of other units, stay in the formulas.
   Pigments out;
   out.Chla = Finite((in.Rb - in.Ra) * k * in.F / 1 / 1);
   out.Phaeo = Finite((in.Tau * in.Ra - in.Rb) * k * in.F / 1 / 1);
-  out.AcidR = Finite(Divide(in.Rb, in.Ra, "Ra less blank is 0: the acid ratio divides by zero; check Ra and the blank"));
+  out.AcidR = Finite(
+      Divide(in.Rb, in.Ra, "Ra less blank is 0: the acid ratio divides by zero; check Ra and the blank"));
   return out;
 }
 

@@ -7,12 +7,12 @@
 namespace kelp {
 
 struct PigmentInput {
-  double F = 0;        ///< door factor of the fluorometer, (ug/L) per reading unit
-  double Tau = 0;      ///< acid ratio of pure chlorophyll-a from the calibration
-  double Rb = 0;       ///< reading before acid, blank already subtracted
-  double Ra = 0;       ///< reading after acid, blank already subtracted
-  double FilV = 0;     ///< filtered volume, mL; 0 is taken as 138
-  double ExV = 0;      ///< extraction volume, mL; 0 is taken as 8
+  double F = 0;     ///< door factor of the fluorometer, (ug/L) per reading unit
+  double Tau = 0;   ///< acid ratio of pure chlorophyll-a from the calibration
+  double Rb = 0;    ///< reading before acid, blank already subtracted
+  double Ra = 0;    ///< reading after acid, blank already subtracted
+  double FilV = 0;  ///< filtered volume, mL; 0 is taken as 138
+  double ExV = 0;   ///< extraction volume, mL; 0 is taken as 8
 };
 
 struct Pigments {

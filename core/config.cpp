@@ -33,8 +33,9 @@ double CfgNumber(const RunState& run, int line, std::size_t width) { return Val(
 
 void RewriteField(std::string& line, std::string_view text) {
   if (line.size() < text.size())
-    throw RunTimeError(ErrorKind::Overflow, "the configuration line \"" + line + "\" is too short for the value \"" +
-                                                std::string(text) + "\"; restore its full width in kelp.cfg");
+    throw RunTimeError(ErrorKind::Overflow, "the configuration line \"" + line +
+                                                "\" is too short for the value \"" + std::string(text) +
+                                                "\"; restore its full width in kelp.cfg");
   line.replace(0, text.size(), text);
 }
 
@@ -47,7 +48,8 @@ void LoadConfig(Kelp& kelp) {
     }
     const auto chosen = kelp.platform.AskFile({"cfg Files (*.cfg)|*.cfg"});
     if (!chosen) {
-      TakeTemplate(kelp, "Unable to find kelp.cfg!  One will be created after you fill-out the StaInfo form.");
+      TakeTemplate(kelp,
+                   "Unable to find kelp.cfg!  One will be created after you fill-out the StaInfo form.");
       return;
     }
     path = *chosen;

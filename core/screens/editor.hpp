@@ -28,6 +28,8 @@ struct FrmEditCFG {
   }}};
   ControlArray<Label, 3> Label2{{{{"Station Settings"}, {"Sample Settings"}, {"Fluorometer Settings"}}}};
 
+  bool CruiseEdited = false;  ///< the cruise box was edited and not left yet
+
   static void VisitControls(auto& self, auto&& visit) {
     visit("Label2", self.Label2);
     visit("Label1", self.Label1);

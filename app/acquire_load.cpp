@@ -1,0 +1,135 @@
+#include "app/acquire_load.hpp"
+
+#include "acquire/averaging.hpp"
+#include "app/main_window.hpp"
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "workflow/whats_next.hpp"
+
+namespace kelp {
+
+namespace {
+
+void ResetRun(Kelp& kelp) {
+  RunState& run = kelp.run;
+  run.RunStarted = false;
+  run.StartUp = true;
+  run.BeginBlankText.clear();
+  run.EndBlankText.clear();
+  run.ResultsSaved = false;
+  run.StepName = "BLANK";
+  run.LabCalRun = false;
+  run.SampNum = 1;
+  run.TraceColor = kTraceMagenta;
+  run.RaAccepted = false;
+  run.ReadFlag = false;
+  run.ReadInProgress = false;
+  run.BottleEdited = false;
+  run.VialEdited = false;
+  run.ProcNumEdited = false;
+  run.TubeNum = ToInt16(Val(kelp.frmMain.Text1[4].Text));
+  run.ReadCount = 0;
+}
+
+void FillHeaderBoxes(Kelp& kelp) {
+  struct Row {
+    StaInfo box;
+    CfgLine line;
+  };
+  static constexpr Row kRows[] = {{kStaProcNum, kCfgProcNum},         {kStaLineSta, kCfgStation},
+                                  {kStaFluorometer, kCfgFluorometer}, {kStaF, kCfgMachineFactor},
+                                  {kStaTau, kCfgAcidRatio},           {kStaFiltrVol, kCfgFiltrVol},
+                                  {kStaBottle, kCfgStartBottle},      {kStaExtractVol, kCfgExtractVol}};
+  auto& box = kelp.frmAcquire.txtStaInfo;
+  for (const Row& row : kRows) box[row.box].Text = CfgValue(kelp.run, row.line);
+  const Counter16 nextVial = ToInt16(Val(kelp.frmMain.Text1[4].Text)) + 1;
+  box[kStaVial].Text = std::to_string(int{nextVial});
+  box[kStaFiltDate].Text = kelp.run.CtdDate;
+  box[kStaFiltTime].Text = kelp.run.CtdTime;
+}
+
+void TakeStandards(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  run.CruiseID = CfgValue(run, kCfgCruise);
+  run.ShipName = CfgValue(run, kCfgShip);
+  run.CoproLowStd = CfgValue(run, kCfgCoproLow);
+  run.CoproHighStd = CfgValue(run, kCfgCoproHigh);
+  form.lblBlank[kBoxCopro1].Caption = "Copro " + run.CoproLowStd;
+  form.lblBlank[kBoxCopro1 + 1].Caption = "Copro " + run.CoproLowStd + " End";
+  form.lblBlank[kBoxCopro2].Caption = "Copro " + run.CoproHighStd;
+  form.lblBlank[kBoxCopro2 + 1].Caption = "Copro " + run.CoproHighStd + " End";
+  form.lblStaInfo[kStaCopro1].Caption = "Ave" + run.CoproLowStd;
+  form.lblStaInfo[kStaCopro2].Caption = "Ave" + run.CoproHighStd;
+}
+
+// The placeholder keeps the backup folder from being empty: an empty one counts as missing.
+void CheckLocalBackup(Kelp& kelp) {
+  Disk& disk = kelp.platform.disk();
+  std::string& folder = kelp.run.BackupDir;
+  folder = WithBackslash(CfgValue(kelp.run, kCfgBackupDir));
+  if (disk.Exists(folder + "Readme.txt")) return;
+  bool created = false;
+  try {
+    created = disk.MakeFolder(folder);
+    if (created)
+      disk.Replace(folder + "Readme.txt",
+                   "Do not delete this file, it is used as a placeholder for kelp.exe.\r\n");
+  } catch (const FileError&) {
+    created = false;
+  }
+  if (created) return;
+  Tell(kelp, " Kelp Local Backup dir:" + folder + " does not contain a readme.txt file. Click OK to fix.",
+       "Backup path & file not found.", Icon::Critical);
+  disk.Replace(folder + "readme.txt", "Necessary file position holder, do not delete or move!\r\n");
+}
+
+void FillOperators(Kelp& kelp) {
+  const std::vector<std::string> initials = Words(CfgValue(kelp.run, kCfgInitials));
+  kelp.frmAcquire.Combo1.List = initials;
+  kelp.frmLogin = FrmLogin();
+  kelp.frmLogin.Combo1.List = initials;
+  if (!initials.empty()) kelp.frmLogin.Combo1.Text = initials.front();
+}
+
+void SetUp(Kelp& kelp) {
+  RunState& run = kelp.run;
+  ResetRun(kelp);
+  kelp.frmAcquire.Frame1.Caption = "Fluorometer " + CfgValue(run, kCfgFluorometer);
+  kelp.dlgRunRem = DlgRunRem();
+  FillHeaderBoxes(kelp);
+  run.ReadsToAverage = ToInt16(CfgNumber(run, kCfgReadsToAverage));
+  run.MinReads = ToInt16(CfgNumber(run, kCfgMinReads));
+  std::string& procNumBox = kelp.frmAcquire.txtStaInfo[kStaProcNum].Text;
+  run.ProcNum = NextProcNum(procNumBox);
+  TakeStandards(kelp);
+  run.ReadInterval = ToInt16(CfgNumber(run, kCfgReadInterval));
+  CheckLocalBackup(kelp);
+  procNumBox = run.ProcNum;
+  FillOperators(kelp);
+  SizeReadBuffer(run);
+}
+
+}  // namespace
+
+void frmAcquire_Load(Kelp& kelp) {
+  HideScreen(kelp, "frmAcquire");
+  kelp.frmAcquire = FrmAcquire();
+  kelp.frmAcquire.Form.Loaded = true;
+  kelp.Timer1.Enabled = false;
+  kelp.loop.Running = false;
+  try {
+    SetUp(kelp);
+  } catch (const RunTimeError& error) {
+    SetStatus(kelp, error.what());
+    // Any failure of the set-up is told in the words of the port failure.
+    Tell(kelp, " CommPort " + std::to_string(static_cast<int>(CfgNumber(kelp.run, kCfgComport))) +
+                   " is not talking, fix then restart.");
+  }
+  kelp.frmWhatsNext = FrmWhatsNext();
+  frmWhatsNext_Load(kelp);
+  frmLogin_Load(kelp);
+}
+
+}  // namespace kelp

@@ -1,0 +1,13 @@
+// The set-up of the acquisition screen for a station.
+#pragma once
+
+#include "core/kelp.hpp"
+
+namespace kelp {
+
+/// Loads the acquisition screen and the login above it: resets the run, copies the configuration into
+/// the header boxes, checks the local backup folder and sets up the grid. A run-time error on the way
+/// is told in the words of the port failure and named in the status bar; the login comes up all the same.
+void frmAcquire_Load(Kelp& kelp);
+
+}  // namespace kelp

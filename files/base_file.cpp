@@ -1,0 +1,228 @@
+#include "files/base_file.hpp"
+
+#include <algorithm>
+
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/option.hpp"
+#include "core/text.hpp"
+#include "files/ctd_import.hpp"
+#include "files/grid_layout.hpp"
+#include "files/report.hpp"
+#include "files/table_field.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr std::size_t kHeaderLines = 5;
+
+enum class Found { File, Nothing, CreateScreen };
+
+// A missing file: the operator creates it, searches, or steps on to the next processing number.
+Found FindBaseFile(Kelp& kelp, std::string& path) {
+  RunState& run = kelp.run;
+  while (!kelp.platform.disk().Exists(path)) {
+    const Answer answer =
+        kelp.platform.Ask({path + " not found!  Yes to create file, No to search, Cancel to load next sta.",
+                           "Base File Not Found!", Buttons::YesNoCancel});
+    if (answer == Answer::Yes) {
+      ShowCreateBase(kelp);
+      return Found::CreateScreen;
+    }
+    if (answer == Answer::No) {
+      const auto chosen = kelp.platform.AskFile({"Chl Files (chl*)|chl*", run.DataOutPath});
+      if (!chosen) return Found::Nothing;
+      path = *chosen;
+      run.ProcNum = Right(path, 3);
+      if (!UsableProcNum(run.ProcNum))
+        throw FileError(
+            path, "its last three characters are to be a processing number; choose a file such as chl007");
+      kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = run.ProcNum;
+      return Found::File;
+    }
+    if (answer != Answer::Cancel) return Found::Nothing;
+    run.ProcNum = NextProcNum(run.ProcNum);
+    kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = run.ProcNum;
+    path = run.DataOutPath + "chl" + run.ProcNum;
+  }
+  return Found::File;
+}
+
+// The rows of the station end where the report of an earlier save begins.
+std::size_t TableEnd(const std::vector<std::string>& lines) {
+  auto end = std::find(lines.begin(), lines.end(), kReportBanner);
+  if (end == lines.end()) return lines.size();
+  while (end != lines.begin() && Trim(*(end - 1)).empty()) --end;
+  return static_cast<std::size_t>(end - lines.begin());
+}
+
+void FillTable(Kelp& kelp, const std::string& path, const std::vector<std::string>& lines, std::size_t end) {
+  RunState& run = kelp.run;
+  if (end < kHeaderLines)
+    throw FileError(path, "has " + std::to_string(end) +
+                              " lines, but a base file begins with 5 header lines; "
+                              "create the station anew or choose another file");
+  run.SampTbl(0, 0) = lines[0];
+  run.SampTbl(1, 0) = lines[1];
+  for (std::size_t i = 2; i < end; ++i) {
+    try {
+      // A blank line takes its row and leaves it empty.
+      if (!Trim(lines[i]).empty()) SplitToRow(run, lines[i], static_cast<int>(i));
+      if (i >= static_cast<std::size_t>(StationTable::kRows))
+        static_cast<void>(run.SampTbl(static_cast<int>(i), 0));
+    } catch (const RunTimeError& error) {
+      throw RunTimeError(error.kind(), path + ", line " + std::to_string(i + 1) + ": " + error.what());
+    }
+  }
+  run.SampCount = static_cast<long long>(end) - 5;
+}
+
+void SetPaths(Kelp& kelp, const std::string& path) {
+  RunState& run = kelp.run;
+  Disk& disk = kelp.platform.disk();
+  run.CsvFile = path + ".csv";
+  run.RawFile = path + ".raw";
+  run.PrnFile = path + ".prn";
+  run.DbCsvFile = run.DataOutPath + run.CruiseID + "Chldb.csv";
+  // An empty backup folder counts as missing: the placeholder file shows that it is the right one.
+  const bool backup = disk.AnyFileIn(run.BackupDir);
+  run.TmpFile = (backup ? run.BackupDir : "C:\\kelp\\" + run.CruiseID) + "chl" + run.ProcNum + ".tmp";
+  run.PrnBackupFile = (backup ? run.BackupDir : "C:\\kElp\\" + run.CruiseID) + "chl" + run.ProcNum + ".prn";
+  if (!disk.Exists(run.CsvFile)) disk.Append(run.CsvFile, std::string(kReadLogHeader) + "\r\n");
+}
+
+// A non-empty Rb field in the first sample's row marks a station that was run already.
+bool HasResults(const RunState& run) { return !run.SampTbl(StationTable::kFirstSampleRow, kTblRb).empty(); }
+
+// A saved station gives back its cells as they were before they were written as blank-free fields.
+void TakeBackCells(RunState& run) {
+  for (int row = StationTable::kFirstSampleRow; row < run.SampCount + StationTable::kFirstSampleRow; ++row)
+    for (int col = 0; col < StationTable::kCols; ++col)
+      run.SampTbl(row, col) = CellFromField(run.SampTbl(row, col));
+}
+
+void ReadBaseFile(Kelp& kelp, const std::string& path) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  const std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
+  const std::size_t end = TableEnd(lines);
+  FillTable(kelp, path, lines, end);
+  SetPaths(kelp, path);
+  form.txtStaInfo[kStaLineSta].Text = Trim(run.SampTbl(0, 0));
+  run.SampNum = 1;
+  run.ResultsSaved = false;
+  const bool reopened = HasResults(run);
+  if (reopened) TakeBackCells(run);
+  LayOutGrid(kelp, reopened);
+  for (const auto import : {ImportCtdHeader, ImportCtdMark}) {
+    try {
+      import(kelp);
+    } catch (const RunTimeError& error) {
+      // A bad CTD file ends its import, not the station: what it would have filled in can be typed.
+      ReportError(kelp, error);
+    }
+  }
+  if (reopened) TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+  ShowScreen(kelp, "frmAcquire");
+  if (reopened) ShowScreen(kelp, "frmRecalc");
+}
+
+void RefreshStandardDisplays(Kelp& kelp) {
+  FrmAcquire& form = kelp.frmAcquire;
+  form.txtStaInfo[kStaCopro1].Text = CfgValue(kelp.run, kCfgCoproLowAve);
+  form.txtStaInfo[kStaCopro2].Text = CfgValue(kelp.run, kCfgCoproHighAve);
+}
+
+void MoveEndValues(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  // Without an end blank the begin blank goes on to serve.
+  if (!run.EndBlankText.empty()) {
+    run.BeginBlankText = run.EndBlankText;
+    form.txtBlank[kBoxBeginBlank].Text = run.EndBlankText;
+    form.txtStaInfo[kStaAveBlank].Text.clear();
+  }
+  run.EndBlankText.clear();
+  form.txtBlank[kBoxEndBlank].Text = "0";
+  for (const int box : {kBoxCopro1, kBoxCopro2}) {
+    if (Val(form.txtBlank[box + 1].Text) != 0) form.txtBlank[box].Text = form.txtBlank[box + 1].Text;
+    form.txtBlank[box + 1].Text = "0";
+  }
+  SetStatus(kelp, "End values moved to beginning");
+}
+
+// A station that can't be opened leaves the one that was open as it is.
+template <class Work>
+void KeepingStation(Kelp& kelp, const Work& work) {
+  const RunState before = kelp.run;
+  const std::string box = kelp.frmAcquire.txtStaInfo[kStaProcNum].Text;
+  try {
+    work();
+  } catch (const RunTimeError&) {
+    kelp.run = before;
+    kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = box;
+    throw;
+  }
+}
+
+}  // namespace
+
+void LoadBaseFile(Kelp& kelp, std::string& path) {
+  KeepingStation(kelp, [&] {
+    ClearTable(kelp.run);
+    const Found found = FindBaseFile(kelp, path);
+    if (found == Found::File) ReadBaseFile(kelp, path);
+    if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
+    RefreshStandardDisplays(kelp);
+  });
+}
+
+void OpenNextStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  auto& header = kelp.frmAcquire.txtStaInfo;
+  KeepingStation(kelp, [&] {
+    const std::string typed(Trim(header[kStaProcNum].Text));
+    run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
+    header[kStaProcNum].Text = run.ProcNum;
+    run.SampNum = 1;
+    run.LabCalRun = false;
+    // The capital C is as the files are named here; names are found without regard to letter case.
+    run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
+    LoadBaseFile(kelp, run.BaseFile);
+    // A station that was run already brings its own blanks and copros.
+    if (!HasResults(run)) MoveEndValues(kelp);
+    kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
+    kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
+    run.ProcNumEdited = false;
+    run.ResultsSaved = false;
+  });
+}
+
+void AddSample(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  if (run.SampCount >= kMaxSamples) {
+    Tell(kelp, "100 Samples is max!  Split your samples into separate runs...");
+    return;
+  }
+  ++run.SampCount;
+  run.SampNum = run.SampCount;
+  const int row = SampleRow(run);
+  const Counter16 bottle = run.SampCount > 1 ? ToInt16(Val(run.SampTbl(row - 1, kTblBottle))) + 1
+                                             : static_cast<int>(ToInt16(CfgNumber(run, kCfgStartBottle)));
+  for (int col = 0; col < StationTable::kCols; ++col) run.SampTbl(row, col).clear();
+  run.SampTbl(row, kTblCode) = "2";
+  run.SampTbl(row, kTblBottle) = Padded(std::to_string(int{bottle}), 2, "L", "0");
+  run.SampTbl(row, kTblDepth) = "3";
+  run.SampTbl(row, kTblFilV) = CfgValue(run, kCfgFiltrVol);
+  run.SampTbl(row, kTblExV) = CfgValue(run, kCfgExtractVol);
+  LayOutAddedSample(kelp);
+  SelectOption(form.Option1, kStepSamples);
+  form.Command1.Caption = "Load Added Sample";
+  form.Command1.ToolTipText = "Load Sample, when stable <Click>";
+  form.Text4.Text = "Load Sample, when stable <Click>";
+  run.TraceColor = kTraceMagenta;
+}
+
+}  // namespace kelp

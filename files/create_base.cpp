@@ -1,0 +1,95 @@
+// The create screen's work: writes a base file from the sample log sheet's values.
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "files/base_file.hpp"
+
+namespace kelp {
+
+namespace {
+
+enum CreateBox { kProcNum = 0, kLineSta = 1, kCount = 2, kBottle = 3, kVial = 4, kDate = 5, kTime = 6 };
+
+// The loader splits on runs of blanks, so the spacing is part of the format.
+std::string BaseFileText(const Kelp& kelp) {
+  const auto& box = kelp.frmCreateBase.Text1;
+  const RunState& run = kelp.run;
+  const std::string count = OneField(Trim(box[kCount].Text), false);
+  std::string text =
+      OneField(Trim(box[kLineSta].Text), false) + "\r\n" + CfgValue(run, kCfgFluorometer) + "\r\n";
+  text += "0.0 0.0 0.0 0.0\r\n0.0 0.0 0.0 0.0\r\n";
+  text += run.ProcNum + (count.size() < 2 ? "   " : "  ") + count + " " + CfgValue(run, kCfgMachineFactor) +
+          " " + CfgValue(run, kCfgAcidRatio) + "\r\n";
+  const double samples = Val(count);
+  const Counter16 firstBottle = ToInt16(Val(box[kBottle].Text));
+  for (int i = 1; i <= samples; ++i) {
+    const Counter16 bottle = firstBottle - 1 + i;
+    text += "2 " + Padded(std::to_string(int{bottle}), 2, "L", "0") + "    3  " +
+            CfgValue(run, kCfgFiltrVol) + " " + CfgValue(run, kCfgExtractVol) + " \r\n";
+  }
+  return text;
+}
+
+void CopyToHeaderBoxes(Kelp& kelp) {
+  const auto& box = kelp.frmCreateBase.Text1;
+  auto& header = kelp.frmAcquire.txtStaInfo;
+  header[kStaProcNum].Text = kelp.run.ProcNum;
+  header[kStaLineSta].Text = box[kLineSta].Text;
+  header[kStaBottle].Text = box[kBottle].Text;
+  header[kStaVial].Text = box[kVial].Text;
+  header[kStaFiltDate].Text = box[kDate].Text;
+  header[kStaFiltTime].Text = box[kTime].Text;
+  kelp.run.BottleEdited = true;
+  kelp.run.VialEdited = !Trim(box[kVial].Text).empty();
+}
+
+}  // namespace
+
+bool UsableProcNum(std::string_view procNum) {
+  if (Trim(procNum).empty() || procNum.find_first_of("\\/:*?\"<>|.,") != std::string_view::npos) return false;
+  for (const char c : procNum)
+    if (static_cast<unsigned char>(c) < 32) return false;
+  return true;
+}
+
+void ShowCreateBase(Kelp& kelp) {
+  kelp.frmAcquire.Command1.Caption = "&Start";
+  kelp.frmAcquire.Text4.Text = "Load Sample then press <spacebar>";
+  kelp.frmCreateBase = FrmCreateBase{.Form = kelp.frmCreateBase.Form};
+  auto& box = kelp.frmCreateBase.Text1;
+  box[kProcNum].Text = kelp.run.ProcNum;
+  box[kBottle].Text = CfgValue(kelp.run, kCfgStartBottle);
+  box[kVial].Text = std::to_string(kelp.run.TubeNum + 1);
+  ShowScreen(kelp, "frmCreateBase");
+}
+
+void CreateBaseFile(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const auto& box = kelp.frmCreateBase.Text1;
+  Disk& disk = kelp.platform.disk();
+  if (Val(box[kCount].Text) > kMaxSamples) {
+    Tell(kelp, "Max number of samples is 100!");
+    return;
+  }
+  const std::string typed(Trim(box[kProcNum].Text));
+  if (!UsableProcNum(typed)) {
+    Tell(kelp, "ProcNum \"" + typed + "\" can't be part of a file name. Type a number such as 007 or 801.");
+    return;
+  }
+  run.ProcNum = PaddedProcNum(typed);
+  run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
+  const std::string station = Upper(box[kLineSta].Text);
+  if (Contains(station, "LAB") || Contains(station, "CAL")) run.LabCalRun = true;
+  if (disk.Exists(run.BaseFile) &&
+      !AskYes(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
+    return;
+  const std::string text = BaseFileText(kelp);
+  disk.MakeFolder(run.DataOutPath);
+  disk.Replace(run.BaseFile, text);
+  CopyToHeaderBoxes(kelp);
+  ShowScreen(kelp, "frmAcquire");
+  UnloadScreen(kelp, "frmCreateBase", kelp.frmCreateBase);
+  LoadBaseFile(kelp, run.BaseFile);
+}
+
+}  // namespace kelp

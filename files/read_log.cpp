@@ -1,0 +1,69 @@
+#include "files/read_log.hpp"
+
+#include "core/date_time.hpp"
+#include "core/text.hpp"
+
+namespace kelp {
+
+namespace {
+
+// Which of the four pairs of columns a caption fills: the others stay empty.
+int PairOf(const std::string& caption) {
+  if (caption == "Reading Station Sample" || caption == "Save Rb") return 1;
+  if (caption == "Acidify" || caption == "Acidified") return 2;
+  if (caption == "Reading Ra" || caption == "Save Ra") return 3;
+  return 0;
+}
+
+std::string LogRecord(const Kelp& kelp) {
+  const RunState& run = kelp.run;
+  const FrmAcquire& form = kelp.frmAcquire;
+  const std::string& caption = form.Command1.Caption;
+  std::string record =
+      run.ProcNum + "," + run.SampTbl(SampleRow(run), kTblBottle) + "," + caption + "," + run.RunDate;
+  for (int pair = 0; pair < 4; ++pair)
+    record += pair == PairOf(caption) ? "," + run.LastRawText + "," + form.txtReading.Text : ",,";
+  return OneField(record + "," + form.txtStats[1].Text, false) + "\r\n";
+}
+
+}  // namespace
+
+void AppendReadLog(Kelp& kelp) {
+  const LocalTime now = kelp.platform.Now();
+  kelp.run.RunDate = ShortDate(now) + "," + LongTime(now);
+  for (;;) {
+    try {
+      Disk& disk = kelp.platform.disk();
+      const std::string record = LogRecord(kelp);
+      disk.Append(kelp.run.CsvFile, record);
+      disk.Append(kelp.run.TmpFile, record);
+      return;
+    } catch (const RunTimeError& error) {
+      SetStatus(kelp, error.what());
+      const Answer answer =
+          kelp.platform.Ask({"Unable to save read to file, fix filepath or network connection then hit OK, "
+                             "Cancel will continue without "
+                             "saving.",
+                             "Fix file or network problem then click OK; cancel to continue without saving",
+                             Buttons::OkCancel});
+      if (answer != Answer::Ok) return;
+    }
+  }
+}
+
+void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& mark) {
+  Disk& disk = kelp.platform.disk();
+  const std::string text = OneField(line, false);
+  const auto append = [&](const std::string& path, const std::string& record) {
+    try {
+      disk.Append(path, record + "\r\n");
+    } catch (const FileError& error) {
+      // The value is safe in the table and the grid: the run must go on to the next tube.
+      ReportError(kelp, error);
+    }
+  };
+  append(kelp.run.CsvFile, text);
+  append(kelp.run.TmpFile, text + mark);
+}
+
+}  // namespace kelp

@@ -1,0 +1,31 @@
+// The machine under the program: its disk, its clocks, its folders. One source for each kind of
+// machine (platform/posix, platform/windows) and the same interface for all.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "platform/disk.hpp"
+#include "platform/drive_map.hpp"
+#include "platform/platform.hpp"
+
+namespace kelp {
+
+/// The real disk behind a drive map, which must outlive it.
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives);
+
+/// The local time of the machine's clock.
+LocalTime HostNow();
+
+/// A clock that never goes back, in milliseconds.
+std::int64_t HostMilliseconds();
+
+/// Where the drives lie unless told otherwise: `$XDG_DATA_HOME/kelp`, or `~/.local/share/kelp`.
+std::filesystem::path HostDataFolder();
+
+/// The device of a serial port number: "/dev/ttyS<N-1>", on Windows "COMN".
+std::string HostPortDevice(int number);
+
+}  // namespace kelp

@@ -1,0 +1,89 @@
+// The whole program on a scripted platform and a disk in memory, with the operator's doings as short
+// calls.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "app/door.hpp"
+#include "core/config.hpp"
+#include "core/find_control.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "platform/scripted.hpp"
+#include "tests/support/memory_disk.hpp"
+
+namespace kelp {
+
+struct Program {
+  MemoryDisk disk = {};
+  ScriptedPlatform platform{disk};
+  Kelp kelp{platform};
+
+  Program() {
+    using namespace std::chrono;
+    platform.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
+    SetDefaultConfig(kelp.run);
+    SaveConfig(kelp);
+  }
+
+  FrmAcquire& form() { return kelp.frmAcquire; }
+  RunState& run() { return kelp.run; }
+  std::string& caption() { return kelp.frmAcquire.Command1.Caption; }
+  std::string& cell(int row, int col) { return kelp.frmAcquire.datalog.Text(row, col); }
+
+  /// Writes a value over a configuration line's field, in the file and in memory.
+  void Configure(int line, const std::string& value) {
+    RewriteField(kelp.run.CfgLines[static_cast<std::size_t>(line)], Padded(value, 35, "R", "S"));
+    SaveConfig(kelp);
+  }
+
+  void Answers(std::initializer_list<Answer> answers) {
+    for (const Answer answer : answers) platform.QueueAnswer(answer);
+  }
+
+  bool Click(std::string_view screen, std::string_view control, int index = -1) {
+    return Post(kelp,
+                {.Kind = EventKind::Click, .Place = {std::string(screen), std::string(control), index}});
+  }
+  bool DblClick(std::string_view screen, std::string_view control, int index = -1) {
+    return Post(kelp,
+                {.Kind = EventKind::DblClick, .Place = {std::string(screen), std::string(control), index}});
+  }
+  bool Key(std::string_view screen, int key) {
+    return Post(kelp, {.Kind = EventKind::Key, .Place = {std::string(screen)}, .Key = key});
+  }
+  /// Replaces a control's text and leaves the control.
+  void Type(std::string_view screen, std::string_view control, int index, const std::string& text) {
+    const FocusPlace place{std::string(screen), std::string(control), index};
+    Post(kelp, {.Kind = EventKind::Focus, .Place = place});
+    Post(kelp, {.Kind = EventKind::Edit, .Place = place, .Text = text});
+    Post(kelp, {.Kind = EventKind::Focus, .Place = {std::string(screen), ""}});
+  }
+
+  /// `count` instrument lines, a second apart, each followed by a pass.
+  void Read(double value, int count = 1) {
+    for (int i = 0; i < count; ++i) {
+      platform.Feed("\r\nA =" + Padded(Fixed(value, 4), 7, "L", "S") + " (RAW)");
+      platform.Advance(1000);
+      Pass(kelp);
+    }
+  }
+
+  /// Start-up, login and a new station of `samples` samples; "&Start" is up afterwards.
+  void OpenStation(int samples, const std::string& station = "93.3 70") {
+    Start(kelp);
+    Click("frmMain", "Command1", 0);
+    Answers({Answer::Yes});
+    Click("frmLogin", "cmdOK");
+    Type("frmCreateBase", "Text1", 1, station);
+    Type("frmCreateBase", "Text1", 2, std::to_string(samples));
+    Click("frmCreateBase", "cmdCreateBase", 0);
+  }
+
+  /// The text of the newest message box; "" when there was none.
+  std::string LastBox() { return platform.Boxes.empty() ? "" : platform.Boxes.back().message.Text; }
+};
+
+}  // namespace kelp

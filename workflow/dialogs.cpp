@@ -1,0 +1,123 @@
+#include "workflow/dialogs.hpp"
+
+#include "calc/calc_samples.hpp"
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "files/base_file.hpp"
+
+namespace kelp {
+
+namespace {
+
+struct StepRow {
+  std::string caption;
+  std::uint32_t trace;
+  const char* step;
+};
+
+// The rows are numbered as a list of ten, while the dialog carries eight options: its "Load Sample",
+// "Read Rb" and "Read Ra" act as rows 5 to 7. The operators rely on it.
+StepRow ChangeStepRow(const RunState& run, int index) {
+  const std::string& low = run.CoproLowStd;
+  const std::string& high = run.CoproHighStd;
+  const StepRow rows[] = {
+      {"&Start", kTraceMagenta, "STANDBY"},       {"Load Blank", kTraceMagenta, "BLANK"},
+      {"Reading Blank", kTraceGreen, "BLANK"},    {"Load Copro " + low, kTraceMagenta, "COPROS"},
+      {"Reading " + low, kTraceGreen, "COPROS"},  {"Load Copro " + high, kTraceMagenta, "COPROS"},
+      {"Reading " + high, kTraceGreen, "COPROS"}, {"Load Station Sample", kTraceMagenta, "SAMPLE"},
+      {"Read Rb", kTraceGreen, "SAMPLE"},         {"Read Ra", kTraceBlue, "SAMPLE"}};
+  return rows[index];
+}
+
+int SelectedOption(const FrmChangeStep& dialog) {
+  for (int i = 0; i < dialog.Option1.kCount; ++i)
+    if (dialog.Option1[i].Value) return i;
+  return -1;
+}
+
+void ResetToSelection(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const int index = SelectedOption(kelp.frmChangeStep);
+  if (index < 0) return;
+  run.ReadFlag = false;
+  run.ReadInProgress = false;
+  run.ReadCount = 0;
+  run.ReadIndex = 0;
+  const StepRow row = ChangeStepRow(run, index);
+  kelp.frmAcquire.Command1.Caption = row.caption;
+  run.TraceColor = row.trace;
+  run.StepName = row.step;
+  if (index == 0)
+    Tell(kelp,
+         "This has stopped data aquistion but has not reinitialized all the station info.  Quit without "
+         "saving then "
+         "restart to do that.");
+}
+
+void RenumberVials(Kelp& kelp, const std::string& startingVial) {
+  RunState& run = kelp.run;
+  kelp.frmAcquire.txtStaInfo[kStaVial].Text = startingVial;
+  run.TubeNum = ToInt16(Val(startingVial));
+  for (int row = 1; row <= run.SampCount; ++row) {
+    kelp.frmAcquire.datalog.Text(row, kColVial) = std::to_string(int{run.TubeNum});
+    if (row < run.SampCount) ++run.TubeNum;
+  }
+}
+
+void RecalculateData(Kelp& kelp) {
+  const std::string startingVial = kelp.frmRecalc.Text1[0].Text;
+  const std::string blank = kelp.frmRecalc.Text1[1].Text;
+  kelp.run.StepName = "RECALC";
+  if (!startingVial.empty()) RenumberVials(kelp, startingVial);
+  if (!blank.empty()) kelp.run.BeginBlankText = blank;
+  const auto close = [&] {
+    HideScreen(kelp, "frmRecalc");
+    RaiseScreen(kelp, "frmWhatsNext");
+  };
+  try {
+    CalcAllSamples(kelp);
+  } catch (const RunTimeError&) {
+    // Rows that can't be calculated are named afterwards; the others are done.
+    close();
+    throw;
+  }
+  close();
+}
+
+void ReloadBaseFile(Kelp& kelp) {
+  RunState& run = kelp.run;
+  run.StepName = "RELOAD";
+  run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
+  run.BaseFile = run.DataOutPath + "chl" + run.ProcNum + "Base";
+  LoadBaseFile(kelp, run.BaseFile);
+  HideScreen(kelp, "frmRecalc");
+  RaiseScreen(kelp, "frmAcquire");
+}
+
+}  // namespace
+
+void frmChangeStep_Command1_Click(Kelp& kelp, int index) {
+  if (index == 0) ResetToSelection(kelp);
+  UnloadScreen(kelp, "frmChangeStep", kelp.frmChangeStep);
+}
+
+void dlgRunRem_OKButton_Click(Kelp& kelp) {
+  const std::string remark(Trim(kelp.dlgRunRem.Text1.Text));
+  if (remark.empty()) return;
+  const bool filterer = kelp.dlgRunRem.Option1[0].Value;
+  const bool finished = Contains(kelp.frmAcquire.Command1.Caption, "Next");
+  const int row = kelp.run.SampNum - (finished && kelp.dlgRunRem.Option1[2].Value ? 1 : 0);
+  // The table row is the sample's number as it stands, without the offset that Skip applies.
+  kelp.run.SampTbl(row, filterer ? kTblFiltererRemark : kTblReaderRemark) = remark;
+  if (row >= 1 && row < kelp.frmAcquire.datalog.Rows)
+    kelp.frmAcquire.datalog.Text(row, filterer ? kColFiltCom : kColReadCom) = remark;
+}
+
+void frmRecalc_Command1_Click(Kelp& kelp, int index) {
+  if (index == 0) RecalculateData(kelp);
+  if (index == 1) ReloadBaseFile(kelp);
+  if (index == 2) UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
+}
+
+}  // namespace kelp

@@ -1,0 +1,12 @@
+// The dialogs of a run: change step, run remarks, recalculation.
+#pragma once
+
+#include "core/kelp.hpp"
+
+namespace kelp {
+
+void frmChangeStep_Command1_Click(Kelp& kelp, int index);  ///< 0 resets to the selection, 1 closes
+void dlgRunRem_OKButton_Click(Kelp& kelp);                 ///< stores the remark; the dialog stays
+void frmRecalc_Command1_Click(Kelp& kelp, int index);  ///< 0 recalculates, 1 reloads the base file, 2 closes
+
+}  // namespace kelp

@@ -1,0 +1,26 @@
+// The place that the running step waits for, named by the caption of the Start button: where F5, F7
+// and a click on a mean box put a value.
+#pragma once
+
+#include <string>
+
+#include "core/kelp.hpp"
+
+namespace kelp {
+
+struct ValueSlot {
+  int Box = -1;  ///< index of `txtBlank`, or -1
+  int Row = 0;   ///< grid row; 0 when the slot is no grid cell
+  int Col = 0;
+  bool Calculate = false;  ///< the current sample is calculated afterwards
+};
+
+ValueSlot KeySlot(const Kelp& kelp);      ///< F5 and F7 on the acquisition screen
+ValueSlot ChooserSlot(const Kelp& kelp);  ///< F5 and F7 on the chooser
+ValueSlot MeanSlot(const Kelp& kelp);     ///< a click on a mean box
+
+/// Puts a value into a slot, and calculates the sample where the slot says so. A caption that waits
+/// for nothing changes nothing.
+void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value);
+
+}  // namespace kelp
