@@ -129,6 +129,8 @@ struct ReadLoopState {
   std::int64_t LastTryAt = 0;      ///< of the last attempt to open a lost line again
   std::int64_t LastNoticeAt = 0;   ///< of the last status text about a silent line
   bool Silent = false;             ///< the status bar says that no readings come
+  /// The reading (as the chart counts them) whose save was refused; 0 for none.
+  unsigned long RefusedAtReading = 0;
 };
 
 /// The repeating timer of the per-read log.
