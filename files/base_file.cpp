@@ -9,6 +9,7 @@
 #include "files/ctd_import.hpp"
 #include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"
+#include "files/journal.hpp"
 #include "files/keeping_station.hpp"
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
@@ -141,7 +142,7 @@ void ImportCtd(Kelp& kelp) {
   }
 }
 
-// True for a station that was saved with results.
+// True for a station that brings values of its own.
 bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   RunState& run = kelp.run;
   std::string& station = kelp.frmAcquire.txtStaInfo[kStaLineSta].Text;
@@ -154,6 +155,8 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   run.SampNum = 1;
   run.ResultsSaved = false;
   run.Unfinished = {};
+  run.Resume = ResumeAt::Nothing;
+  ++run.StationLoads;
   const bool hasReport = end < lines.size();
   const bool reopened = HasResults(run);
   if (hasReport || reopened) TakeBackCells(run);
@@ -165,12 +168,13 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     station = Trim(run.SampTbl(0, 0));
     TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
   }
+  const bool restored = OfferRestore(kelp);
   ShowScreen(kelp, "frmAcquire");
-  if (reopened && AnySampleRead(kelp)) {
+  if (reopened && !restored && AnySampleRead(kelp)) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
     ShowScreen(kelp, "frmRecalc");
   }
-  return hasReport || reopened;
+  return hasReport || reopened || restored;
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {
@@ -197,12 +201,12 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
-// Without a station there is nothing that could be saved under another one's number.
-void HoldNoStation(Kelp& kelp) {
-  ClearTable(kelp.run);
-  kelp.run.SampCount = 0;
-  kelp.run.SampNum = 1;
-  ClearGrid(kelp.frmAcquire.datalog);
+// Until a base file is read no station is open, and nothing may be measured into the last one's files.
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
 }
 
 Counter16 NextBottle(const Kelp& kelp) {
@@ -216,12 +220,12 @@ Counter16 NextBottle(const Kelp& kelp) {
 bool LoadBaseFile(Kelp& kelp, std::string& path) {
   bool saved = false;
   KeepingStation(kelp, [&] {
-    ClearTable(kelp.run);
+    CloseStationFiles(kelp.run);
     const Found found = FindBaseFile(kelp, path);
     if (found == Found::File)
       saved = ReadBaseFile(kelp, path);
     else
-      HoldNoStation(kelp);
+      ClearGrid(kelp.frmAcquire.datalog);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
     RefreshStandardDisplays(kelp);
   });

@@ -211,7 +211,7 @@ TEST(Steps, AnRaAboveRbWaitsIsQuestionedAndReadAnewAfterNo) {
             "Ra greater than Rb... Wait...\nor press spacebar to accept Ra value.");
   EXPECT_LT(program.run().ReadCount, 3);
   program.Answers({Answer::No});
-  program.ReadWithNoise(1.05, 30);
+  program.ReadWithNoise(1.05, 26);
   EXPECT_EQ(program.LastBox(), "Ra > Rb! Do you want to save this value anyway? Y/N");
   EXPECT_EQ(program.cell(1, kColRa), "");
   program.ReadWithNoise(1.0, 26);

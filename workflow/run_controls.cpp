@@ -109,6 +109,7 @@ void datalog_DblClick(Kelp& kelp) {
     return;
   if (form.datalog.Row < 1) return;
   kelp.run.SampNum = form.datalog.Row;
+  kelp.run.Resume = ResumeAt::Nothing;
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
   const bool ra = form.datalog.Col == kColRa;
   form.Command1.Caption = ra ? "Acidify" : "Load Station Sample";

@@ -1,6 +1,7 @@
 #include "workflow/save_station.hpp"
 
 #include "core/config.hpp"
+#include "files/journal.hpp"
 #include "files/result_writer.hpp"
 
 namespace kelp {
@@ -20,8 +21,14 @@ bool EndPrintJob(Kelp& kelp) {
 
 }  // namespace
 
+bool SaveStation(Kelp& kelp) {
+  if (!SaveStationResults(kelp)) return false;
+  EndJournal(kelp);
+  return true;
+}
+
 bool SaveAndPrintStation(Kelp& kelp) {
-  if (!SaveStationResults(kelp) || !EndPrintJob(kelp)) return false;
+  if (!SaveStation(kelp) || !EndPrintJob(kelp)) return false;
   FinishSave(kelp.run);
   return true;
 }
@@ -33,6 +40,6 @@ bool EndStation(Kelp& kelp) {
   return true;
 }
 
-bool CloseStation(Kelp& kelp) { return SaveStationResults(kelp) && EndStation(kelp); }
+bool CloseStation(Kelp& kelp) { return SaveStation(kelp) && EndStation(kelp); }
 
 }  // namespace kelp
