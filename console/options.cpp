@@ -61,8 +61,10 @@ std::string TakeInstrument(ConsoleOptions& options, const std::string& value) {
   } else if (value == "device") {
     options.Instrument = InstrumentKind::Device;
   } else if (value == "sim" || StartsWith(value, "sim:")) {
-    const auto seed = value == "sim" ? std::optional<std::uint32_t>(1) : WholeNumber<std::uint32_t>(value.substr(4));
-    if (!seed) return "the seed of the simulated fluorometer is a whole number, not \"" + value.substr(4) + "\"";
+    const auto seed =
+        value == "sim" ? std::optional<std::uint32_t>(1) : WholeNumber<std::uint32_t>(value.substr(4));
+    if (!seed)
+      return "the seed of the simulated fluorometer is a whole number, not \"" + value.substr(4) + "\"";
     options.Instrument = InstrumentKind::Simulated;
     options.Seed = *seed;
   } else {
@@ -101,9 +103,12 @@ bool TakesValue(std::string_view name) {
 // Takes the option at `i`, and its value, which may be the next argument or follow a "=".
 std::string TakeOption(ConsoleOptions& options, const std::vector<std::string>& arguments, std::size_t& i) {
   const std::string& argument = arguments[i];
-  if (argument == "--help") options.Help = true;
-  else if (argument == "--version") options.Version = true;
-  else if (argument == "--watch") options.Watch = true;
+  if (argument == "--help")
+    options.Help = true;
+  else if (argument == "--version")
+    options.Version = true;
+  else if (argument == "--watch")
+    options.Watch = true;
   else {
     const auto sign = argument.find('=');
     const std::string name = argument.substr(0, sign);

@@ -19,7 +19,8 @@ int KeyNamed(std::string_view name) {
   if (SameIgnoringCase(name, "Tab")) return kKeyTab;
   for (int number = 1; number <= 12; ++number)
     if (SameIgnoringCase(name, "F" + std::to_string(number))) return kKeyF1 + number - 1;
-  ScriptIsWrong("\"" + std::string(name) + "\" is no key: F1 to F12, Space, Enter, Backspace, Tab or one character");
+  ScriptIsWrong("\"" + std::string(name) +
+                "\" is no key: F1 to F12, Space, Enter, Backspace, Tab or one character");
 }
 
 // Why an operator could not reach a control.

@@ -12,8 +12,8 @@ void ScriptPlayer::Expect(std::string_view rest) {
   if (what == "error") return ExpectError(rest);
   const Target target = FindTarget(host_.program(), what);
   if (!TargetIs(host_.program(), target, rest))
-    Fail(target.Name + " is \"" + TargetValue(host_.program(), target) + "\", expected \"" + std::string(rest) +
-         "\"");
+    Fail(target.Name + " is \"" + TargetValue(host_.program(), target) + "\", expected \"" +
+         std::string(rest) + "\"");
 }
 
 // Reports of run-time errors are left to `expect error`.
@@ -23,7 +23,8 @@ void ScriptPlayer::ExpectBox(std::string_view text) {
   for (std::size_t i = boxes.size(); i-- > 0;) {
     if (expected_[i] || boxes[i].message.ReportsError) continue;
     const std::string said = Visible(boxes[i].message.Text);
-    if (said != text) Fail("the newest message box says \"" + said + "\", expected \"" + std::string(text) + "\"");
+    if (said != text)
+      Fail("the newest message box says \"" + said + "\", expected \"" + std::string(text) + "\"");
     expected_[i] = true;
     return;
   }

@@ -123,7 +123,8 @@ void ScriptPlayer::JudgeErrors() const {
   const auto& boxes = host_.machine().Boxes;
   for (std::size_t i = firstBox_; i < boxes.size(); ++i)
     if (boxes[i].message.ReportsError && !(i < expected_.size() && expected_[i]))
-      throw ScriptFault{ScriptStatus::RunTimeError, "a run-time error was reported: " + boxes[i].message.Text};
+      throw ScriptFault{ScriptStatus::RunTimeError,
+                        "a run-time error was reported: " + boxes[i].message.Text};
 }
 
 void ScriptPlayer::Fail(const std::string& what) const {
@@ -137,7 +138,8 @@ void ScriptPlayer::Include(std::string_view rest) {
   if (name.empty()) ScriptIsWrong("the name of a script is missing");
   if (scripts_.size() >= kMostScripts)
     ScriptIsWrong("scripts include each other more than " + std::to_string(kMostScripts) + " deep");
-  std::filesystem::path folder = scripts_.back() == "-" ? "" : std::filesystem::path(scripts_.back()).parent_path();
+  std::filesystem::path folder =
+      scripts_.back() == "-" ? "" : std::filesystem::path(scripts_.back()).parent_path();
   const std::string script = (folder / name).string();
   std::error_code error;
   for (const std::string& open : scripts_)

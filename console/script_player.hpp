@@ -75,8 +75,8 @@ class ScriptPlayer {
   int line_ = 0;                           ///< of the innermost script
   bool started_ = false;
   bool endTold_ = false;
-  std::string actedAt_;          ///< "SCRIPT:LINE" of the last command that acted on the program
-  std::size_t firstBox_ = 0;     ///< the first message box of that command
+  std::string actedAt_;              ///< "SCRIPT:LINE" of the last command that acted on the program
+  std::size_t firstBox_ = 0;         ///< the first message box of that command
   std::vector<bool> expected_ = {};  ///< the message boxes that were expected, by their number
 };
 

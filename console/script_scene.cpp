@@ -62,7 +62,9 @@ void ScriptPlayer::SetLine(std::string_view rest) {
   up ? host_.machine().LineUp() : host_.machine().LineDown();
 }
 
-void ScriptPlayer::SetPrinter(std::string_view rest) { host_.machine().SetPrinterWorks(Switch(rest, "on", "off")); }
+void ScriptPlayer::SetPrinter(std::string_view rest) {
+  host_.machine().SetPrinterWorks(Switch(rest, "on", "off"));
+}
 
 void ScriptPlayer::WriteFile(std::string_view rest) { PutLine(host_.machine(), rest, false); }
 

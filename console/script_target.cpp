@@ -71,7 +71,8 @@ bool HasMember(const Target& target, const ControlRef& control, std::string_view
   const bool grid = std::holds_alternative<Grid*>(control);
   if (is("ToolTipText") || is("Enabled") || is("Visible")) return !target.IsCell();
   if (is("BackColor")) return target.IsCell();
-  if (is("Value")) return std::holds_alternative<OptionButton*>(control) || std::holds_alternative<CheckBox*>(control);
+  if (is("Value"))
+    return std::holds_alternative<OptionButton*>(control) || std::holds_alternative<CheckBox*>(control);
   const bool text = std::holds_alternative<TextBox*>(control) || std::holds_alternative<ComboBox*>(control);
   if (is("Text")) return text || target.IsCell();
   if (is("Caption")) return !text && !grid;
@@ -139,7 +140,8 @@ std::string ControlValue(Kelp& kelp, const Target& target) {
   if (is("Visible")) return FromControl(control, [](const auto& c) { return Digit(c.Visible); });
   if (const auto* option = std::get_if<OptionButton*>(&control); option && is("Value"))
     return Digit((*option)->Value);
-  if (const auto* check = std::get_if<CheckBox*>(&control); check && is("Value")) return Digit((*check)->Value);
+  if (const auto* check = std::get_if<CheckBox*>(&control); check && is("Value"))
+    return Digit((*check)->Value);
   const auto* grid = std::get_if<Grid*>(&control);
   if (grid == nullptr) return ValueOf(control);
   if (!target.IsCell()) Unknown(target.Name, "name a cell of the grid, such as datalog(1,3)");
@@ -206,7 +208,8 @@ bool TargetIs(Kelp& kelp, const Target& target, std::string_view expected) {
     const bool isTrue = value == "1" || value == "True";
     return isTrue ? IsAnyOf(expected, {"1", "-1", "True"}) : IsAnyOf(expected, {"0", "False"});
   }
-  const bool colour = SameIgnoringCase(target.Member, "BackColor") || SameIgnoringCase(target.Member, "TraceColor");
+  const bool colour =
+      SameIgnoringCase(target.Member, "BackColor") || SameIgnoringCase(target.Member, "TraceColor");
   if (!colour || !StartsWith(Upper(expected), "&H")) return false;
   unsigned long number = 0;
   const auto result = std::from_chars(expected.data() + 2, expected.data() + expected.size(), number, 16);

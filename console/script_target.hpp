@@ -16,8 +16,9 @@ struct Target {
   Kind Is = Kind::Control;
   std::string Name;  ///< as the script wrote it
   FocusPlace Place = {};
-  RunIndex Index = {};      ///< row and column of a grid's cell; the indexes of a run-state array
-  std::string Member = {};  ///< "", "ToolTipText", "Enabled", "Visible", "Value", "BackColor", "Caption", "Text"
+  RunIndex Index = {};  ///< row and column of a grid's cell; the indexes of a run-state array
+  std::string Member =
+      {};  ///< "", "ToolTipText", "Enabled", "Visible", "Value", "BackColor", "Caption", "Text"
   [[nodiscard]] bool IsCell() const { return Is == Kind::Control && Index.Second.has_value(); }
 };
 

@@ -81,8 +81,10 @@ double SimulatedFluorometer::Steady() const {
 double SimulatedFluorometer::NextReading() {
   since_ += 1;
   // While the tube is put in and the lid closed the reading jumps about between dark and bright.
-  if (since_ <= unsteady_) from_ = reading_ = std::max(level_, 0.05) * (0.2 + 1.6 * Uniform());
-  else reading_ = Steady();
+  if (since_ <= unsteady_)
+    from_ = reading_ = std::max(level_, 0.05) * (0.2 + 1.6 * Uniform());
+  else
+    reading_ = Steady();
   const double noise = pattern_[line_++ % pattern_.size()] * kDigit;
   return std::max(kDigit, ToDigits(reading_ + noise));
 }

@@ -46,12 +46,12 @@ class SimulatedFluorometer {
   std::uint32_t seed_;
   std::mt19937 random_;
   double level_ = 0;
-  double from_ = 0;        ///< the reading that the present change began with
-  double unsteady_ = 0;    ///< seconds of unsteady reading that the change begins with
-  double settling_ = 0;    ///< seconds in which the reading then goes to the level
-  double since_ = 0;       ///< seconds since the change began
-  double reading_ = 0;     ///< the last one, without noise
-  double noise_ = 0;       ///< the SD that was set; 0 for the built-in one
+  double from_ = 0;                   ///< the reading that the present change began with
+  double unsteady_ = 0;               ///< seconds of unsteady reading that the change begins with
+  double settling_ = 0;               ///< seconds in which the reading then goes to the level
+  double since_ = 0;                  ///< seconds since the change began
+  double reading_ = 0;                ///< the last one, without noise
+  double noise_ = 0;                  ///< the SD that was set; 0 for the built-in one
   std::array<int, 10> pattern_ = {};  ///< noise of ten lines, in units of the last digit
   std::size_t line_ = 0;
 };
