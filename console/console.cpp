@@ -74,7 +74,7 @@ ScriptResult PlayOnDevice(const ConsoleOptions& options, NotingDisk& disk) {
 ScriptResult RunConsole(const ConsoleOptions& options) {
   try {
     const DriveMap drives = MapDrives(options);
-    const auto hostDisk = MakeHostDisk(drives);
+    const auto hostDisk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
     NotingDisk disk(*hostDisk);
     return options.Instrument == InstrumentKind::Device ? PlayOnDevice(options, disk)
                                                         : PlayInOwnTime(options, disk);
