@@ -54,6 +54,15 @@ std::size_t Count(std::string_view text, std::string_view part) {
   return count;
 }
 
+// The names of the files that differ; the journal, which guards them, is none of them.
+std::string Differing(std::map<std::string, std::string> a, std::map<std::string, std::string> b) {
+  std::string names;
+  for (auto* files : {&a, &b}) files->erase("d:\\backup\\chl002.jnl");
+  for (const auto& [path, text] : b) names += a[path] == text ? "" : path + " ";
+  for (const auto& [path, text] : a) names += b.contains(path) ? "" : path + " ";
+  return names;
+}
+
 }  // namespace
 
 TEST(ResultFiles, EveryFileHoldsWhatItIsToHold) {
@@ -129,40 +138,32 @@ TEST(ResultFiles, NoKeptCopyIsEverLost) {
 }
 
 TEST(ResultFiles, ASaveThatFailsAtAnyWriteKeepsAllAndRepeatedIsAsIfItHadNotFailed) {
-  RemarkedStation whole;
-  whole.Save();
-  whole.Save();
-  const int writes = whole.disk.Writes;
-  int failed = 0;
-  for (const int second : {0, 1}) {
-    for (int n = 1; n < writes; ++n) {
+  for (const int savesBefore : {0, 1}) {
+    RemarkedStation whole;
+    for (int i = 0; i < savesBefore; ++i) whole.Save();
+    const auto old = whole.disk.Files;
+    const int first = whole.disk.Writes + 1;
+    whole.Save();
+    EXPECT_GE(whole.disk.Writes - first, 8);
+    for (int n = first; n <= whole.disk.Writes; ++n) {
       RemarkedStation program;
-      if (second != 0) program.Save();
-      const std::string before = program.file("chl002");
-      program.disk.FailAt = program.disk.Writes + n;
-      const int end = program.disk.Writes;
+      for (int i = 0; i < savesBefore; ++i) program.Save();
+      program.disk.FailAt = n;
       program.Save();
-      if (program.disk.Writes < end + n) break;
-      ++failed;
-      const std::string now = program.file("chl002");
-      EXPECT_TRUE(now == before || now == whole.file("chl002")) << n;
-      EXPECT_TRUE(program.platform.Boxes.back().message.ReportsError) << n;
-      EXPECT_TRUE(Contains(program.LastBox(), "no space left on the device")) << program.LastBox();
-      for (const auto& [path, text] : whole.disk.Files)
-        if (now != before && Contains(path, "002base"))
-          EXPECT_TRUE(program.disk.Files.contains(path)) << path;
-      program.platform.Advance(1000);
-      program.run().RunDate = "11/24/2026,03:00:00";  // the log goes on while the trouble is mended
-      program.Save();
-      program.file("chl002.htm") = whole.file("chl002.htm");
-      program.file("chl002") = Replaced(program.file("chl002"), "03:00:00", "02:59:58");
-      if (second != 0) EXPECT_EQ(program.disk.Files.size(), whole.disk.Files.size()) << n;
-      EXPECT_EQ(Count(program.file("chl002.prn"), "Cast 002"), 1U + second) << n;
-      EXPECT_EQ(program.file("chl002"), whole.file("chl002")) << n;
-      EXPECT_EQ(Lines(program.file("0707SLChldb.csv")).size(), 3U + 2 * second) << n;
+      // Only the journal, which has done its work by then, may fail to go without a word.
+      const bool told = Contains(program.LastBox(), "no space left on the device");
+      EXPECT_TRUE(told || program.run().ResultsSaved) << n;
+      for (const auto& [path, text] : old) {
+        const std::string& now = program.disk.Files[path];
+        EXPECT_TRUE(now == text || now == whole.disk.Files[path]) << n << path;
+      }
+      // The log goes on while the operator mends the trouble.
+      program.run().RunDate = "11/24/2026,03:00:00";
+      if (told) program.Save();
+      for (auto& [path, text] : program.disk.Files) text = Replaced(text, "03:00:00", "02:59:58");
+      EXPECT_EQ(Differing(program.disk.Files, whole.disk.Files), "") << n;
     }
   }
-  EXPECT_GT(failed, 14);
 }
 
 TEST(ResultFiles, ABadPlaceIsNamedAndTheSaveCanBeRepeated) {
@@ -210,8 +211,7 @@ TEST(ResultFiles, APrinterThatFailsCostsNoFileAndPrintsOnceItWorks) {
     program.Save();
     EXPECT_TRUE(program.run().ResultsSaved);
     EXPECT_EQ(program.platform.Printed.size(), Lines(kReport).size());
-    for (const auto& [path, text] : files)
-      if (path != kConfigPath) EXPECT_EQ(program.disk.Files[path], text) << path;
+    EXPECT_EQ(Differing(program.disk.Files, files), std::string(kConfigPath) + " ");
   }
 }
 
