@@ -129,8 +129,9 @@ ConsoleOptions ReadOptions(const std::vector<std::string>& arguments) {
   for (std::size_t i = 0; i < arguments.size() && options.Problem.empty(); ++i) {
     if (arguments[i].size() > 1 && arguments[i].front() == '-') {
       options.Problem = TakeOption(options, arguments, i);
+    } else if (scriptGiven) {
+      options.Problem = "more than one script is given: \"" + arguments[i] + "\"";
     } else {
-      if (scriptGiven) options.Problem = "more than one script is given: \"" + arguments[i] + "\"";
       options.Script = arguments[i];
       scriptGiven = true;
     }

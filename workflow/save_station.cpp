@@ -21,15 +21,10 @@ bool EndPrintJob(Kelp& kelp) {
 
 }  // namespace
 
-bool SaveStation(Kelp& kelp) {
-  if (!SaveStationResults(kelp)) return false;
-  EndJournal(kelp);
-  return true;
-}
-
 bool SaveAndPrintStation(Kelp& kelp) {
-  if (!SaveStation(kelp) || !EndPrintJob(kelp)) return false;
+  if (!SaveStationResults(kelp) || !EndPrintJob(kelp)) return false;
   FinishSave(kelp.run);
+  EndJournal(kelp);
   return true;
 }
 
@@ -37,9 +32,10 @@ bool EndStation(Kelp& kelp) {
   if (!EndPrintJob(kelp)) return false;
   SaveStationConfig(kelp);
   FinishSave(kelp.run);
+  EndJournal(kelp);
   return true;
 }
 
-bool CloseStation(Kelp& kelp) { return SaveStation(kelp) && EndStation(kelp); }
+bool CloseStation(Kelp& kelp) { return SaveStationResults(kelp) && EndStation(kelp); }
 
 }  // namespace kelp
