@@ -25,83 +25,62 @@ struct Login : StationFiles {
     Click("frmMain", "Command1", 0);
   }
   void Ok() { Click("frmLogin", "cmdOK"); }
-  void Create(const std::vector<std::string>& boxes) {
+  void Create(const std::string& number, const std::string& samples, const std::string& bottle) {
     Answers({Answer::Yes});
     Ok();
-    for (std::size_t i = 0; i < boxes.size(); ++i)
-      if (boxes[i] != "=") Type("frmCreateBase", "Text1", static_cast<int>(i), boxes[i]);
+    Type("frmCreateBase", "Text1", 0, number);
+    Type("frmCreateBase", "Text1", 2, samples);
+    Type("frmCreateBase", "Text1", 3, bottle);
     Click("frmCreateBase", "cmdCreateBase", 0);
   }
 };
 
 }  // namespace
 
-TEST(BaseFile, IsCreatedFromTheLogSheet) {
+TEST(BaseFile, IsCreatedWithTheSpacingOfItsFormat) {
   struct Row {
-    std::vector<std::string> boxes;
+    const char* number;
+    const char* samples;
+    const char* bottle;
     const char* name;
-    std::string line5;
+    const char* line5;
     const char* last;
-    bool labCal;
   };
-  const Row rows[] = {
-      {{"7", " 93.3 70 ", "12", "7"}, "chl007", "007  12 0.00987 2.011", "2 18    3  138 8 ", false},
-      {{"801", "calibration", "9", "1"}, "chl801", "801   9 0.00987 2.011", "2 09    3  138 8 ", true},
-      {{"1234", "SURFX", "2", "99"}, "chl1234", "1234   2 0.00987 2.011", "2 100    3  138 8 ", false},
-      {{"007", "Labor", "100", "=", "21"}, "chl007", "007  100 0.00987 2.011", "2 106    3  138 8 ", true},
-      {{"=", "a", "0"}, "chl002", "002   0 0.00987 2.011", "002   0 0.00987 2.011", false}};
-  for (const Row& row : rows) {
+  static constexpr Row kRows[] = {
+      {"7", "12", "7", "chl007", "007  12 0.00987 2.011", "2 18    3  138 8 "},
+      {"801", "9", "1", "chl801", "801   9 0.00987 2.011", "2 09    3  138 8 "},
+      {"1234", "2", "99", "chl1234", "1234   2 0.00987 2.011", "2 100    3  138 8 "},
+      {"007", "100", "", "chl007", "007  100 0.00987 2.011", "2 99    3  138 8 "},
+      {"2", "0", "1", "chl002", "002   0 0.00987 2.011", "002   0 0.00987 2.011"}};
+  for (const Row& row : kRows) {
     Login program;
-    program.Create(row.boxes);
+    program.Create(row.number, row.samples, row.bottle);
     const auto lines = Lines(program.file(row.name));
-    ASSERT_EQ(lines.size(), 5U + static_cast<std::size_t>(Val(row.boxes[2]))) << program.LastBox();
-    EXPECT_EQ(lines[0], Trim(row.boxes[1]));
-    EXPECT_EQ(lines[1] + lines[2] + lines[3], "ZEPHOR0.0 0.0 0.0 0.00.0 0.0 0.0 0.0");
+    ASSERT_EQ(lines.size(), 5U + static_cast<std::size_t>(Val(row.samples))) << program.LastBox();
     EXPECT_EQ(lines[4], row.line5);
     EXPECT_EQ(lines.back(), row.last);
-    EXPECT_EQ(program.run().LabCalRun, row.labCal);
-    EXPECT_EQ(program.run().SampCount, static_cast<int>(lines.size()) - 5);
-    EXPECT_EQ(program.cell(1, kColVial), lines.size() == 5 ? "" : row.boxes.size() > 4 ? "21" : "2");
+    EXPECT_EQ(program.run().SampCount, static_cast<int>(Val(row.samples)));
     EXPECT_EQ(program.file(row.name + std::string(".csv")), std::string(kReadLogHeader) + "\r\n");
-    EXPECT_FALSE(program.kelp.frmCreateBase.Form.Visible);
   }
 }
 
-TEST(BaseFile, BadBoxesAndBadFoldersWriteNothing) {
-  struct Row {
-    std::vector<std::string> boxes;
-    const char* message;
-  };
-  const Row rows[] = {{{"=", "a", "101"}, "Max number of samples is 100!"},
-                      {{"..\\7", "a", "1"}, "ProcNum \"..\\7\" can't be part of a file name."},
-                      {{" ", "a", "1"}, "ProcNum \"\" can't be"},
-                      {{"=", "a", "2", "32767"}, "Overflow"}};
-  for (const Row& row : rows) {
-    Login program;
-    program.Answers({Answer::Yes, Answer::Ok});
-    program.platform.QueueAnswer(Answer::Ok);
-    const auto files = program.disk.Files;
-    program.Ok();
-    for (std::size_t i = 0; i < row.boxes.size(); ++i)
-      if (row.boxes[i] != "=") program.Type("frmCreateBase", "Text1", static_cast<int>(i), row.boxes[i]);
-    program.Click("frmCreateBase", "cmdCreateBase", 0);
-    EXPECT_TRUE(StartsWith(program.LastBox(), row.message)) << program.LastBox();
-    EXPECT_EQ(program.disk.Files, files);
-    EXPECT_TRUE(program.kelp.frmCreateBase.Form.Visible);
-  }
+TEST(BaseFile, NothingIsWrittenAfterANoNorInABadPlace) {
   Login program;
   program.disk.FailBelow = "q:\\";
-  program.Create({"=", "a", "1"});
+  program.Create("2", "1", "7");
   EXPECT_TRUE(Contains(program.LastBox(), "Q:\\vault\\2007\\0707\\chl\\: no space left"))
       << program.LastBox();
   program.disk.FailBelow.clear();
   program.file("chl002") = "mine";
-  program.Answers({Answer::No});
-  program.Click("frmCreateBase", "cmdCreateBase", 0);
-  EXPECT_EQ(program.file("chl002"), "mine");
-  program.Answers({Answer::Yes});
-  program.Click("frmCreateBase", "cmdCreateBase", 0);
-  EXPECT_EQ(Lines(program.file("chl002")).size(), 6U);
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    program.Answers({answer});
+    program.Click("frmCreateBase", "cmdCreateBase", 0);
+    EXPECT_EQ(program.file("chl002") == "mine", answer == Answer::No);
+  }
+  Login overflowing;
+  overflowing.Create("2", "2", "32767");
+  EXPECT_TRUE(StartsWith(overflowing.LastBox(), "Overflow"));
+  EXPECT_FALSE(overflowing.Has("chl002"));
 }
 
 TEST(BaseFile, LinesAndFieldsBeyondTheTableAreNamed) {
@@ -110,30 +89,25 @@ TEST(BaseFile, LinesAndFieldsBeyondTheTableAreNamed) {
     int samples;  // -1: refused
     const char* message;
   };
-  const Row rows[] = {
-      {kHeader, 0, ""},
-      {kHeader + SampleLines(100), 100, ""},
-      {kHeader + SampleLines(101), -1,
-       "Subscript out of range\nQ:\\vault\\2007\\0707\\chl\\chl002, line 106:"},
-      {kHeader + SampleLines(100) + "\n", -1, "Subscript out of range\n"},
-      {kHeader + "2 07\n\n2 08 3 138 8\n", 3, ""},
-      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 \n", 1, ""},
-      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15\n", -1, "Subscript out of range\n"},
-      {kHeader + " 2 07\n", -1, "Invalid procedure call\nQ:\\vault\\2007\\0707\\chl\\chl002, line 6:"},
-      {"93.3 70\r\nZEPHOR\r\n", -1, "File error\nQ:\\vault\\2007\\0707\\chl\\chl002: has 2 lines"},
-      {"\n", -1, "File error\n"}};
+  const Row rows[] = {{kHeader, 0, ""},
+                      {kHeader + SampleLines(100), 100, ""},
+                      {kHeader + SampleLines(101), -1, "Subscript out of range\nQ:"},
+                      {kHeader + SampleLines(100) + "\n", -1, "Subscript out of range\nQ:"},
+                      {kHeader + "2 07\n\n2 08 3 138 8\n", 3, ""},
+                      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 \n", 1, ""},
+                      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15\n", -1, "Subscript out of range\nQ:"},
+                      {kHeader + " 2 07\n", -1, "Invalid procedure call\nQ:"},
+                      {"93.3 70\r\nZEPHOR\r\n", -1, "File error\nQ:"},
+                      {"\n", -1, "File error\nQ:"}};
   for (const Row& row : rows) {
     Login program(row.text);
     program.run().SampTbl(5, 1) = "kept";
     program.Ok();
-    if (row.samples < 0) {
-      EXPECT_TRUE(StartsWith(program.LastBox(), row.message)) << program.LastBox();
-      EXPECT_EQ(program.run().SampTbl(5, 1), "kept");
-    } else if (program.kelp.frmRecalc.Form.Visible || program.platform.Boxes.empty()) {
-      EXPECT_EQ(program.run().SampCount, row.samples);
-    } else {
-      ADD_FAILURE() << program.LastBox();
-    }
+    const bool refused = row.samples < 0;
+    EXPECT_TRUE(StartsWith(program.LastBox(), row.message)) << program.LastBox();
+    EXPECT_EQ(program.platform.Boxes.size(), refused ? 1U : 0U);
+    EXPECT_EQ(program.run().SampTbl(5, 1) == "kept", refused) << "the station that was open stays open";
+    EXPECT_TRUE(refused || program.run().SampCount == row.samples);
     EXPECT_EQ(program.file("chl002"), row.text);
   }
 }
