@@ -77,10 +77,6 @@ TEST(BaseFile, NothingIsWrittenAfterANoNorInABadPlace) {
     program.Click("frmCreateBase", "cmdCreateBase", 0);
     EXPECT_EQ(program.file("chl002") == "mine", answer == Answer::No);
   }
-  Login overflowing;
-  overflowing.Create("2", "2", "32767");
-  EXPECT_TRUE(StartsWith(overflowing.LastBox(), "Overflow"));
-  EXPECT_FALSE(overflowing.Has("chl002"));
 }
 
 TEST(BaseFile, LinesAndFieldsBeyondTheTableAreNamed) {
@@ -112,17 +108,7 @@ TEST(BaseFile, LinesAndFieldsBeyondTheTableAreNamed) {
   }
 }
 
-TEST(BaseFile, AMissingOneIsCreatedSearchedForOrPassedOver) {
-  Login passed;
-  passed.file("chl004") = kHeader + SampleLines(2);
-  passed.Answers({Answer::Cancel, Answer::Cancel});
-  passed.Ok();
-  EXPECT_EQ(passed.platform.Boxes.back().message.Text,
-            "Q:\\vault\\2007\\0707\\chl\\chl003 not found!  Yes to create file, No to search, Cancel to load "
-            "next sta.");
-  EXPECT_EQ(passed.run().ProcNum + passed.form().txtStaInfo[kStaProcNum].Text, "004004");
-  EXPECT_EQ(passed.run().BaseFile, "Q:\\vault\\2007\\0707\\chl\\chl004");
-
+TEST(BaseFile, ASearchTakesTheNumberFromTheNameChosen) {
   struct Row {
     const char* name;
     const char* procNum;  // "": refused
