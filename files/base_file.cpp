@@ -142,7 +142,7 @@ void ImportCtd(Kelp& kelp) {
   }
 }
 
-// True for a station that was saved with results.
+// True for a station that brings values of its own.
 bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   RunState& run = kelp.run;
   std::string& station = kelp.frmAcquire.txtStaInfo[kStaLineSta].Text;
@@ -174,7 +174,7 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
     ShowScreen(kelp, "frmRecalc");
   }
-  return hasReport || reopened;
+  return hasReport || reopened || restored;
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {
@@ -209,12 +209,6 @@ void CloseStationFiles(RunState& run) {
     path->clear();
 }
 
-// Without a station there is nothing that could be saved under another one's number.
-void HoldNoStation(Kelp& kelp) {
-  kelp.run.SampNum = 1;
-  ClearGrid(kelp.frmAcquire.datalog);
-}
-
 Counter16 NextBottle(const Kelp& kelp) {
   const int last = kelp.run.SampCount;
   if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
@@ -231,7 +225,7 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
     if (found == Found::File)
       saved = ReadBaseFile(kelp, path);
     else
-      HoldNoStation(kelp);
+      ClearGrid(kelp.frmAcquire.datalog);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
     RefreshStandardDisplays(kelp);
   });
