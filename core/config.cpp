@@ -61,6 +61,8 @@ void LoadConfig(Kelp& kelp) {
 void SaveConfig(Kelp& kelp) {
   std::string content;
   for (const std::string& line : kelp.run.CfgLines) content += line + "\r\n";
+  // On a machine that never ran the program the folder is missing too.
+  kelp.platform.disk().MakeFolder("c:\\kelp");
   kelp.platform.disk().Replace(kConfigPath, content);
 }
 
