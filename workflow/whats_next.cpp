@@ -4,7 +4,6 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "files/base_file.hpp"
-#include "files/result_writer.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/whats_next_steps.hpp"
