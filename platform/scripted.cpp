@@ -85,7 +85,9 @@ std::string ScriptedPlatform::Launch(const std::string& command) {
 }
 
 void ScriptedPlatform::PrintLine(const std::string& line) {
-  if (!printerWorks_) throw FileError("printer", "it does not answer; switch it on, then save again");
+  if (!printerWorks_ || PrinterTakes == 0)
+    throw FileError("printer", "it does not answer; switch it on, then save again");
+  if (PrinterTakes > 0) --PrinterTakes;
   document_.push_back(line);
 }
 

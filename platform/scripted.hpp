@@ -52,6 +52,8 @@ class ScriptedPlatform : public Platform {
   std::vector<std::string> Printed;   ///< lines of the documents that were ended
   std::vector<std::string> Launched;  ///< commands
   int PrinterChoices = 0;
+  /// Lines that the printer still takes before it fails; negative for any number.
+  int PrinterTakes = -1;
 
   Disk& disk() override { return disk_; }
   std::string OpenPort(int number, const std::string& settings) override;

@@ -6,26 +6,40 @@
 
 namespace kelp {
 
-void EndPrintJob(Kelp& kelp) {
+namespace {
+
+// Releases what the save printed to the printer.
+bool EndPrintJob(Kelp& kelp) {
   try {
     kelp.platform.EndDocument();
+    return true;
   } catch (const RunTimeError& error) {
-    // The station's files are written; the report can be printed again with Print/Save.
-    ReportError(kelp, error);
+    ReportLostPrint(kelp, error);
+    return false;
   }
 }
 
-bool SaveAndPrintStation(Kelp& kelp) {
+}  // namespace
+
+bool SaveStation(Kelp& kelp) {
   if (!SaveStationResults(kelp)) return false;
   EndJournal(kelp);
-  EndPrintJob(kelp);
   return true;
 }
 
-bool CloseStation(Kelp& kelp) {
-  if (!SaveAndPrintStation(kelp)) return false;
-  SaveStationConfig(kelp);
+bool SaveAndPrintStation(Kelp& kelp) {
+  if (!SaveStation(kelp) || !EndPrintJob(kelp)) return false;
+  FinishSave(kelp.run);
   return true;
 }
+
+bool EndStation(Kelp& kelp) {
+  if (!EndPrintJob(kelp)) return false;
+  SaveStationConfig(kelp);
+  FinishSave(kelp.run);
+  return true;
+}
+
+bool CloseStation(Kelp& kelp) { return SaveStation(kelp) && EndStation(kelp); }
 
 }  // namespace kelp
