@@ -23,7 +23,8 @@ void ScriptPlayer::ExpectBox(std::string_view text) {
   for (std::size_t i = boxes.size(); i-- > 0;) {
     if (expected_[i] || boxes[i].message.ReportsError) continue;
     const std::string said = Visible(boxes[i].message.Text);
-    if (said != text)
+    // Some texts begin with a blank, which is easily left out.
+    if (Trim(said) != Trim(text))
       Fail("the newest message box says \"" + said + "\", expected \"" + std::string(text) + "\"");
     expected_[i] = true;
     return;
