@@ -1,0 +1,43 @@
+// What this machine is like: where the drives lie, which device a port number is, the text editor,
+// the printer, sound. Kept between runs; what the command line says holds for one run and is not
+// kept.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <map>
+#include <string>
+
+#include "desktop/machine/options.hpp"
+#include "platform/drive_map.hpp"
+
+namespace kelp {
+
+struct MachineSettings {
+  std::map<char, QString> Drives = {};  ///< letter to folder; the others lie in the data folder
+  std::map<int, QString> Ports = {};    ///< port number to device; the others are the machine's own
+  QString Editor = {};                  ///< a command; empty for the machine's text editor
+  QString Printer = {};                 ///< a name; empty for the machine's default printer
+  bool Sound = true;
+};
+
+/// True when settings were kept before: this is not the first start.
+bool SettingsAreKept();
+
+/// The settings kept. Entries that can't be (a drive "7", a port "x") are left out.
+MachineSettings LoadSettings();
+
+/// Keeps the settings. An empty text, or which file could not be written.
+QString SaveSettings(const MachineSettings& settings);
+
+/// Place and size of a screen's window; empty when none was kept.
+QByteArray KeptGeometry(const QString& screen);
+void KeepGeometry(const QString& screen, const QByteArray& geometry);
+
+/// The drives of this run.
+DriveMap DrivesFor(const MachineSettings& settings, const Options& options);
+
+/// The device of a port number in this run.
+std::string DeviceFor(int port, const MachineSettings& settings, const Options& options);
+
+}  // namespace kelp
