@@ -8,6 +8,7 @@
 #include "core/text.hpp"
 #include "files/ctd_import.hpp"
 #include "files/grid_layout.hpp"
+#include "files/journal.hpp"
 #include "files/report.hpp"
 #include "files/table_field.hpp"
 
@@ -112,6 +113,8 @@ void ReadBaseFile(Kelp& kelp, const std::string& path) {
   form.txtStaInfo[kStaLineSta].Text = Trim(run.SampTbl(0, 0));
   run.SampNum = 1;
   run.ResultsSaved = false;
+  run.Resume = ResumeAt::Nothing;
+  ++run.StationLoads;
   const bool reopened = HasResults(run);
   if (reopened) TakeBackCells(run);
   LayOutGrid(kelp, reopened);
@@ -124,8 +127,9 @@ void ReadBaseFile(Kelp& kelp, const std::string& path) {
     }
   }
   if (reopened) TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+  const bool restored = OfferRestore(kelp);
   ShowScreen(kelp, "frmAcquire");
-  if (reopened) ShowScreen(kelp, "frmRecalc");
+  if (reopened && !restored) ShowScreen(kelp, "frmRecalc");
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {

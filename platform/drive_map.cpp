@@ -21,10 +21,12 @@ bool SameName(const std::string& a, const std::string& b) {
 }
 
 // Program paths are UTF-8 everywhere; a host where names are bytes gets the bytes as they are.
-std::string NameOf(const fs::path& place) {
-  const std::u8string name = place.filename().u8string();
-  return {name.begin(), name.end()};
+std::string Text(const fs::path& place) {
+  const std::u8string text = place.u8string();
+  return {text.begin(), text.end()};
 }
+
+std::string NameOf(const fs::path& place) { return Text(place.filename()); }
 
 fs::path HostName(const std::string& path, const std::string& name) {
   try {
@@ -53,7 +55,12 @@ std::vector<std::string> NamesOf(const std::string& path) {
 }
 
 bool Below(const fs::path& place, const fs::path& folder) {
-  return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end()).first == folder.end();
+  // Where the host itself ignores letter case, one folder may come written in two ways.
+  constexpr bool kHostIgnoresCase = fs::path::preferred_separator == '\\';
+  const auto same = [](const fs::path& a, const fs::path& b) {
+    return a == b || (kHostIgnoresCase && SameName(Text(a), Text(b)));
+  };
+  return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end(), same).first == folder.end();
 }
 
 // A folder path without a separator at its end, links resolved as far as it exists.
@@ -150,7 +157,7 @@ std::optional<std::string> DriveMap::ProgramPath(const fs::path& place) const {
   std::advance(name, std::distance(best.begin(), best.end()));
   if (name == wanted.end()) return path + "\\";
   for (; name != wanted.end(); ++name) {
-    const std::string text = NameOf(*name);
+    const std::string text = Text(*name);
     if (text.find_first_of("\\/:") != std::string::npos) return std::nullopt;
     path += "\\" + text;
   }

@@ -62,6 +62,12 @@ struct Program {
     Post(kelp, {.Kind = EventKind::Focus, .Place = {std::string(screen), ""}});
   }
 
+  /// `count` lines of which the first lies 0.0002 above: equal readings alone give no new SD.
+  void ReadWithNoise(double value, int count) {
+    Read(value + 0.0002);
+    Read(value, count - 1);
+  }
+
   /// `count` instrument lines, a second apart, each followed by a pass.
   void Read(double value, int count = 1) {
     for (int i = 0; i < count; ++i) {
