@@ -21,7 +21,7 @@ void Guarded(Kelp& kelp, const Handler& handler) {
   } catch (const RunTimeError& error) {
     ReportError(kelp, error);
   } catch (const std::exception& error) {
-    ReportError(kelp, RunTimeError(ErrorKind::InvalidCall, error.what()));
+    ReportError(kelp, RunTimeError(ErrorKind::InvalidCall, std::string("unexpected: ") + error.what()));
   }
 }
 
