@@ -3,6 +3,7 @@
 #include <QSettings>
 
 #include "desktop/machine/paths.hpp"
+#include "platform/error.hpp"
 #include "platform/host.hpp"
 
 namespace kelp {
@@ -11,6 +12,12 @@ namespace {
 
 const QString kMaker = QStringLiteral("Kelp");
 const QString kProgram = QStringLiteral("kelp");
+
+void MakeFolders(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw FileError(folder.string(), "can't be made (" + error.message() + ")");
+}
 
 }  // namespace
 
@@ -51,24 +58,29 @@ QString SaveSettings(const MachineSettings& settings) {
   return store.fileName() + " can't be written: the machine settings hold only until the program ends";
 }
 
-QByteArray KeptGeometry(const QString& screen) {
-  return QSettings(kMaker, kProgram).value("geometry/" + screen).toByteArray();
+QByteArray KeptGeometry() {
+  return QSettings(kMaker, kProgram).value(QStringLiteral("geometry")).toByteArray();
 }
 
-void KeepGeometry(const QString& screen, const QByteArray& geometry) {
-  QSettings(kMaker, kProgram).setValue("geometry/" + screen, geometry);
+void KeepGeometry(const QByteArray& geometry) {
+  QSettings(kMaker, kProgram).setValue(QStringLiteral("geometry"), geometry);
 }
 
 DriveMap DrivesFor(const MachineSettings& settings, const Options& options) {
-  DriveMap drives(options.Drives.value_or(HostDataFolder()));
+  const std::filesystem::path data = options.Drives ? *options.Drives : HostDataFolder();
+  if (!data.empty()) MakeFolders(data);
+  DriveMap drives(data);
   if (!options.Drives)
     for (const auto& [letter, folder] : settings.Drives) drives.SetDrive(letter, ToPath(folder));
-  for (const auto& [letter, folder] : options.Drive) drives.SetDrive(letter, folder);
+  for (const auto& [letter, folder] : options.Drive) {
+    MakeFolders(folder);
+    drives.SetDrive(letter, std::filesystem::absolute(folder));
+  }
   return drives;
 }
 
 std::string DeviceFor(int port, const MachineSettings& settings, const Options& options) {
-  if (const auto given = options.Port.find(port); given != options.Port.end()) return given->second;
+  if (const auto given = options.Ports.find(port); given != options.Ports.end()) return given->second;
   if (const auto kept = settings.Ports.find(port); kept != settings.Ports.end())
     return kept->second.toStdString();
   return HostPortDevice(port);

@@ -8,7 +8,7 @@
 #include <map>
 #include <string>
 
-#include "desktop/machine/options.hpp"
+#include "desktop/machine/command_line.hpp"
 #include "platform/drive_map.hpp"
 
 namespace kelp {
@@ -30,11 +30,13 @@ MachineSettings LoadSettings();
 /// Keeps the settings. An empty text, or which file could not be written.
 QString SaveSettings(const MachineSettings& settings);
 
-/// Place and size of a screen's window; empty when none was kept.
-QByteArray KeptGeometry(const QString& screen);
-void KeepGeometry(const QString& screen, const QByteArray& geometry);
+/// Places and sizes of the windows; empty when none were kept.
+QByteArray KeptGeometry();
+void KeepGeometry(const QByteArray& geometry);
 
-/// The drives of this run.
+/// The drives of this run. Makes the folders that the command line names and the data folder; a folder
+/// kept in the settings may lie on a disk that is not plugged in, and is not made. Throws FileError
+/// when a folder can't be made.
 DriveMap DrivesFor(const MachineSettings& settings, const Options& options);
 
 /// The device of a port number in this run.

@@ -7,24 +7,8 @@
 
 namespace kelp {
 
-namespace {
-
-// Passes and ticks rest while one of these is alive, even when the dialog ends by an exception.
-class DialogTime {
- public:
-  explicit DialogTime(const ScreenHost& screens) : screens_(screens) { screens_.DialogOpens(); }
-  ~DialogTime() { screens_.DialogClosed(); }
-  DialogTime(const DialogTime&) = delete;
-  DialogTime& operator=(const DialogTime&) = delete;
-
- private:
-  const ScreenHost& screens_;
-};
-
-}  // namespace
-
 Answer QtPlatform::Ask(const Message& message) {
-  Screens.Question();
+  Question();
   const DialogTime dialog(Screens);
   return ShowMessage(Screens.Front(), message);
 }
@@ -38,11 +22,11 @@ std::string QtPlatform::Launch(const std::string& command) { return LaunchEditor
 
 void QtPlatform::ChoosePrinter() {
   const DialogTime dialog(Screens);
-  if (const QString name = printer_.Choose(Screens.Front()); !name.isEmpty()) Screens.PrinterChosen(name);
+  if (const QString name = printer_.Choose(Screens.Front()); !name.isEmpty()) PrinterChosen(name);
 }
 
 void QtPlatform::EndDocument() {
-  printer_.EndDocument([this](const Message& message) { return Ask(message); }, disk_, Screens.PdfPath());
+  printer_.EndDocument([this](const Message& message) { return Ask(message); }, disk_, PdfPath());
 }
 
 LocalTime QtPlatform::Now() { return HostNow(); }

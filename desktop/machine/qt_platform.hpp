@@ -2,43 +2,32 @@
 // windows, printer, text editor.
 #pragma once
 
-#include <QWidget>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "desktop/machine/line.hpp"
+#include "desktop/machine/fluorometer_line.hpp"
 #include "desktop/machine/report_printer.hpp"
+#include "desktop/machine/screen_host.hpp"
 #include "platform/drive_map.hpp"
 #include "platform/platform.hpp"
 
 namespace kelp {
 
-/// What the windows do for the platform.
-struct ScreenHost {
-  std::function<void(const std::string&)> Shown = [](const std::string&) {};
-  std::function<void(const std::string&)> Hidden = [](const std::string&) {};
-  std::function<void(const std::string&)> Raised = [](const std::string&) {};
-  /// The window over which a dialog opens.
-  std::function<QWidget*()> Front = [] { return nullptr; };
-  /// A modal dialog is about to open: what changed is shown, and passes and ticks rest until it closed.
-  std::function<void()> DialogOpens = [] {};
-  std::function<void()> DialogClosed = [] {};
+class QtPlatform : public Platform {
+ public:
+  /// Everything handed in must outlive the platform; `editor` is looked up at each launch.
+  QtPlatform(Disk& disk, const DriveMap& drives, FluorometerLine& line, const QString& editor,
+             const QString& printer)
+      : disk_(disk), drives_(drives), line_(line), editor_(editor), printer_(printer) {}
+
+  ScreenHost Screens = {};
   /// A message box comes up: the operator is called.
   std::function<void()> Question = [] {};
   /// The program path of a PDF beside the station's files.
   std::function<std::string()> PdfPath = [] { return std::string("c:\\kelp\\report.pdf"); };
-  /// A printer was chosen by the operator.
+  /// The operator chose a printer.
   std::function<void(const QString&)> PrinterChosen = [](const QString&) {};
-};
-
-class QtPlatform : public Platform {
- public:
-  /// Everything handed in must outlive the platform; `editor` is looked up at each launch.
-  QtPlatform(Disk& disk, const DriveMap& drives, Line& line, const QString& editor, const QString& printer)
-      : disk_(disk), drives_(drives), line_(line), editor_(editor), printer_(printer) {}
-
-  ScreenHost Screens = {};
 
   Disk& disk() override { return disk_; }
   std::string OpenPort(int number, const std::string& settings) override {
@@ -63,7 +52,7 @@ class QtPlatform : public Platform {
  private:
   Disk& disk_;
   const DriveMap& drives_;
-  Line& line_;
+  FluorometerLine& line_;
   const QString& editor_;
   ReportPrinter printer_;
 };

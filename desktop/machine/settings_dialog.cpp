@@ -73,7 +73,7 @@ QString GivenText(const Options& options) {
   if (options.Drives) given << "all drives in " + FromPath(*options.Drives);
   for (const auto& [letter, folder] : options.Drive)
     given << QStringLiteral("drive %1 in %2").arg(QLatin1Char(letter)).arg(FromPath(folder));
-  for (const auto& [port, device] : options.Port)
+  for (const auto& [port, device] : options.Ports)
     given << QStringLiteral("port %1 on %2").arg(port).arg(QString::fromStdString(device));
   return given.isEmpty() ? QString() : "Given on the command line, for this run: " + given.join(", ") + ".";
 }

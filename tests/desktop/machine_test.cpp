@@ -15,9 +15,9 @@
 #include <QTest>
 
 #include "acquire/read_loop.hpp"
+#include "desktop/machine/command_line.hpp"
 #include "desktop/machine/file_dialog.hpp"
 #include "desktop/machine/message_box.hpp"
-#include "desktop/machine/options.hpp"
 #include "desktop/machine/report_pages.hpp"
 #include "desktop/machine/report_printer.hpp"
 #include "desktop/machine/runner.hpp"
@@ -254,11 +254,11 @@ TEST(Settings, AreKeptAndYieldToTheCommandLine) {
   EXPECT_EQ(kept.Editor, settings.Editor);
   EXPECT_EQ(kept.Sound, false);
 
-  const Options options = ReadOptions({"--drive", "D=/given/d", "--port", "12=/dev/pts/5"});
+  const Options options = ReadCommandLine({"--drive", "D=/given/d", "--port", "12=/dev/pts/5"});
   const DriveMap drives = DrivesFor(kept, options);
   EXPECT_EQ(drives.DriveFolder('c'), "/data/c");
   EXPECT_EQ(drives.DriveFolder('d'), "/given/d");
-  EXPECT_EQ(DrivesFor(kept, ReadOptions({"--drives", "/all"})).DriveFolder('c'), "/all/drive_c");
+  EXPECT_EQ(DrivesFor(kept, ReadCommandLine({"--drives", "/all"})).DriveFolder('c'), "/all/drive_c");
   EXPECT_EQ(DeviceFor(1, kept, options), "/dev/ttyUSB0");
   EXPECT_EQ(DeviceFor(12, kept, options), "/dev/pts/5");
   EXPECT_EQ(DeviceFor(2, kept, options), "/dev/ttyS1");
@@ -295,22 +295,29 @@ TEST(Settings, DialogKeepsWhatItShowsAndRefusesWhatCantBe) {
   EXPECT_EQ(dialog.Settings().Drives, (std::map<char, QString>{{'c', "/data/c"}, {'e', "/data/d"}}));
 }
 
-TEST(CommandLine, SaysWhatItCantTake) {
+TEST(CommandLine, TakesTheConsolesOptionsAndItsOwn) {
   struct Row {
     std::vector<std::string> words;
     const char* problem;
+    InstrumentKind instrument = InstrumentKind::Device;
   };
   const Row rows[] = {
-      {{"--simulate", "-platform", "offscreen"}, ""},
-      {{"--drive", "1=/x"}, "--drive wants a letter and a folder, such as c=/data/c, not \"1=/x\""},
-      {{"--drive", "c="}, "--drive wants a letter and a folder, such as c=/data/c, not \"c=\""},
-      {{"--port", "0=/x"}, "--port wants a number and a device, such as 1=/dev/ttyUSB0, not \"0=/x\""},
-      {{"--port", "1x=/x"}, "--port wants a number and a device, such as 1=/dev/ttyUSB0, not \"1x=/x\""},
-      {{"--drives"}, "--drives wants a value; --help says which"},
-      {{"--fast"}, "there is no option \"--fast\"; --help lists them"},
+      {{}, ""},
+      {{"--simulate", "-platform", "offscreen"}, "", InstrumentKind::Simulated},
+      {{"--script", "a.ks", "--simulate=7", "--clock=2026-11-24T03:00:00"}, "", InstrumentKind::Simulated},
+      {{"--script=a.ks"}, "", InstrumentKind::Script},
+      {{"--simulate=x"}, "the seed of the simulated fluorometer is a whole number, not \"x\""},
+      {{"--script"}, "--script wants a file", InstrumentKind::Device},
+      {{"--port", "0=/x"}, "--port wants N=DEVICE, such as 1=/dev/ttyUSB0, not \"0=/x\""},
+      {{"--instrument=sim"}, "unknown option \"--instrument=sim\"; --help lists the options"},
+      {{"a.ks"}, "unknown option \"a.ks\"; --help lists the options"},
       {{"--clock", "2026-11-24T03:00:00"}, "--clock goes with --script only"},
   };
-  for (const Row& row : rows) EXPECT_EQ(ReadOptions(row.words).Problem, row.problem);
+  for (const Row& row : rows) {
+    const Options options = ReadCommandLine(row.words);
+    EXPECT_EQ(options.Problem, row.problem);
+    EXPECT_EQ(options.Instrument, row.instrument) << row.problem;
+  }
 }
 
 TEST(Sounds, ArePlayedOnlyWhenOn) {
