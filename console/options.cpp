@@ -22,6 +22,7 @@ const char* const kConsoleHelp =
     "  --clock TIME        what the clock reads at the start, YYYY-MM-DDTHH:MM:SS (default: now)\n"
     "  --watch             print captions, saved values and results as they come, and at the end the\n"
     "                      results and the files written\n"
+    "  --quick             don't wait for the disk after each line: for trials and tests\n"
     "  --help, --version   print this, or the version, and end\n"
     "\n"
     "Exit status: 0 the script ended or the program was quit; 1 an expectation failed; 2 the script or\n"
@@ -103,21 +104,21 @@ bool TakesValue(std::string_view name) {
 // Takes the option at `i`, and its value, which may be the next argument or follow a "=".
 std::string TakeOption(ConsoleOptions& options, const std::vector<std::string>& arguments, std::size_t& i) {
   const std::string& argument = arguments[i];
-  if (argument == "--help")
-    options.Help = true;
-  else if (argument == "--version")
-    options.Version = true;
-  else if (argument == "--watch")
-    options.Watch = true;
-  else {
-    const auto sign = argument.find('=');
-    const std::string name = argument.substr(0, sign);
-    if (!TakesValue(name)) return "unknown option \"" + argument + "\"; --help lists the options";
-    if (sign != std::string::npos) return TakeValue(options, name, argument.substr(sign + 1));
-    if (i + 1 == arguments.size()) return name + " wants a value";
-    return TakeValue(options, name, arguments[++i]);
+  const std::pair<std::string_view, bool*> flags[] = {{"--help", &options.Help},
+                                                      {"--version", &options.Version},
+                                                      {"--watch", &options.Watch},
+                                                      {"--quick", &options.Quick}};
+  for (const auto& [flag, value] : flags) {
+    if (argument != flag) continue;
+    *value = true;
+    return {};
   }
-  return {};
+  const auto sign = argument.find('=');
+  const std::string name = argument.substr(0, sign);
+  if (!TakesValue(name)) return "unknown option \"" + argument + "\"; --help lists the options";
+  if (sign != std::string::npos) return TakeValue(options, name, argument.substr(sign + 1));
+  if (i + 1 == arguments.size()) return name + " wants a value";
+  return TakeValue(options, name, arguments[++i]);
 }
 
 }  // namespace
@@ -128,8 +129,9 @@ ConsoleOptions ReadOptions(const std::vector<std::string>& arguments) {
   for (std::size_t i = 0; i < arguments.size() && options.Problem.empty(); ++i) {
     if (arguments[i].size() > 1 && arguments[i].front() == '-') {
       options.Problem = TakeOption(options, arguments, i);
+    } else if (scriptGiven) {
+      options.Problem = "more than one script is given: \"" + arguments[i] + "\"";
     } else {
-      if (scriptGiven) options.Problem = "more than one script is given: \"" + arguments[i] + "\"";
       options.Script = arguments[i];
       scriptGiven = true;
     }

@@ -10,6 +10,9 @@
 
 namespace kelp {
 
+/// What a blank of pure acetone reads.
+inline constexpr double kBlankLevel = 0.005;
+
 /// What a tube of extract reads before acid, and by what it falls.
 struct TubeLevels {
   double Rb;

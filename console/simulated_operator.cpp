@@ -8,7 +8,6 @@ namespace kelp {
 
 namespace {
 
-constexpr double kBlankLevel = 0.005;
 constexpr double kLowStandard = 1.25;
 constexpr double kHighStandard = 12.5;
 constexpr double kCoproLow = 1.53;

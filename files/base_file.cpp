@@ -156,6 +156,14 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
+// Until a base file is read no station is open, and nothing may be measured into the last one's files.
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
+}
+
 // A station that can't be opened leaves the one that was open as it is.
 template <class Work>
 void KeepingStation(Kelp& kelp, const Work& work) {
@@ -174,7 +182,7 @@ void KeepingStation(Kelp& kelp, const Work& work) {
 
 void LoadBaseFile(Kelp& kelp, std::string& path) {
   KeepingStation(kelp, [&] {
-    ClearTable(kelp.run);
+    CloseStationFiles(kelp.run);
     const Found found = FindBaseFile(kelp, path);
     if (found == Found::File) ReadBaseFile(kelp, path);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");

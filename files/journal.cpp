@@ -31,6 +31,15 @@ bool IsMeasured(int gridColumn) {
          gridColumn == kColReadCom;
 }
 
+// The rows that hold samples: relocated readings may lie behind the station's last sample.
+int RowsInUse(const Kelp& kelp) {
+  const Grid& grid = kelp.frmAcquire.datalog;
+  int rows = grid.Rows - 1;
+  while (rows > kelp.run.SampCount && grid.Text(rows, kColRb).empty() && grid.Text(rows, kColRa).empty())
+    --rows;
+  return rows;
+}
+
 // Visits all that must outlive a crash, in a fixed order: visit(kind, a, b, text, measured). Measured is
 // what a journal begins with; the rest only goes along.
 template <class Visit>
@@ -38,7 +47,8 @@ void VisitStation(const Kelp& kelp, Visit&& visit) {
   const RunState& run = kelp.run;
   const FrmAcquire& form = kelp.frmAcquire;
   visit("SampCount", 0, 0, std::to_string(int{run.SampCount}), false);
-  for (int row = 1; row <= run.SampCount; ++row) {
+  const int rows = RowsInUse(kelp);
+  for (int row = 1; row <= rows; ++row) {
     const int tableRow = row + StationTable::kFirstSampleRow - 1;
     for (int col = 0; col < form.datalog.Cols; ++col)
       visit("grid", row, col, form.datalog.Text(row, col), IsMeasured(col));
@@ -234,6 +244,10 @@ bool OfferRestore(Kelp& kelp) {
 
 void EndJournal(Kelp& kelp) {
   if (kelp.run.TmpFile.empty()) return;
+  if (RowsInUse(kelp) > kelp.run.SampCount) {
+    SetStatus(kelp, "Readings behind the last sample are not part of the station; the journal keeps them.");
+    return;
+  }
   try {
     kelp.platform.disk().Remove(JournalPath(kelp.run));
     kelp.journal.Begun = false;

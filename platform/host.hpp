@@ -13,8 +13,12 @@
 
 namespace kelp {
 
+/// Whether an append waits until its line is on the disk. `Quick` is for trials and tests, whose readings
+/// can be had again: thousands of lines then cost next to nothing.
+enum class Appends { Flushed, Quick };
+
 /// The real disk behind a drive map, which must outlive it. For one thread.
-std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives);
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends = Appends::Flushed);
 
 /// The local time of the machine's clock.
 LocalTime HostNow();

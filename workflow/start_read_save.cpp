@@ -166,6 +166,12 @@ void PromptSelectedStep(Kelp& kelp) {
 }
 
 void Command1_Click(Kelp& kelp) {
+  if (kelp.run.CsvFile.empty()) {
+    SetStatus(kelp, "No station is open: nothing can be measured.");
+    kelp.frmAcquire.Text4.Text =
+        "No station is open. Press F10, log in again and create or find its base file.";
+    return;
+  }
   StartLogTimer(kelp);
   if (NeedsPort(kelp) && !OpenSerialPort(kelp)) return;
   const std::string caption = kelp.frmAcquire.Command1.Caption;

@@ -22,7 +22,8 @@ constexpr long long kLargest = 64LL << 20;
 
 class HostDisk : public Disk {
  public:
-  explicit HostDisk(const DriveMap& drives) : drives_(drives) {}
+  HostDisk(const DriveMap& drives, Appends appends)
+      : drives_(drives), flushes_(appends == Appends::Flushed) {}
   bool Exists(const std::string& path) override;
   bool IsFolder(const std::string& path) override;
   bool AnyFileIn(const std::string& folder) override;
@@ -38,6 +39,7 @@ class HostDisk : public Disk {
   // line goes with all the others into a new file.
   std::set<fs::path> doubtful_ = {};
   const DriveMap& drives_;
+  bool flushes_;
 };
 
 // False when there is nothing of that name.
@@ -134,8 +136,8 @@ void HostDisk::Append(const std::string& path, const std::string& text) {
   const long long size = OrdinarySize(path, file, Doing::Writing);
   int error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = Flush(file);
-    if (error == 0 && isNew) error = FlushFolder(place.parent_path());
+    error = flushes_ ? Flush(file) : 0;
+    if (error == 0 && isNew && flushes_) error = FlushFolder(place.parent_path());
     if (error == 0) return;
     doubtful_.insert(place);
   }
@@ -197,6 +199,8 @@ bool HostDisk::MakeFolder(const std::string& path) {
 
 }  // namespace
 
-std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives) { return std::make_unique<HostDisk>(drives); }
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
+  return std::make_unique<HostDisk>(drives, appends);
+}
 
 }  // namespace kelp

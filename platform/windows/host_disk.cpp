@@ -19,7 +19,8 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 class HostDisk : public Disk {
  public:
-  explicit HostDisk(const DriveMap& drives) : drives_(drives) {}
+  HostDisk(const DriveMap& drives, Appends appends)
+      : drives_(drives), flushes_(appends == Appends::Flushed) {}
   bool Exists(const std::string& path) override;
   bool IsFolder(const std::string& path) override;
   bool AnyFileIn(const std::string& folder) override;
@@ -35,6 +36,7 @@ class HostDisk : public Disk {
   // line goes with all the others into a new file.
   std::set<fs::path> doubtful_ = {};
   const DriveMap& drives_;
+  bool flushes_;
 };
 
 // The attributes of a file or folder; INVALID_FILE_ATTRIBUTES when there is nothing of that name.
@@ -161,7 +163,7 @@ void HostDisk::Append(const std::string& path, const std::string& text) {
   // After the last byte was read the file stands at its end.
   DWORD error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = Flush(file);
+    error = flushes_ ? Flush(file) : 0;
     if (error == 0) return;
     doubtful_.insert(place);
   }
@@ -204,6 +206,8 @@ bool HostDisk::MakeFolder(const std::string& path) {
 
 }  // namespace
 
-std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives) { return std::make_unique<HostDisk>(drives); }
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
+  return std::make_unique<HostDisk>(drives, appends);
+}
 
 }  // namespace kelp
