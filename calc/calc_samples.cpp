@@ -5,6 +5,7 @@
 
 #include "calc/pigments.hpp"
 #include "core/numbers.hpp"
+#include "core/results_line.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -72,20 +73,6 @@ void CalcGuardedRow(Kelp& kelp, int row) {
 }
 
 }  // namespace
-
-std::string ResultsLine(const Grid& datalog, int row) {
-  struct Field {
-    GridCol col;
-    std::size_t width;
-  };
-  static constexpr Field kFields[] = {{kColVial, 4},  {kColBottle, 6}, {kColDepth, 6}, {kColFilV, 6},
-                                      {kColExV, 5},   {kColRb, 8},     {kColRa, 8},    {kColChla, 8},
-                                      {kColPhaeo, 7}, {kColAcidR, 7},  {kColQc, 5}};
-  std::string line;
-  for (const Field& field : kFields)
-    line += Padded(OneField(datalog.Text(row, field.col), false), field.width, "L", "S");
-  return line;
-}
 
 void CalcCurrentSample(Kelp& kelp) {
   const int row = CurrentRow(kelp);

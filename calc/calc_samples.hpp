@@ -6,14 +6,6 @@
 
 namespace kelp {
 
-inline constexpr const char* kResultsHeading =
-    "     TUBE NISK DEPTH  FILV EXTV    Rb      Ra     CHLA    PHAEO     AR   QC";
-inline constexpr const char* kResultsRule =
-    "    ==========================================================================";
-
-/// The results line of a grid row: eleven fields, right-justified to fixed widths, nothing between.
-std::string ResultsLine(const Grid& datalog, int row);
-
 /// Calculates the sample just finished. No blank fallback and no guard against negative readings.
 /// Throws DivisionByZero, Overflow or FileError; the grid keeps what had been written before.
 void CalcCurrentSample(Kelp& kelp);

@@ -1,6 +1,6 @@
 #include "console/watch.hpp"
 
-#include "calc/calc_samples.hpp"
+#include "core/results_line.hpp"
 #include "core/date_time.hpp"
 #include "core/text.hpp"
 

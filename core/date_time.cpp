@@ -104,8 +104,13 @@ std::optional<LocalTime> ParseDateTime(std::string_view text) {
 
 DateAndTime SplitDateTime(std::string_view text) {
   text = Trim(text);
-  const auto blank = std::min(text.find(' '), text.size());
-  return {std::string(text.substr(0, blank)), std::string(Trim(text.substr(blank)))};
+  const auto colon = text.find(':');
+  const auto blank = colon == std::string_view::npos ? text.find(' ') : text.rfind(' ', colon);
+  // Without a blank there is only one of the two.
+  if (blank != std::string_view::npos)
+    return {std::string(Trim(text.substr(0, blank))), std::string(Trim(text.substr(blank)))};
+  return colon == std::string_view::npos ? DateAndTime{std::string(text), ""}
+                                         : DateAndTime{"", std::string(text)};
 }
 
 }  // namespace kelp

@@ -16,7 +16,8 @@ std::string LongTime(LocalTime time);
 /// "YYYY-MM-DD HH:MM:SS". Nothing when the text is none of these or no date of the calendar.
 std::optional<LocalTime> ParseDateTime(std::string_view text);
 
-/// Splits "date time" at its first blank; both parts trimmed.
+/// Splits "date time" before the word with the first ":", which may be all there is; without a ":" at
+/// the first blank. Both parts trimmed.
 struct DateAndTime {
   std::string Date;
   std::string Time;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,13 @@ enum class ResumeAt {
   Chooser,  ///< behind the last sample
 };
 
+/// A save that stopped half way: the data it was to write and the steps it had done, so that they are not
+/// done twice when the save is repeated.
+struct UnfinishedSave {
+  std::string Data;
+  std::set<std::string> Done;
+};
+
 struct RunState {
   std::array<std::string, kCfgLineCount> CfgLines;
   StationTable SampTbl;
@@ -100,6 +108,7 @@ struct RunState {
   std::uint32_t TraceColor = kTraceMagenta;
   bool LabCalRun = false;
   bool ResultsSaved = false;
+  UnfinishedSave Unfinished;
   bool ProcNumEdited = false;
   bool BottleEdited = false;  ///< a starting bottle was typed: the next station set-up numbers from it
   bool VialEdited = false;    ///< a starting vial was typed: it is the tube of the first sample

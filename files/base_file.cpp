@@ -7,8 +7,11 @@
 #include "core/option.hpp"
 #include "core/text.hpp"
 #include "files/ctd_import.hpp"
+#include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"
 #include "files/journal.hpp"
+#include "files/keeping_station.hpp"
+#include "files/kept_copy.hpp"
 #include "files/report.hpp"
 #include "files/table_field.hpp"
 
@@ -19,6 +22,16 @@ namespace {
 constexpr std::size_t kHeaderLines = 5;
 
 enum class Found { File, Nothing, CreateScreen };
+
+// The number of a file that the operator chose: its last three characters, as all stations have them.
+std::string ProcNumOf(const std::string& path) {
+  const std::string station = StationPath(path);
+  const std::string procNum(Right(station, 3));
+  if (!UsableProcNum(procNum) || Contains(station.substr(station.rfind('\\') + 1), "."))
+    throw FileError(
+        path, "is no base file: its name is to end in a processing number; choose a file such as chl007");
+  return procNum;
+}
 
 // A missing file: the operator creates it, searches, or steps on to the next processing number.
 Found FindBaseFile(Kelp& kelp, std::string& path) {
@@ -35,10 +48,7 @@ Found FindBaseFile(Kelp& kelp, std::string& path) {
       const auto chosen = kelp.platform.AskFile({"Chl Files (chl*)|chl*", run.DataOutPath});
       if (!chosen) return Found::Nothing;
       path = *chosen;
-      run.ProcNum = Right(path, 3);
-      if (!UsableProcNum(run.ProcNum))
-        throw FileError(
-            path, "its last three characters are to be a processing number; choose a file such as chl007");
+      run.ProcNum = ProcNumOf(path);
       kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = run.ProcNum;
       return Found::File;
     }
@@ -52,7 +62,8 @@ Found FindBaseFile(Kelp& kelp, std::string& path) {
 
 // The rows of the station end where the report of an earlier save begins.
 std::size_t TableEnd(const std::vector<std::string>& lines) {
-  auto end = std::find(lines.begin(), lines.end(), kReportBanner);
+  if (lines.size() < kHeaderLines) return lines.size();
+  auto end = std::find(lines.begin() + kHeaderLines, lines.end(), kReportBanner);
   if (end == lines.end()) return lines.size();
   while (end != lines.begin() && Trim(*(end - 1)).empty()) --end;
   return static_cast<std::size_t>(end - lines.begin());
@@ -85,7 +96,7 @@ void SetPaths(Kelp& kelp, const std::string& path) {
   run.CsvFile = path + ".csv";
   run.RawFile = path + ".raw";
   run.PrnFile = path + ".prn";
-  run.DbCsvFile = run.DataOutPath + run.CruiseID + "Chldb.csv";
+  run.DbCsvFile = CruiseCsvPath(run);
   // An empty backup folder counts as missing: the placeholder file shows that it is the right one.
   const bool backup = disk.AnyFileIn(run.BackupDir);
   run.TmpFile = (backup ? run.BackupDir : "C:\\kelp\\" + run.CruiseID) + "chl" + run.ProcNum + ".tmp";
@@ -93,43 +104,77 @@ void SetPaths(Kelp& kelp, const std::string& path) {
   if (!disk.Exists(run.CsvFile)) disk.Append(run.CsvFile, std::string(kReadLogHeader) + "\r\n");
 }
 
-// A non-empty Rb field in the first sample's row marks a station that was run already.
+// A non-empty Rb field in the first sample's row marks a station that was saved with results. The field
+// of a first sample without Rb is "-".
 bool HasResults(const RunState& run) { return !run.SampTbl(StationTable::kFirstSampleRow, kTblRb).empty(); }
+
+bool AnySampleRead(const Kelp& kelp) {
+  for (int sample = 1; sample <= kelp.run.SampCount; ++sample)
+    for (const int col : {kColRb, kColRa})
+      if (!kelp.frmAcquire.datalog.Text(sample, col).empty()) return true;
+  return false;
+}
 
 // A saved station gives back its cells as they were before they were written as blank-free fields.
 void TakeBackCells(RunState& run) {
-  for (int row = StationTable::kFirstSampleRow; row < run.SampCount + StationTable::kFirstSampleRow; ++row)
+  for (int row = 2; row < run.SampCount + StationTable::kFirstSampleRow; ++row)
     for (int col = 0; col < StationTable::kCols; ++col)
       run.SampTbl(row, col) = CellFromField(run.SampTbl(row, col));
 }
 
-void ReadBaseFile(Kelp& kelp, const std::string& path) {
-  RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  const std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
-  const std::size_t end = TableEnd(lines);
-  FillTable(kelp, path, lines, end);
-  SetPaths(kelp, path);
-  form.txtStaInfo[kStaLineSta].Text = Trim(run.SampTbl(0, 0));
-  run.SampNum = 1;
-  run.ResultsSaved = false;
-  run.Resume = ResumeAt::Nothing;
-  ++run.StationLoads;
-  const bool reopened = HasResults(run);
-  if (reopened) TakeBackCells(run);
-  LayOutGrid(kelp, reopened);
+// What was read for the station before is no value of one that brings its own.
+void ForgetBlanksAndCopros(Kelp& kelp) {
+  kelp.run.BeginBlankText.clear();
+  kelp.run.EndBlankText.clear();
+  kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text.clear();
+  for (int box = kBoxBeginBlank; box < kBoxAutoCriterion; ++box) kelp.frmAcquire.txtBlank[box].Text = "0";
+}
+
+// A bad CTD file ends its import, not the station: what it would have filled in can be typed.
+void ImportCtd(Kelp& kelp) {
+  kelp.run.CastType = CfgValue(kelp.run, kCfgCastType);
   for (const auto import : {ImportCtdHeader, ImportCtdMark}) {
     try {
       import(kelp);
     } catch (const RunTimeError& error) {
-      // A bad CTD file ends its import, not the station: what it would have filled in can be typed.
       ReportError(kelp, error);
     }
   }
-  if (reopened) TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+}
+
+// True for a station that was saved with results.
+bool ReadBaseFile(Kelp& kelp, const std::string& path) {
+  RunState& run = kelp.run;
+  std::string& station = kelp.frmAcquire.txtStaInfo[kStaLineSta].Text;
+  const std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
+  const std::size_t end = TableEnd(lines);
+  FillTable(kelp, path, lines, end);
+  // The data of a run anew from a kept copy are appended to the files of the station.
+  SetPaths(kelp, StationPath(path));
+  station = Trim(run.SampTbl(0, 0));
+  run.SampNum = 1;
+  run.ResultsSaved = false;
+  run.Unfinished = {};
+  run.Resume = ResumeAt::Nothing;
+  ++run.StationLoads;
+  const bool hasReport = end < lines.size();
+  const bool reopened = HasResults(run);
+  if (hasReport || reopened) TakeBackCells(run);
+  LayOutGrid(kelp, reopened);
+  ImportCtd(kelp);
+  if (hasReport || reopened) ForgetBlanksAndCopros(kelp);
+  if (hasReport) {
+    // What the operator saved stands above what the CTD files say.
+    station = Trim(run.SampTbl(0, 0));
+    TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+  }
   const bool restored = OfferRestore(kelp);
   ShowScreen(kelp, "frmAcquire");
-  if (reopened && !restored) ShowScreen(kelp, "frmRecalc");
+  if (reopened && !restored && AnySampleRead(kelp)) {
+    UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
+    ShowScreen(kelp, "frmRecalc");
+  }
+  return hasReport || reopened;
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {
@@ -164,30 +209,33 @@ void CloseStationFiles(RunState& run) {
     path->clear();
 }
 
-// A station that can't be opened leaves the one that was open as it is.
-template <class Work>
-void KeepingStation(Kelp& kelp, const Work& work) {
-  const RunState before = kelp.run;
-  const std::string box = kelp.frmAcquire.txtStaInfo[kStaProcNum].Text;
-  try {
-    work();
-  } catch (const RunTimeError&) {
-    kelp.run = before;
-    kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = box;
-    throw;
-  }
+// Without a station there is nothing that could be saved under another one's number.
+void HoldNoStation(Kelp& kelp) {
+  kelp.run.SampNum = 1;
+  ClearGrid(kelp.frmAcquire.datalog);
+}
+
+Counter16 NextBottle(const Kelp& kelp) {
+  const int last = kelp.run.SampCount;
+  if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
+  return static_cast<long long>(ToInt16(Val(kelp.frmAcquire.datalog.Text(last, kColBottle)))) + 1;
 }
 
 }  // namespace
 
-void LoadBaseFile(Kelp& kelp, std::string& path) {
+bool LoadBaseFile(Kelp& kelp, std::string& path) {
+  bool saved = false;
   KeepingStation(kelp, [&] {
     CloseStationFiles(kelp.run);
     const Found found = FindBaseFile(kelp, path);
-    if (found == Found::File) ReadBaseFile(kelp, path);
+    if (found == Found::File)
+      saved = ReadBaseFile(kelp, path);
+    else
+      HoldNoStation(kelp);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
     RefreshStandardDisplays(kelp);
   });
+  return saved;
 }
 
 void OpenNextStation(Kelp& kelp) {
@@ -198,12 +246,13 @@ void OpenNextStation(Kelp& kelp) {
     run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
     header[kStaProcNum].Text = run.ProcNum;
     run.SampNum = 1;
+    run.StepName = "BLANK";
     run.LabCalRun = false;
     // The capital C is as the files are named here; names are found without regard to letter case.
     run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
-    LoadBaseFile(kelp, run.BaseFile);
+    const bool saved = LoadBaseFile(kelp, run.BaseFile);
     // A station that was run already brings its own blanks and copros.
-    if (!HasResults(run)) MoveEndValues(kelp);
+    if (!saved) MoveEndValues(kelp);
     kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
     kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
     run.ProcNumEdited = false;
@@ -218,11 +267,10 @@ void AddSample(Kelp& kelp) {
     Tell(kelp, "100 Samples is max!  Split your samples into separate runs...");
     return;
   }
+  const Counter16 bottle = NextBottle(kelp);
   ++run.SampCount;
   run.SampNum = run.SampCount;
   const int row = SampleRow(run);
-  const Counter16 bottle = run.SampCount > 1 ? ToInt16(Val(run.SampTbl(row - 1, kTblBottle))) + 1
-                                             : static_cast<int>(ToInt16(CfgNumber(run, kCfgStartBottle)));
   for (int col = 0; col < StationTable::kCols; ++col) run.SampTbl(row, col).clear();
   run.SampTbl(row, kTblCode) = "2";
   run.SampTbl(row, kTblBottle) = Padded(std::to_string(int{bottle}), 2, "L", "0");

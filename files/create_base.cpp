@@ -3,6 +3,8 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
+#include "files/keeping_station.hpp"
+#include "files/table_lines.hpp"
 
 namespace kelp {
 
@@ -18,8 +20,8 @@ std::string BaseFileText(const Kelp& kelp) {
   std::string text =
       OneField(Trim(box[kLineSta].Text), false) + "\r\n" + CfgValue(run, kCfgFluorometer) + "\r\n";
   text += "0.0 0.0 0.0 0.0\r\n0.0 0.0 0.0 0.0\r\n";
-  text += run.ProcNum + (count.size() < 2 ? "   " : "  ") + count + " " + CfgValue(run, kCfgMachineFactor) +
-          " " + CfgValue(run, kCfgAcidRatio) + "\r\n";
+  text += NumberAndCount(run.ProcNum, count) + " " + CfgValue(run, kCfgMachineFactor) + " " +
+          CfgValue(run, kCfgAcidRatio) + "\r\n";
   const double samples = Val(count);
   const Counter16 firstBottle = ToInt16(Val(box[kBottle].Text));
   for (int i = 1; i <= samples; ++i) {
@@ -43,6 +45,25 @@ void CopyToHeaderBoxes(Kelp& kelp) {
   kelp.run.VialEdited = !Trim(box[kVial].Text).empty();
 }
 
+void CreateStation(Kelp& kelp, const std::string& procNum) {
+  RunState& run = kelp.run;
+  Disk& disk = kelp.platform.disk();
+  run.ProcNum = PaddedProcNum(procNum);
+  run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
+  const std::string station = Upper(kelp.frmCreateBase.Text1[kLineSta].Text);
+  if (Contains(station, "LAB") || Contains(station, "CAL")) run.LabCalRun = true;
+  if (disk.Exists(run.BaseFile) &&
+      !AskYes(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
+    return;
+  const std::string text = BaseFileText(kelp);
+  disk.MakeFolder(run.DataOutPath);
+  disk.Replace(run.BaseFile, text);
+  CopyToHeaderBoxes(kelp);
+  ShowScreen(kelp, "frmAcquire");
+  UnloadScreen(kelp, "frmCreateBase", kelp.frmCreateBase);
+  LoadBaseFile(kelp, run.BaseFile);
+}
+
 }  // namespace
 
 bool UsableProcNum(std::string_view procNum) {
@@ -64,9 +85,7 @@ void ShowCreateBase(Kelp& kelp) {
 }
 
 void CreateBaseFile(Kelp& kelp) {
-  RunState& run = kelp.run;
   const auto& box = kelp.frmCreateBase.Text1;
-  Disk& disk = kelp.platform.disk();
   if (Val(box[kCount].Text) > kMaxSamples) {
     Tell(kelp, "Max number of samples is 100!");
     return;
@@ -76,20 +95,7 @@ void CreateBaseFile(Kelp& kelp) {
     Tell(kelp, "ProcNum \"" + typed + "\" can't be part of a file name. Type a number such as 007 or 801.");
     return;
   }
-  run.ProcNum = PaddedProcNum(typed);
-  run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
-  const std::string station = Upper(box[kLineSta].Text);
-  if (Contains(station, "LAB") || Contains(station, "CAL")) run.LabCalRun = true;
-  if (disk.Exists(run.BaseFile) &&
-      !AskYes(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
-    return;
-  const std::string text = BaseFileText(kelp);
-  disk.MakeFolder(run.DataOutPath);
-  disk.Replace(run.BaseFile, text);
-  CopyToHeaderBoxes(kelp);
-  ShowScreen(kelp, "frmAcquire");
-  UnloadScreen(kelp, "frmCreateBase", kelp.frmCreateBase);
-  LoadBaseFile(kelp, run.BaseFile);
+  KeepingStation(kelp, [&] { CreateStation(kelp, typed); });
 }
 
 }  // namespace kelp

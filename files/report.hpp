@@ -15,7 +15,7 @@ inline constexpr const char* kReportBanner = "     B a y T R E K   F l u o r o m
 std::vector<std::string> ReportLines(const Kelp& kelp);
 
 /// Takes back from a saved station's report what the table does not hold: blanks, copros, filtration
-/// and read dates, initials, F and tau. Lines that are missing or unreadable change nothing.
+/// and read dates, initials, fluorometer, F and tau. Lines that are missing or unreadable change nothing.
 void TakeReportHeading(Kelp& kelp, const std::vector<std::string>& lines);
 
 }  // namespace kelp

@@ -1,14 +1,152 @@
 #include "files/result_writer.hpp"
-#include "files/ctd_import.hpp"
+
+#include <optional>
+
+#include "core/config.hpp"
+#include "core/text.hpp"
+#include "files/database_csv.hpp"
+#include "files/grid_layout.hpp"
+#include "files/html_report.hpp"
+#include "files/kept_copy.hpp"
 #include "files/report.hpp"
-#include "files/table_field.hpp"
+#include "files/station_values.hpp"
+#include "files/table_lines.hpp"
 
 namespace kelp {
-void ImportCtdHeader(Kelp& /*kelp*/) {}
-void ImportCtdMark(Kelp& /*kelp*/) {}
-std::vector<std::string> ReportLines(const Kelp& /*kelp*/) { return {}; }
-void TakeReportHeading(Kelp& /*kelp*/, const std::vector<std::string>& /*lines*/) {}
-std::string FieldFromCell(std::string_view cell) { return std::string(cell); }
-std::string CellFromField(std::string_view field) { return std::string(field); }
-bool SaveStationResults(Kelp& /*kelp*/) { return true; }
+
+namespace {
+
+constexpr const char* kPrintStep = "printed report";
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+bool HoldsStation(const StationTable& table) {
+  for (int row = 0; row < StationTable::kRows; ++row)
+    for (int col = 0; col < StationTable::kCols; ++col)
+      if (!table(row, col).empty()) return true;
+  return false;
+}
+
+// A save that repeats one that failed goes on where that stopped, unless the data have changed since.
+// The log goes on while the operator mends the trouble: the time of its last record is no change.
+void GoOnWithUnfinished(RunState& run, const std::string& text) {
+  const DateAndTime read = ReadAt(run);
+  const std::string data = Replaced(text, read.Date + " " + read.Time, "");
+  if (run.Unfinished.Data != data) run.Unfinished = {data, {}};
+}
+
+template <class Work>
+void Once(RunState& run, const std::string& step, const Work& work) {
+  if (run.Unfinished.Done.contains(step)) return;
+  work();
+  run.Unfinished.Done.insert(step);
+}
+
+void Print(Kelp& kelp, const std::vector<std::string>& report) {
+  try {
+    for (const std::string& line : report) kelp.platform.PrintLine(line);
+  } catch (const RunTimeError&) {
+    // The next try begins a new document.
+    try {
+      kelp.platform.EndDocument();
+    } catch (const RunTimeError&) {
+    }
+    throw;
+  }
+}
+
+// The filtration's date and time as they stand in the boxes, where the operator may have changed them.
+// The half of the day is cut off, not converted: the database's time column takes no letters.
+void NormaliseCtdTime(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const auto& header = kelp.frmAcquire.txtStaInfo;
+  if (!header[kStaFiltDate].Text.empty()) run.CtdDate = header[kStaFiltDate].Text;
+  if (!header[kStaFiltTime].Text.empty()) run.CtdTime = header[kStaFiltTime].Text;
+  for (const char* half : {" AM", " PM", "AM", "PM"}) run.CtdTime = Replaced(run.CtdTime, half, "");
+}
+
+void AppendToDatabase(Kelp& kelp) {
+  const auto append = [&](const std::string& path, std::string_view header) {
+    Once(kelp.run, path,
+         [&] { AppendDatabaseRows(kelp.platform.disk(), path, header, DatabaseRows(kelp, header)); });
+  };
+  append(CruiseCsvPath(kelp.run), kCruiseCsvHeader);
+  append(StationCsvPath(kelp.run), kStationCsvHeader);
+}
+
+// Writes all files, whether or not the printer works; returns what was wrong with the printer.
+std::optional<RunTimeError> WriteStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  Disk& disk = kelp.platform.disk();
+  const LocalTime now = kelp.platform.Now();
+  run.ReportStr = ShortDate(now) + " " + LongTime(now);
+  run.ResultsSaved = false;
+  TakeGrid(kelp);
+  const std::string table = Joined(TableLines(kelp));
+  const std::vector<std::string> lines = ReportLines(kelp);
+  const std::string report = Joined(lines);
+  GoOnWithUnfinished(run, table + report);
+
+  Once(run, run.PrnFile, [&] { disk.Append(run.PrnFile, report); });
+  // A station reloaded from its kept copy is saved under its own name; the file there is kept like any.
+  run.BaseFile = StationPath(run.BaseFile);
+  Once(run, run.BaseFile, [&] { KeepBaseFile(disk, run.BaseFile, now); });
+  disk.Replace(run.BaseFile, table + report);
+  disk.Replace(run.BaseFile + ".htm", HtmlReport(lines));
+  std::optional<RunTimeError> printFailure;
+  if (kelp.frmWhatsNext.Check2[0].Value) {
+    try {
+      Once(run, kPrintStep, [&] { Print(kelp, lines); });
+    } catch (const RunTimeError& error) {
+      printFailure = error;
+    }
+  }
+  NormaliseCtdTime(kelp);
+  if (kelp.frmWhatsNext.Check2[1].Value) AppendToDatabase(kelp);
+  Once(run, kConfigPath, [&] { SnapshotConfig(kelp); });
+  run.ResultsSaved = !printFailure;
+  return printFailure;
+}
+
+void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) {
+  kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
+                     .Title = std::string(ErrorName(error.kind())),
+                     .Icon = Icon::Critical,
+                     .ReportsError = true});
+}
+
+}  // namespace
+
+bool SaveStationResults(Kelp& kelp) {
+  if (!HoldsStation(kelp.run.SampTbl)) {
+    Tell(kelp, "No station is open, so there is nothing to save. Create or load its base file first.");
+    return false;
+  }
+  try {
+    const auto printFailure = WriteStation(kelp);
+    if (printFailure) ReportLostPrint(kelp, *printFailure);
+    return !printFailure;
+  } catch (const RunTimeError& error) {
+    Report(kelp, error,
+           "The save of station " + kelp.run.ProcNum +
+               " stopped there. Mend this, then save again: what was written before is still there and is "
+               "not written twice.");
+    return false;
+  }
+}
+
+void ReportLostPrint(Kelp& kelp, const RunTimeError& error) {
+  kelp.run.Unfinished.Done.erase(kPrintStep);
+  Report(kelp, error,
+         "All files of station " + kelp.run.ProcNum +
+             " are written; only the printed report is missing. Mend the printer, or clear \"Printer "
+             "Online\" in the chooser, then save again: no file is written twice.");
+}
+
+void FinishSave(RunState& run) { run.Unfinished = {}; }
+
 }  // namespace kelp

@@ -3,6 +3,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/read_log.hpp"
+#include "files/station_values.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
@@ -17,13 +18,6 @@ int BoxOf(const Kelp& kelp, const std::string& code) {
   if (!standard) return kBoxBeginBlank + ReadsEndValues(kelp, kStepBlank);
   const bool high = Contains(kelp.frmAcquire.Command1.Caption, "High");
   return (high ? kBoxHighStandard : kBoxLowStandard) + ReadsEndValues(kelp, kStepStandard);
-}
-
-void ShowAverageBlank(Kelp& kelp) {
-  const RunState& run = kelp.run;
-  if (run.BeginBlankText.empty() || run.EndBlankText.empty()) return;
-  kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text =
-      SavedText((Val(run.BeginBlankText) + Val(run.EndBlankText)) / 2);
 }
 
 }  // namespace

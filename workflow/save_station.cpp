@@ -6,26 +6,36 @@
 
 namespace kelp {
 
-void EndPrintJob(Kelp& kelp) {
+namespace {
+
+// Releases what the save printed to the printer.
+bool EndPrintJob(Kelp& kelp) {
   try {
     kelp.platform.EndDocument();
+    return true;
   } catch (const RunTimeError& error) {
-    // The station's files are written; the report can be printed again with Print/Save.
-    ReportError(kelp, error);
+    ReportLostPrint(kelp, error);
+    return false;
   }
 }
 
+}  // namespace
+
 bool SaveAndPrintStation(Kelp& kelp) {
-  if (!SaveStationResults(kelp)) return false;
+  if (!SaveStationResults(kelp) || !EndPrintJob(kelp)) return false;
+  FinishSave(kelp.run);
   EndJournal(kelp);
-  EndPrintJob(kelp);
   return true;
 }
 
-bool CloseStation(Kelp& kelp) {
-  if (!SaveAndPrintStation(kelp)) return false;
+bool EndStation(Kelp& kelp) {
+  if (!EndPrintJob(kelp)) return false;
   SaveStationConfig(kelp);
+  FinishSave(kelp.run);
+  EndJournal(kelp);
   return true;
 }
+
+bool CloseStation(Kelp& kelp) { return SaveStationResults(kelp) && EndStation(kelp); }
 
 }  // namespace kelp

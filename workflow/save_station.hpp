@@ -5,14 +5,16 @@
 
 namespace kelp {
 
-/// Saves the station's results and ends the print job; a printer that fails is reported. False when
-/// the results could not be saved: nothing further is to be done then.
+/// Saves the station's results and ends the print job. False after a message when either failed: nothing
+/// further is to be done then, and the save can be repeated.
 bool SaveAndPrintStation(Kelp& kelp);
 
-/// The same, followed by the running values of the configuration.
-bool CloseStation(Kelp& kelp);
+/// What follows the save at a station's end: ends the print job and saves the running values of the
+/// configuration. False after a message when the print job was lost. Throws FileError or Overflow when the
+/// configuration can't be saved.
+bool EndStation(Kelp& kelp);
 
-/// Ends the print job, so that what was printed goes to the printer.
-void EndPrintJob(Kelp& kelp);
+/// Saves the station's results and ends the station.
+bool CloseStation(Kelp& kelp);
 
 }  // namespace kelp

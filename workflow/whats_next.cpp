@@ -4,6 +4,7 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "files/base_file.hpp"
+#include "files/result_writer.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/whats_next_steps.hpp"
@@ -23,8 +24,8 @@ class Progress {
     kelp_.frmWhatsNext.NextButton.Enabled = false;
   }
   ~Progress() {
-    UnloadScreen(kelp_, "frmProgress", kelp_.frmProgress);
     kelp_.frmWhatsNext.NextButton.Enabled = true;
+    UnloadScreen(kelp_, "frmProgress", kelp_.frmProgress);
   }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -36,10 +37,10 @@ class Progress {
 
 void NextStationByOk(Kelp& kelp) {
   Progress progress(kelp);
-  if (!SaveAndPrintStation(kelp)) return;
+  if (!SaveStationResults(kelp)) return;
   // Set after the save: the text stays up during the rest of the work.
   progress.Say("Printing and Saving Data...");
-  SaveStationConfig(kelp);
+  if (!EndStation(kelp)) return;
   OpenNextStation(kelp);
   progress.Say("Loading Next Station...");
   PromptNextStation(kelp);
@@ -63,9 +64,10 @@ void EndBlankByOk(Kelp& kelp) {
 
 void PrintSaveByOk(Kelp& kelp) {
   Progress progress(kelp);
-  if (!SaveAndPrintStation(kelp)) return;
+  if (!SaveStationResults(kelp)) return;
+  // The capital "A", unlike the next station's, is as the analysts know it.
   progress.Say("Printing And Saving Data...");
-  SaveStationConfig(kelp);
+  if (!EndStation(kelp)) return;
   PutIntoStandby(kelp);
   ClearReadingDisplays(kelp.frmAcquire);
   EndProgram(kelp);

@@ -1,0 +1,112 @@
+#include "files/database_csv.hpp"
+
+#include <map>
+
+#include "core/config.hpp"
+#include "core/text.hpp"
+#include "files/station_values.hpp"
+
+namespace kelp {
+
+namespace {
+
+using Values = std::map<std::string, std::string, std::less<>>;
+
+// Line 17 says which blank the database gets; without an end blank there is no average.
+std::string BlankToSave(const Kelp& kelp) {
+  const std::string& average = kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text;
+  const bool wantsAverage = Upper(CfgValue(kelp.run, kCfgBlankToSave)).starts_with("AVE");
+  return wantsAverage && !average.empty() ? average : BlankText(kelp, kBoxBeginBlank);
+}
+
+Values StationColumns(const Kelp& kelp) {
+  const RunState& run = kelp.run;
+  const FrmAcquire& form = kelp.frmAcquire;
+  const DateAndTime read = ReadAt(run);
+  std::vector<std::string> station = Words(form.txtStaInfo[kStaLineSta].Text);
+  station.resize(2);
+  const std::string& f = form.txtStaInfo[kStaF].Text;
+  const std::string& tau = form.txtStaInfo[kStaTau].Text;
+  return {
+      {"CruzID", run.CruiseID},
+      {"OccLine", station[0]},
+      {"OccStation", station[1]},
+      {"ProcessingNumber", run.ProcNum},
+      {"Blank", BlankToSave(kelp)},
+      {"AverBlank", form.txtStaInfo[kStaAveBlank].Text},
+      {"DateFiltration", run.CtdDate},
+      {"TimeFiltration", run.CtdTime},
+      {"ReadDate", read.Date},
+      {"ReadTime", read.Time},
+      {"ReadBy", form.Combo1.Text},
+      {"Fluorometer", form.txtStaInfo[kStaFluorometer].Text},
+      {"Copro3-1", form.txtBlank[kBoxCopro1].Text},
+      {"Copro2-5", form.txtBlank[kBoxCopro2].Text},
+      {"PreCalibrF", f},
+      {"PreCalF", f},
+      {"PreCalibrTau", tau},
+      {"PreCalTau", tau},
+      {"StationType", run.CastType},
+      {"StaType1", run.CastType},
+  };
+}
+
+void SetSampleColumns(Values& values, const Grid& grid, int row) {
+  struct Column {
+    const char* name;
+    GridCol col;
+  };
+  static constexpr Column kColumns[] = {{"Niskin", kColBottle},
+                                        {"SCTube Number", kColVial},
+                                        {"FiltrVolume", kColFilV},
+                                        {"ExtractedVolume", kColExV},
+                                        {"Rb", kColRb},
+                                        {"Ra", kColRa},
+                                        {"TempAR", kColAcidR},
+                                        {"TempCalcChl", kColChla},
+                                        {"TempCalcPhae", kColPhaeo},
+                                        {"Depth", kColDepth},
+                                        {"QCFlag", kColQc},
+                                        {"CommFilterer", kColFiltCom},
+                                        {"CommReader", kColReadCom}};
+  for (const Column& column : kColumns) values[column.name] = grid.Text(row, column.col);
+}
+
+std::string DatabaseRow(const Values& values, std::string_view header) {
+  std::string row;
+  for (bool more = true; more;) {
+    const auto end = header.find(',');
+    const auto value = values.find(header.substr(0, end));
+    if (value != values.end()) row += Trim(OneField(value->second, true));
+    more = end != std::string_view::npos;
+    if (more) header.remove_prefix(end + 1);
+    row += more ? "," : "\r\n";
+  }
+  return row;
+}
+
+}  // namespace
+
+std::string CruiseCsvPath(const RunState& run) { return run.DataOutPath + run.CruiseID + "Chldb.csv"; }
+
+std::string StationCsvPath(const RunState& run) {
+  return run.DataOutPath + run.CruiseID + run.ProcNum + "Chldb1.csv";
+}
+
+std::string DatabaseRows(const Kelp& kelp, std::string_view header) {
+  Values values = StationColumns(kelp);
+  std::string rows;
+  for (int row = 1; row <= kelp.run.SampCount; ++row) {
+    SetSampleColumns(values, kelp.frmAcquire.datalog, row);
+    rows += DatabaseRow(values, header);
+  }
+  return rows;
+}
+
+void AppendDatabaseRows(Disk& disk, const std::string& path, std::string_view header,
+                        const std::string& rows) {
+  const std::string text = disk.Exists(path) ? rows : std::string(header) + "\r\n" + rows;
+  if (!text.empty()) disk.Append(path, text);
+}
+
+}  // namespace kelp

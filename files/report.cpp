@@ -1,0 +1,54 @@
+#include "files/report.hpp"
+
+#include "core/results_line.hpp"
+#include "core/text.hpp"
+#include "files/station_values.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr std::size_t kLeftWidth = 34;
+constexpr std::size_t kRightWidth = 30;
+
+std::string Halves(const std::string& left, const std::string& right) {
+  return Padded(OneField(left, false), kLeftWidth, "R", "S") +
+         Padded(OneField(right, false), kRightWidth, "L", "S");
+}
+
+// The copros stand under the blanks, in the right half.
+std::string CoproLine(const FrmAcquire& form, const std::string& name, int box) {
+  return Halves("", "Copro " + name + ": " + form.txtBlank[box].Text + "/" + form.txtBlank[box + 1].Text);
+}
+
+}  // namespace
+
+std::vector<std::string> ReportLines(const Kelp& kelp) {
+  const RunState& run = kelp.run;
+  const FrmAcquire& form = kelp.frmAcquire;
+  const auto box = [&](StaInfo index) { return std::string(Trim(form.txtStaInfo[index].Text)); };
+  const DateAndTime read = ReadAt(run);
+  std::vector<std::string> lines = {
+      "",
+      "",
+      kReportBanner,
+      "",
+      Halves("    Expedition: BayTREK " + run.CruiseID, "Cast " + run.ProcNum),
+      Halves("    Ship: " + run.ShipName, "    Station: " + box(kStaLineSta)),
+      Halves("    Filtered: " + box(kStaFiltDate) + " " + box(kStaFiltTime),
+             "Fluorometer: " + box(kStaFluorometer)),
+      Halves("    Read: " + read.Date + " " + read.Time, "F=" + box(kStaF) + ", tau=" + box(kStaTau)),
+      Halves("    Read by: " + std::string(Trim(form.Combo1.Text)),
+             "begin/end: " + BlankText(kelp, kBoxBeginBlank) + "/" + BlankText(kelp, kBoxEndBlank)),
+      CoproLine(form, run.CoproLowStd, kBoxCopro1),
+      CoproLine(form, run.CoproHighStd, kBoxCopro2),
+      "",
+      kResultsHeading,
+      kResultsRule,
+  };
+  // Four blanks put the results line of the local results file under the heading.
+  for (int row = 1; row <= run.SampCount; ++row) lines.push_back("    " + ResultsLine(form.datalog, row));
+  return lines;
+}
+
+}  // namespace kelp
