@@ -42,7 +42,7 @@ void DesktopRun::ConnectParts() {
   platform_.Screens.DialogOpens = [this] { runner_.DialogOpens(); };
   platform_.Screens.DialogClosed = [this] { runner_.DialogClosed(); };
   platform_.Question = [this] { sound_.Play(Cue::Attention); };
-  platform_.PdfPath = [this] { return Left(kelp_.run.PrnFile, kelp_.run.PrnFile.rfind('.')) + ".pdf"; };
+  platform_.PdfPath = [this] { return kelp_.run.PrnFile.substr(0, kelp_.run.PrnFile.rfind('.')) + ".pdf"; };
   platform_.PrinterChosen = [this](const QString& printer) {
     settings_.Printer = printer;
     Keep();

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <iostream>
 
+#include "app/focus.hpp"
 #include "console/script_player.hpp"
 #include "console/simulated_operator.hpp"
 #include "desktop/machine/desktop_run.hpp"
