@@ -9,16 +9,6 @@ namespace kelp {
 
 namespace {
 
-// The box of a value: end values stand behind the begin values.
-int BoxOf(const Kelp& kelp, const std::string& code) {
-  const bool standard = kelp.run.StepName == "STANDARD";
-  if (code == "1") return kBoxCopro1 + ReadsEndValues(kelp, kStepCopros);
-  if (code == "2") return kBoxCopro2 + ReadsEndValues(kelp, kStepCopros);
-  if (!standard) return kBoxBeginBlank + ReadsEndValues(kelp, kStepBlank);
-  const bool high = Contains(kelp.frmAcquire.Command1.Caption, "High");
-  return (high ? kBoxHighStandard : kBoxLowStandard) + ReadsEndValues(kelp, kStepStandard);
-}
-
 void ShowAverageBlank(Kelp& kelp) {
   const RunState& run = kelp.run;
   if (run.BeginBlankText.empty() || run.EndBlankText.empty()) return;
@@ -28,8 +18,18 @@ void ShowAverageBlank(Kelp& kelp) {
 
 }  // namespace
 
+// The box of a value: end values stand behind the begin values.
+int RecordBox(const Kelp& kelp, const std::string& code) {
+  const bool standard = kelp.run.StepName == "STANDARD";
+  if (code == "1") return kBoxCopro1 + ReadsEndValues(kelp, kStepCopros);
+  if (code == "2") return kBoxCopro2 + ReadsEndValues(kelp, kStepCopros);
+  if (!standard) return kBoxBeginBlank + ReadsEndValues(kelp, kStepBlank);
+  const bool high = Contains(kelp.frmAcquire.Command1.Caption, "High");
+  return (high ? kBoxHighStandard : kBoxLowStandard) + ReadsEndValues(kelp, kStepStandard);
+}
+
 void RecordStep(Kelp& kelp, const std::string& value, const std::string& code) {
-  const int box = BoxOf(kelp, code);
+  const int box = RecordBox(kelp, code);
   kelp.frmAcquire.txtBlank[box].Text = value;
   if (box > kBoxEndBlank) return;
   kelp.run.SampTbl(2, box) = value;
