@@ -135,8 +135,7 @@ void SaveCopro(Kelp& kelp) {
 
 bool SdIsMet(const Kelp& kelp) {
   const auto criterion = static_cast<float>(CfgNumber(kelp.run, kCfgSdCriterion));
-  return AverageExists(kelp.run) &&
-         static_cast<float>(Val(kelp.frmAcquire.txtStats[2].Text)) <= criterion;
+  return AverageExists(kelp.run) && static_cast<float>(Val(kelp.frmAcquire.txtStats[2].Text)) <= criterion;
 }
 
 void SaveReading(Kelp& kelp) {

@@ -64,8 +64,8 @@ class Binder {
   void Add(std::string_view name, int index, Control& control) {
     const std::pair key(std::string(name), index);
     const auto own = own_.find(key);
-    Keep(key, MakeLink({screen_, key.first, index}, control, own == own_.end() ? nullptr : own->second, window_,
-                       report_));
+    Keep(key, MakeLink({screen_, key.first, index}, control, own == own_.end() ? nullptr : own->second,
+                       window_, report_));
   }
   void Keep(const std::pair<std::string, int>& key, std::unique_ptr<Link> link);
 

@@ -72,16 +72,16 @@ void FrmAcquireWindow::MakeOwnWidgets() {
     standards_.push_back(Controls.Use("txtBlank", i, new MarkedEdit(this)));
   Controls.Use("Text4", -1, new InstructionBox(this));
   chart_ = Controls.Use("pctCanvas", -1, new StripChartView(kelp_.run, this));
-  grid_ = Controls.Use("datalog", -1,
-                       new GridView(kelp_.frmAcquire.datalog, {"frmAcquire", "datalog"}, Controls.Reporter(), this));
+  grid_ = Controls.Use(
+      "datalog", -1,
+      new GridView(kelp_.frmAcquire.datalog, {"frmAcquire", "datalog"}, Controls.Reporter(), this));
   SetLook(grid_, 0.93);
   Controls.Use("StatusBar1", -1, MakeStatusText(0));
 }
 
 // Names for screen readers, where no label beside a widget gives one.
 void FrmAcquireWindow::NameWidgets() const {
-  for (int i = 0; i < 10; ++i)
-    Controls("txtRead", i)->setAccessibleName("Read " + QString::number(i + 1));
+  for (int i = 0; i < 10; ++i) Controls("txtRead", i)->setAccessibleName("Read " + QString::number(i + 1));
   for (int k = 1; k <= 20; ++k) Controls("txtMean", k)->setAccessibleName("Mean " + QString::number(k));
   Controls("txtReading")->setAccessibleName("Average fluorometer reading");
   Controls("Text1")->setAccessibleName("Fluorometer output");
@@ -100,7 +100,8 @@ void FrmAcquireWindow::NameWidgets() const {
 void FrmAcquireWindow::SetTabs(QWidget* soundSwitch) const {
   std::vector<QWidget*> chain;
   const auto add = [&](const char* control, int index = -1) { chain.push_back(Controls(control, index)); };
-  for (const char* button : {"Command1", "Command2", "Command4", "Command5", "Command6", "Command3"}) add(button);
+  for (const char* button : {"Command1", "Command2", "Command4", "Command5", "Command6", "Command3"})
+    add(button);
   for (int i = 0; i < kelp_.frmAcquire.Option1.kCount; ++i) add("Option1", i);
   add("Check1");
   for (int i = 0; i < kelp_.frmAcquire.txtStaInfo.kCount; ++i) add("txtStaInfo", i);

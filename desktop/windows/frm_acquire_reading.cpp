@@ -94,7 +94,8 @@ QLayout* FrmAcquireWindow::MakeRunButtons() const {
   for (const char* button : {"Command2", "Command4", "Command5", "Command6", "Command3"}) {
     QWidget* widget = Controls(button);
     // [Pause] and [Resume] take the same room.
-    widget->setMinimumWidth(std::max(widget->sizeHint().width(), widget->fontMetrics().averageCharWidth() * 11));
+    widget->setMinimumWidth(
+        std::max(widget->sizeHint().width(), widget->fontMetrics().averageCharWidth() * 11));
     others->addWidget(widget, 1);
   }
   auto* layout = new QVBoxLayout;

@@ -27,7 +27,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole: return int(AlignmentOf(index.column()));
     case Qt::ToolTipRole:
       // A remark is longer than its column.
-      return PlainToolTip(index.column() >= kColFiltCom && !cell.Text.empty() ? cell.Text : grid_.ToolTipText);
+      return PlainToolTip(index.column() >= kColFiltCom && !cell.Text.empty() ? cell.Text
+                                                                              : grid_.ToolTipText);
     case Qt::AccessibleTextRole:
       return QString("%1, row %2: %3")
           .arg(FromProgram(grid_.Text(0, index.column())))
@@ -40,7 +41,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) {
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignCenter);
-    return role == Qt::DisplayRole ? QVariant(section + 1 == markedRow_ ? u"\u25B6"_qs : QString()) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(section + 1 == markedRow_ ? u"\u25B6"_qs : QString())
+                                   : QVariant();
   }
   if (role == Qt::TextAlignmentRole) return int(AlignmentOf(section));
   return role == Qt::DisplayRole ? QVariant(FromProgram(grid_.Text(0, section))) : QVariant();

@@ -9,7 +9,8 @@ namespace kelp {
 
 class GridModel : public QAbstractTableModel {
  public:
-  explicit GridModel(const Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid), shown_(grid) {}
+  explicit GridModel(const Grid& grid, QObject* parent)
+      : QAbstractTableModel(parent), grid_(grid), shown_(grid) {}
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -39,7 +39,8 @@ class CellPainter : public QStyledItemDelegate {
     DrawFrames(painter, option, index, marked && index.column() == view_->MarkedCol());
   }
 
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const override {
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& /*index*/) const override {
     return {DigitsWidth(*view_, 7) + 2 * kCellPad, option.fontMetrics.height() + 6};
   }
 
@@ -138,7 +139,8 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   viewport()->update(visualRect(previous));
   viewport()->update(visualRect(current));
   if (taking_ || !current.isValid()) return;
-  report_({.Kind = EventKind::SelectCell, .Place = place_, .Row = current.row() + 1, .Col = current.column()});
+  report_(
+      {.Kind = EventKind::SelectCell, .Place = place_, .Row = current.row() + 1, .Col = current.column()});
 }
 
 // 100 twips of the grid's own widths hold a digit. The comments share what is left.

@@ -18,7 +18,8 @@ bool IsEnter(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.k
 bool IsPlain(const QKeyEvent& key) { return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier; }
 
 bool TakesCharacters(const QWidget& widget) {
-  return qobject_cast<const QLineEdit*>(&widget) != nullptr || qobject_cast<const QComboBox*>(&widget) != nullptr;
+  return qobject_cast<const QLineEdit*>(&widget) != nullptr ||
+         qobject_cast<const QComboBox*>(&widget) != nullptr;
 }
 
 // Ctrl+Enter and Shift+Enter stand for the double click.

@@ -49,8 +49,7 @@ void MarkProblem(QWidget* widget, bool problem) {
   if (problem)
     edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
   QPalette palette;
-  if (problem)
-    palette.setColor(QPalette::Base, Mixed(palette.color(QPalette::Base), WarnInk(palette), 0.25));
+  if (problem) palette.setColor(QPalette::Base, Mixed(palette.color(QPalette::Base), WarnInk(palette), 0.25));
   edit->setPalette(palette);
 }
 
@@ -71,7 +70,8 @@ class LinkTo : public Link {
       : Link(std::move(place), widget), control_(control) {
     if constexpr (requires { control.List; }) PutList(Widget, control.List);
     PutText(Widget, FromProgram(TextOf(control)));
-    if constexpr (requires { control.Value; }) static_cast<QAbstractButton*>(widget)->setChecked(control.Value);
+    if constexpr (requires { control.Value; })
+      static_cast<QAbstractButton*>(widget)->setChecked(control.Value);
     PutRest();
     Shown = control;
   }

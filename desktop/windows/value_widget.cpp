@@ -54,7 +54,8 @@ QSize ValueBox::sizeHint() const {
 QFont ValueBox::FittedFont() const {
   if (largest_ <= 0) return font();
   const QFontMetricsF metrics(font());
-  const double across = (width() - 2.0 * kPad) / metrics.horizontalAdvance(QString(std::max<qsizetype>(digits_, ShownText().size()), '0'));
+  const double across = (width() - 2.0 * kPad) / metrics.horizontalAdvance(QString(
+                                                     std::max<qsizetype>(digits_, ShownText().size()), '0'));
   const double down = height() / metrics.height();
   return Scaled(font(), std::clamp(std::min(across, down), 1.0, largest_), font().bold());
 }
@@ -106,9 +107,7 @@ void InstructionBox::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(inner, flags, ShownText());
 }
 
-Sign::Sign(QWidget* parent) : QWidget(parent) {
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-}
+Sign::Sign(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); }
 
 void Sign::Set(bool met, const QString& words) {
   if (met == met_ && words == words_) return;

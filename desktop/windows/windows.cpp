@@ -126,7 +126,8 @@ void Windows::Send(const Event& event) {
 void Windows::TakeFocus(const FocusPlace& place) {
   if (sending_) return;
   focusToSend_ = place;
-  QMetaObject::invokeMethod(this, [this] { SendFocus(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { SendFocus(); }, Qt::QueuedConnection);
 }
 
 void Windows::SendFocus() {
@@ -192,7 +193,8 @@ void Windows::Place(ScreenWindow& window) {
   window.winId();
   QWidget* owner = BelongsToRun(screen) && acquire_ != nullptr && acquire_->isVisible() ? acquire_ : nullptr;
   window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
-  if (const auto kept = geometry_.find(screen); kept != geometry_.end() && window.restoreGeometry(kept->second))
+  if (const auto kept = geometry_.find(screen);
+      kept != geometry_.end() && window.restoreGeometry(kept->second))
     return;
   const QRect space = (owner == nullptr ? window.screen() : owner->screen())->availableGeometry();
   QSize size = window.sizeHint();
@@ -201,7 +203,8 @@ void Windows::Place(ScreenWindow& window) {
   QRect place(QPoint(), window.size());
   place.moveCenter(owner == nullptr ? space.center() : owner->geometry().center());
   if (screen == "frmWhatsNext")
-    place.moveTop(std::min(space.top() + kelp_.frmWhatsNext.Top / kTwipsPerPixel, space.bottom() - place.height()));
+    place.moveTop(
+        std::min(space.top() + kelp_.frmWhatsNext.Top / kTwipsPerPixel, space.bottom() - place.height()));
   window.move(place.topLeft());
   if (screen == "frmAcquire" && space.height() < 900) window.setWindowState(Qt::WindowMaximized);
 }
