@@ -60,7 +60,7 @@ double ShowSlots(FrmAcquire& form, const std::vector<float>& reads) {
 
 void UpdateSd(ReadLoopState& loop, std::size_t n, double sum, double sumsq) {
   const Counter16 divisor = static_cast<long long>(n) * (static_cast<long long>(n) - 1);
-  // One read has no SD (0 / 0): the previous one stays.
+  // A single read has no SD: the previous one stays.
   if (divisor == 0) return;
   // The 10 is a constant and not N: with N = 10 this is the sample variance, with any other N it
   // stays as the analysts' criterion was tuned to it.

@@ -7,7 +7,7 @@ namespace kelp {
 
 namespace {
 
-constexpr double kRaMargin = 0.1;
+constexpr float kRaMargin = 0.1F;
 constexpr const char* kWaitTip = "Wait for minimum number of reads";
 
 void SetButton(FrmAcquire& form, const std::string& caption, const std::string& tip) {
@@ -17,8 +17,8 @@ void SetButton(FrmAcquire& form, const std::string& caption, const std::string& 
 
 void WaitForFall(Kelp& kelp) {
   if (!kelp.frmAcquire.Check1.Value || kelp.run.RaAccepted) return;
-  // The displayed text against the single-precision Rb, as the operator compares them.
-  if (Val(kelp.frmAcquire.txtReading.Text) <= static_cast<double>(kelp.run.RbReading) + kRaMargin) return;
+  const auto shown = static_cast<float>(Val(kelp.frmAcquire.txtReading.Text));
+  if (shown <= kelp.run.RbReading + kRaMargin) return;
   kelp.run.ReadCount = 0;
   kelp.frmAcquire.Text4.Text = "Ra greater than Rb... Wait...\nor press spacebar to accept Ra value.";
 }

@@ -12,7 +12,7 @@ void StartLineWatch(Kelp& kelp);
 /// A reading has come in: takes back what the status bar said about the line.
 void NoteReading(Kelp& kelp);
 
-/// A pass without data: opens a lost line again, or tells the age of the last reading after five
+/// A pass without a reading: opens a lost line again, or tells the age of the last reading after five
 /// seconds without one.
 void WatchLine(Kelp& kelp);
 

@@ -14,10 +14,12 @@ namespace kelp {
 
 namespace {
 
-void TakeWaitingText(Kelp& kelp) {
+// True when the text that was waiting completed a reading.
+bool TakeWaitingText(Kelp& kelp) {
   ReadLoopState& loop = kelp.loop;
   loop.Accumulator += kelp.platform.ReadWaiting();
-  if (HoldsReading(loop.Accumulator)) {
+  const bool complete = HoldsReading(loop.Accumulator);
+  if (complete) {
     kelp.frmAcquire.Text1.Text = loop.Accumulator.substr(std::min<std::size_t>(2, loop.Accumulator.size()));
     const float reading = ReadingIn(loop.Accumulator);
     NoteReading(kelp);
@@ -32,6 +34,7 @@ void TakeWaitingText(Kelp& kelp) {
     BoundAccumulator(loop.Accumulator);
   }
   kelp.frmAcquire.txtStats[0].Text = std::to_string(int{kelp.run.ReadCount});
+  return complete;
 }
 
 }  // namespace
@@ -56,10 +59,8 @@ bool ReadPass(Kelp& kelp) {
     loop.Running = false;
     return false;
   }
-  if (kelp.platform.BytesWaiting() > 0)
-    TakeWaitingText(kelp);
-  else
-    WatchLine(kelp);
+  const bool tookReading = kelp.platform.BytesWaiting() > 0 && TakeWaitingText(kelp);
+  if (!tookReading) WatchLine(kelp);
   UpdateInstruction(kelp);
   return kelp.frmAcquire.Check1.Value;
 }

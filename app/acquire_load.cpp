@@ -1,5 +1,7 @@
 #include "app/acquire_load.hpp"
 
+#include <functional>
+
 #include "acquire/averaging.hpp"
 #include "app/main_window.hpp"
 #include "core/config.hpp"
@@ -93,22 +95,52 @@ void FillOperators(Kelp& kelp) {
   if (!initials.empty()) kelp.frmLogin.Combo1.Text = initials.front();
 }
 
-void SetUp(Kelp& kelp) {
-  RunState& run = kelp.run;
-  ResetRun(kelp);
-  kelp.frmAcquire.Frame1.Caption = "Fluorometer " + CfgValue(run, kCfgFluorometer);
-  kelp.dlgRunRem = DlgRunRem();
-  FillHeaderBoxes(kelp);
+void TakeProcNum(Kelp& kelp) {
+  std::string& box = kelp.frmAcquire.txtStaInfo[kStaProcNum].Text;
+  kelp.run.ProcNum = NextProcNum(box);
+  box = kelp.run.ProcNum;
+}
+
+void TakeReadSettings(RunState& run) {
   run.ReadsToAverage = ToInt16(CfgNumber(run, kCfgReadsToAverage));
-  run.MinReads = ToInt16(CfgNumber(run, kCfgMinReads));
-  std::string& procNumBox = kelp.frmAcquire.txtStaInfo[kStaProcNum].Text;
-  run.ProcNum = NextProcNum(procNumBox);
-  TakeStandards(kelp);
-  run.ReadInterval = ToInt16(CfgNumber(run, kCfgReadInterval));
-  CheckLocalBackup(kelp);
-  procNumBox = run.ProcNum;
-  FillOperators(kelp);
   SizeReadBuffer(run);
+  run.MinReads = ToInt16(CfgNumber(run, kCfgMinReads));
+}
+
+// Each step is carried out even when one before it failed: what can be set up is set up. Returns what
+// the first failure was, or "".
+std::string SetUp(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const std::function<void()> steps[] = {
+      [&] { ResetRun(kelp); },
+      [&] { kelp.frmAcquire.Frame1.Caption = "Fluorometer " + CfgValue(run, kCfgFluorometer); },
+      [&] { kelp.dlgRunRem = DlgRunRem(); },
+      [&] { FillHeaderBoxes(kelp); },
+      [&] { TakeReadSettings(run); },
+      [&] { TakeProcNum(kelp); },
+      [&] { TakeStandards(kelp); },
+      [&] { run.ReadInterval = ToInt16(CfgNumber(run, kCfgReadInterval)); },
+      [&] { CheckLocalBackup(kelp); },
+      [&] { FillOperators(kelp); },
+  };
+  std::string failure;
+  for (const auto& step : steps) {
+    try {
+      step();
+    } catch (const RunTimeError& error) {
+      if (failure.empty()) failure = error.what();
+    }
+  }
+  return failure;
+}
+
+// The words of the port failure serve for any failure of the set-up; a positive number has its leading
+// blank here.
+void TellSetUpFailure(Kelp& kelp, const std::string& failure) {
+  SetStatus(kelp, failure);
+  const std::string port = Fixed(CfgNumber(kelp.run, kCfgComport), 0);
+  Tell(kelp, std::string(" CommPort") + (port.starts_with('-') ? "" : " ") + port +
+                 " is not talking, fix then restart.");
 }
 
 }  // namespace
@@ -119,14 +151,8 @@ void frmAcquire_Load(Kelp& kelp) {
   kelp.frmAcquire.Form.Loaded = true;
   kelp.Timer1.Enabled = false;
   kelp.loop.Running = false;
-  try {
-    SetUp(kelp);
-  } catch (const RunTimeError& error) {
-    SetStatus(kelp, error.what());
-    // Any failure of the set-up is told in the words of the port failure.
-    Tell(kelp, " CommPort " + std::to_string(static_cast<int>(CfgNumber(kelp.run, kCfgComport))) +
-                   " is not talking, fix then restart.");
-  }
+  const std::string failure = SetUp(kelp);
+  if (!failure.empty()) TellSetUpFailure(kelp, failure);
   kelp.frmWhatsNext = FrmWhatsNext();
   frmWhatsNext_Load(kelp);
   frmLogin_Load(kelp);

@@ -5,6 +5,7 @@
 #include "app/focus.hpp"
 #include "app/main_window.hpp"
 #include "app/typing.hpp"
+#include "files/journal.hpp"
 #include "files/read_log.hpp"
 #include "workflow/steps.hpp"
 
@@ -20,7 +21,7 @@ void Guarded(Kelp& kelp, const Handler& handler) {
   } catch (const RunTimeError& error) {
     ReportError(kelp, error);
   } catch (const std::exception& error) {
-    ReportError(kelp, RunTimeError(ErrorKind::InvalidCall, error.what()));
+    ReportError(kelp, RunTimeError(ErrorKind::InvalidCall, std::string("unexpected: ") + error.what()));
   }
 }
 
@@ -81,6 +82,7 @@ bool Post(Kelp& kelp, const Event& event) {
     return false;
   }
   Guarded(kelp, [&] { Handle(kelp, event); });
+  KeepJournal(kelp);
   return true;
 }
 
@@ -88,9 +90,14 @@ bool WantsPasses(const Kelp& kelp) { return kelp.loop.Running && !Paused(kelp) &
 
 void Pass(Kelp& kelp) {
   if (!WantsPasses(kelp)) return;
+  std::string before;
   Guarded(kelp, [&] {
-    if (ReadPass(kelp)) SaveReading(kelp);
+    if (!ReadPass(kelp)) return;
+    before = kelp.frmAcquire.Command1.Caption;
+    SaveReading(kelp);
   });
+  // Every save moves the button on; most passes save nothing and need no look at the station.
+  if (!before.empty() && kelp.frmAcquire.Command1.Caption != before) KeepJournal(kelp);
 }
 
 bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
@@ -103,6 +110,7 @@ void Tick(Kelp& kelp) {
     return;
   }
   Guarded(kelp, [&] { AppendReadLog(kelp); });
+  if (kelp.journal.Failed) KeepJournal(kelp);
 }
 
 }  // namespace kelp

@@ -26,11 +26,10 @@ PigmentInput RowInput(const Kelp& kelp, int row) {
 }
 
 void WriteResults(Grid& grid, int row, const Pigments& results) {
-  const int depth = ToInt16(Val(grid.Text(row, kColDepth)));
   grid.Text(row, kColChla) = ResultText(results.Chla);
   grid.Text(row, kColPhaeo) = ResultText(results.Phaeo);
   grid.Text(row, kColAcidR) = RatioText(results.AcidR);
-  grid.Text(row, kColQc) = QcFlag(depth, results.AcidR);
+  grid.Text(row, kColQc) = QcFlag(ToInt16(Val(grid.Text(row, kColDepth))), results.AcidR);
 }
 
 void AppendResultsLine(Kelp& kelp, int row) {

@@ -9,9 +9,10 @@ namespace kelp {
 namespace {
 
 void ReadConfig(Kelp& kelp, const std::string& path) {
+  std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
   kelp.run.CfgLines = {};
   std::size_t i = 0;
-  for (std::string& line : Lines(kelp.platform.disk().Read(path))) {
+  for (std::string& line : lines) {
     if (Trim(line).empty() || i >= kelp.run.CfgLines.size()) continue;
     kelp.run.CfgLines[i++] = std::move(line);
   }
@@ -60,6 +61,8 @@ void LoadConfig(Kelp& kelp) {
 void SaveConfig(Kelp& kelp) {
   std::string content;
   for (const std::string& line : kelp.run.CfgLines) content += line + "\r\n";
+  // On a machine that never ran the program the folder is missing too.
+  kelp.platform.disk().MakeFolder("c:\\kelp");
   kelp.platform.disk().Replace(kConfigPath, content);
 }
 
@@ -98,7 +101,7 @@ void TakeLastStation(RunState& run) {
   run.CtdDate = filtered.Date;
   run.CtdTime = filtered.Time;
   run.ProcNum = CfgValue(run, kCfgProcNum);
-  run.DataOutPath = CfgValue(run, kCfgDataPath);
+  run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
   run.CruiseID = CfgValue(run, kCfgCruise, 10);
   run.RunStarted = false;
 }

@@ -37,7 +37,16 @@ void HideScreen(Kelp& kelp, std::string_view screen) {
 
 void RaiseScreen(Kelp& kelp, std::string_view screen) { ShowScreen(kelp, screen); }
 
-void SetStatus(Kelp& kelp, std::string_view text) { kelp.frmAcquire.StatusBar1.Text = text; }
+void SetStatus(Kelp& kelp, std::string_view text) {
+  kelp.Status = text;
+  kelp.frmAcquire.StatusBar1.Text = kelp.Warning + kelp.Status;
+}
+
+void SetWarning(Kelp& kelp, std::string_view warning) {
+  if (kelp.Warning == warning) return;
+  kelp.Warning = warning;
+  SetStatus(kelp, std::string(kelp.Status));
+}
 
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
   return kelp.platform.Ask({text, title, buttons, icon}) == Answer::Yes;

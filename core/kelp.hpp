@@ -30,6 +30,7 @@ struct Kelp {
   RunState run;
   ReadLoopState loop;
   TimerState Timer1;
+  JournalState journal;
 
   FrmMain frmMain;
   FrmLogin frmLogin;
@@ -45,7 +46,9 @@ struct Kelp {
   /// Names of the visible screens, front first.
   std::vector<std::string> Shown;
   FocusPlace Focus;
-  bool Ended = false;  ///< the program has ended: front ends stop
+  std::string Status;   ///< the status text
+  std::string Warning;  ///< stands in front of it until its cause is mended
+  bool Ended = false;   ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.
@@ -80,6 +83,9 @@ void UnloadScreen(Kelp& kelp, std::string_view name, Screen& screen) {
 
 /// Sets the text of the status bar.
 void SetStatus(Kelp& kelp, std::string_view text);
+
+/// Sets, or with "" takes back, a warning that stays in front of every status text.
+void SetWarning(Kelp& kelp, std::string_view warning);
 
 /// Asks Yes/No (or Yes/No/Cancel); true for Yes only.
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,

@@ -59,6 +59,14 @@ class StationTable {
   std::array<std::string, static_cast<std::size_t>(kRows* kCols)> cells_ = {};
 };
 
+/// Where a station whose readings were restored after a crash goes on.
+enum class ResumeAt {
+  Nothing,  ///< nothing was restored, or the run goes on already
+  Step,     ///< at the step that was under way
+  Ra,       ///< at the acid of a sample that has its Rb
+  Chooser,  ///< behind the last sample
+};
+
 struct RunState {
   std::array<std::string, kCfgLineCount> CfgLines;
   StationTable SampTbl;
@@ -113,6 +121,8 @@ struct RunState {
   std::string EndBlankText;
   std::string LowStdText;
   std::string HighStdText;
+  ResumeAt Resume = ResumeAt::Nothing;
+  int StationLoads = 0;    ///< grows with every station loaded
   std::string PauseStore;  ///< the instruction text while paused
   StripChart Chart;
 };
@@ -129,6 +139,17 @@ struct ReadLoopState {
   std::int64_t LastTryAt = 0;      ///< of the last attempt to open a lost line again
   std::int64_t LastNoticeAt = 0;   ///< of the last status text about a silent line
   bool Silent = false;             ///< the status bar says that no readings come
+  /// The reading (as the chart counts them) whose save was refused; 0 for none.
+  unsigned long RefusedAtReading = 0;
+};
+
+/// What the station's journal holds already.
+struct JournalState {
+  int StationLoads = 0;                  ///< the load that this is about
+  bool Begun = false;                    ///< the station has a journal
+  bool Failed = false;                   ///< the last write failed: all is to be written anew
+  std::vector<std::string> Loaded = {};  ///< the station's values as they were loaded
+  std::vector<std::string> Values = {};  ///< the values that the journal holds
 };
 
 /// The repeating timer of the per-read log.

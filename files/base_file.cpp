@@ -8,6 +8,7 @@
 #include "core/text.hpp"
 #include "files/ctd_import.hpp"
 #include "files/grid_layout.hpp"
+#include "files/journal.hpp"
 #include "files/report.hpp"
 #include "files/table_field.hpp"
 
@@ -112,6 +113,8 @@ void ReadBaseFile(Kelp& kelp, const std::string& path) {
   form.txtStaInfo[kStaLineSta].Text = Trim(run.SampTbl(0, 0));
   run.SampNum = 1;
   run.ResultsSaved = false;
+  run.Resume = ResumeAt::Nothing;
+  ++run.StationLoads;
   const bool reopened = HasResults(run);
   if (reopened) TakeBackCells(run);
   LayOutGrid(kelp, reopened);
@@ -124,8 +127,9 @@ void ReadBaseFile(Kelp& kelp, const std::string& path) {
     }
   }
   if (reopened) TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+  const bool restored = OfferRestore(kelp);
   ShowScreen(kelp, "frmAcquire");
-  if (reopened) ShowScreen(kelp, "frmRecalc");
+  if (reopened && !restored) ShowScreen(kelp, "frmRecalc");
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {
@@ -152,6 +156,14 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
+// Until a base file is read no station is open, and nothing may be measured into the last one's files.
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
+}
+
 // A station that can't be opened leaves the one that was open as it is.
 template <class Work>
 void KeepingStation(Kelp& kelp, const Work& work) {
@@ -170,7 +182,7 @@ void KeepingStation(Kelp& kelp, const Work& work) {
 
 void LoadBaseFile(Kelp& kelp, std::string& path) {
   KeepingStation(kelp, [&] {
-    ClearTable(kelp.run);
+    CloseStationFiles(kelp.run);
     const Found found = FindBaseFile(kelp, path);
     if (found == Found::File) ReadBaseFile(kelp, path);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");

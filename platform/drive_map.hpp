@@ -11,21 +11,26 @@ namespace kelp {
 
 class DriveMap {
  public:
-  /// Drive X is `<data>/drive_x` unless SetDrive says otherwise.
-  explicit DriveMap(std::filesystem::path data) : data_(std::move(data)) {}
+  /// Drive X is `<data>/drive_x` unless SetDrive says otherwise; with an empty `data` it is the host's
+  /// own drive X.
+  explicit DriveMap(const std::filesystem::path& data)
+      : data_(data.empty() ? data : std::filesystem::absolute(data)) {}
 
+  /// Puts drive `letter` into a folder, which need not exist yet. Throws FileError when it is no letter
+  /// from A to Z or the folder is empty.
   void SetDrive(char letter, const std::filesystem::path& folder);
 
-  /// The folder of a drive.
+  /// The folder of a drive. Throws FileError when it is no letter from A to Z.
   [[nodiscard]] std::filesystem::path DriveFolder(char letter) const;
 
-  /// The host path of a program path. What exists is found in any letter case, the exact case first;
-  /// what does not exist yet gets the case asked for. Throws FileError, which names the path, when it
-  /// has no drive, holds a NUL byte, or would leave the drive's folder ("..", a link that leads out).
+  /// The host path of a program path. What exists is found in any letter case (of A to Z), the exact
+  /// case first; what does not exist yet gets the case asked for. Throws FileError, which names the
+  /// path, when it has no drive, holds a NUL byte or another byte that no name may hold, or would leave
+  /// the drive's folder ("..", a link that leads out).
   [[nodiscard]] std::filesystem::path HostPath(const std::string& path) const;
 
   /// The program path of a place on the host, such as a file chosen in a dialog; nothing when it lies
-  /// on no drive.
+  /// on no drive or its name can't be part of a program path.
   [[nodiscard]] std::optional<std::string> ProgramPath(const std::filesystem::path& place) const;
 
  private:

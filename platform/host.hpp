@@ -13,8 +13,12 @@
 
 namespace kelp {
 
-/// The real disk behind a drive map, which must outlive it.
-std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives);
+/// Whether an append waits until its line is on the disk. `Quick` is for trials and tests, whose readings
+/// can be had again: thousands of lines then cost next to nothing.
+enum class Appends { Flushed, Quick };
+
+/// The real disk behind a drive map, which must outlive it. For one thread.
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends = Appends::Flushed);
 
 /// The local time of the machine's clock.
 LocalTime HostNow();
@@ -22,7 +26,8 @@ LocalTime HostNow();
 /// A clock that never goes back, in milliseconds.
 std::int64_t HostMilliseconds();
 
-/// Where the drives lie unless told otherwise: `$XDG_DATA_HOME/kelp`, or `~/.local/share/kelp`.
+/// Where the drives lie unless told otherwise: `$XDG_DATA_HOME/kelp`, or `~/.local/share/kelp`; on
+/// Windows an empty path, for the machine's own drives. Throws FileError when the user has no home.
 std::filesystem::path HostDataFolder();
 
 /// The device of a serial port number: "/dev/ttyS<N-1>", on Windows "COMN".

@@ -57,19 +57,19 @@ std::string ScriptedPlatform::ReadWaiting() {
 Answer ScriptedPlatform::Ask(const Message& message) {
   Boxes.push_back({message});
   const std::string box = "box " + Quoted(message.Title) + " " + Quoted(message.Text);
-  if (answers_.empty()) {
+  const bool fits = !answers_.empty() && Offers(message.Buttons, answers_.front());
+  if (!fits && !message.ReportsError) {
     Say(box + " -> no answer");
-    throw NoAnswer{message.Text};
+    const std::string next = answers_.empty() ? "" : std::string(AnswerName(answers_.front()));
+    throw NoAnswer{"message box \"" + message.Text + "\"" +
+                   (next.empty() ? "" : ": it has no button " + next + ", which is the answer queued next")};
   }
-  const Answer answer = answers_.front();
-  if (!Offers(message.Buttons, answer)) {
-    Say(box + " -> no answer");
-    throw NoAnswer{message.Text + " (it has no button " + std::string(AnswerName(answer)) + ")"};
+  if (fits) {
+    Boxes.back().answer = answers_.front();
+    answers_.pop_front();
   }
-  answers_.pop_front();
-  Boxes.back().answer = answer;
-  Say(box + " -> " + std::string(AnswerName(answer)));
-  return answer;
+  Say(box + " -> " + std::string(AnswerName(Boxes.back().answer)));
+  return Boxes.back().answer;
 }
 
 std::optional<std::string> ScriptedPlatform::AskFile(const FileQuestion& question) {

@@ -1,5 +1,6 @@
 // A platform that follows a script instead of a person and a machine: answers are queued, text is fed
-// to the serial line, and time passes only when told. The console and the tests run on it.
+// to the serial line, and time passes only when told. The console and the tests run on it. The report
+// of a run-time error asks nothing: it takes an "OK" if one is next, and needs none.
 #pragma once
 
 #include <deque>
@@ -27,12 +28,15 @@ class ScriptedPlatform : public Platform {
   void QueueFile(std::optional<std::string> path) { files_.push_back(std::move(path)); }
   [[nodiscard]] std::size_t AnswersWaiting() const { return answers_.size(); }
   [[nodiscard]] std::size_t FilesWaiting() const { return files_.size(); }
-  void Feed(std::string_view text) { line_ += text; }
+  /// Text comes in on the serial line; it is lost while the line is unplugged.
+  void Feed(std::string_view text) {
+    if (lineUp_) line_ += text;
+  }
   /// The line is unplugged: what was not read is lost, the port closes and can't be opened.
   void LineDown();
   void LineUp() { lineUp_ = true; }
   void SetPrinterWorks(bool works) { printerWorks_ = works; }
-  void SetClock(LocalTime now) { start_ = now - std::chrono::seconds(milliseconds_ / 1000); }
+  void SetClock(LocalTime now) { start_ = now - std::chrono::seconds(Milliseconds() / 1000); }
   void Advance(std::int64_t milliseconds) { milliseconds_ += milliseconds; }
 
   /// Called with a line for each thing that the operator would see: message boxes, screens shown and
@@ -64,7 +68,7 @@ class ScriptedPlatform : public Platform {
   void ScreenShown(const std::string& screen) override { Say("screen " + screen + " shown"); }
   void ScreenHidden(const std::string& screen) override { Say("screen " + screen + " hidden"); }
   void ScreenRaised(const std::string& /*screen*/) override {}
-  LocalTime Now() override { return start_ + std::chrono::seconds(milliseconds_ / 1000); }
+  LocalTime Now() override { return start_ + std::chrono::seconds(Milliseconds() / 1000); }
   std::int64_t Milliseconds() override { return milliseconds_; }
 
  private:

@@ -1,5 +1,6 @@
 #include "workflow/run_controls.hpp"
 
+#include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "workflow/slots.hpp"
 
@@ -108,11 +109,15 @@ void datalog_DblClick(Kelp& kelp) {
     return;
   if (form.datalog.Row < 1) return;
   kelp.run.SampNum = form.datalog.Row;
+  kelp.run.Resume = ResumeAt::Nothing;
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
   const bool ra = form.datalog.Col == kColRa;
   form.Command1.Caption = ra ? "Acidify" : "Load Station Sample";
   kelp.run.TraceColor = ra ? kTraceBlue : kTraceMagenta;
   kelp.run.ReadFlag = ra;
+  // The Ra is to be compared with this sample's Rb, not with that of the sample left.
+  const std::string& rb = form.datalog.Text(form.datalog.Row, kColRb);
+  if (ra && !rb.empty()) kelp.run.RbReading = static_cast<float>(Val(rb));
 }
 
 void datalog_KeyPress(Kelp& kelp, int key) {

@@ -14,9 +14,9 @@ namespace {
 
 constexpr float kLowestBlank = 0.0028F;
 constexpr int kExtraReadsForRa = 5;
-constexpr double kAcidMargin = 0.06;
-constexpr double kCopro1Tolerance = 0.3;
-constexpr double kCopro2Tolerance = 0.5;
+constexpr float kAcidMargin = 0.06F;
+constexpr float kCopro1Tolerance = 0.3F;
+constexpr float kCopro2Tolerance = 0.5F;
 
 // A value may be saved once enough reads are in, an average of them exists, and the SD is small enough.
 bool MaySave(const Kelp& kelp, int extraReads) {
@@ -24,6 +24,9 @@ bool MaySave(const Kelp& kelp, int extraReads) {
 }
 
 double ShownReading(const Kelp& kelp) { return Val(kelp.frmAcquire.txtReading.Text); }
+
+// Single precision, so that 1.83 and 1.53 lie 0.3 apart and not a little more.
+float Distance(double a, double b) { return static_cast<float>(std::abs(a - b)); }
 
 bool BlankIsGood(Kelp& kelp) {
   const bool awol = Upper(Left(CfgValue(kelp.run, kCfgFluorometer), 4)) == "AWOL";
@@ -46,19 +49,25 @@ void SaveBlank(Kelp& kelp) {
   kelp.run.ReadCount = 0;
 }
 
-bool StandardIsGood(Kelp& kelp, const std::string& name) {
-  return Val(kelp.run.BeginBlankText) < ShownReading(kelp) ||
-         AskYes(kelp, name + " standard reading is too low! Save anyways? Y/N",
-                "Current value <= to beginning blank!", Icon::Critical);
+// A No holds until the next reading: the same question at every pass would leave no time to act.
+bool AskOnce(Kelp& kelp, const std::string& question) {
+  const unsigned long reading = kelp.run.Chart.PointsAdded();
+  if (kelp.loop.RefusedAtReading == reading) return false;
+  // The copros share the title of the standards: it is the one the analysts know.
+  if (AskYes(kelp, question, "Current value <= to beginning blank!", Icon::Critical)) return true;
+  kelp.loop.RefusedAtReading = reading;
+  return false;
 }
 
-// The title is that of the standards: it is the one the analysts know.
-bool CoproIsGood(Kelp& kelp, StaInfo averageBox, double tolerance) {
+bool StandardIsGood(Kelp& kelp, const std::string& name) {
+  return Val(kelp.run.BeginBlankText) < ShownReading(kelp) ||
+         AskOnce(kelp, name + " standard reading is too low! Save anyways? Y/N");
+}
+
+bool CoproIsGood(Kelp& kelp, StaInfo averageBox, float tolerance) {
   const double average = Val(kelp.frmAcquire.txtStaInfo[averageBox].Text);
-  const double difference = static_cast<double>(std::abs(static_cast<float>(ShownReading(kelp) - average)));
-  return average <= 0 || difference <= static_cast<double>(static_cast<float>(tolerance)) ||
-         AskYes(kelp, "Copro reading differs from average! Save anyways? Y/N",
-                "Current value <= to beginning blank!", Icon::Critical);
+  return average <= 0 || Distance(ShownReading(kelp), average) <= tolerance ||
+         AskOnce(kelp, "Copro reading differs from average! Save anyways? Y/N");
 }
 
 void SaveRb(Kelp& kelp) {
@@ -94,7 +103,7 @@ void WatchAcid(Kelp& kelp) {
   FrmAcquire& form = kelp.frmAcquire;
   const auto rb = static_cast<double>(run.RbReading);
   if (form.Command1.Caption == "Acidify") {
-    if (std::abs(ShownReading(kelp) - rb) > kAcidMargin) form.Command1.Caption = "Acidified";
+    if (Distance(ShownReading(kelp), rb) > kAcidMargin) form.Command1.Caption = "Acidified";
     return;
   }
   if (ShownReading(kelp) >= rb) return;

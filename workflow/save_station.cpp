@@ -1,6 +1,7 @@
 #include "workflow/save_station.hpp"
 
 #include "core/config.hpp"
+#include "files/journal.hpp"
 #include "files/result_writer.hpp"
 
 namespace kelp {
@@ -16,6 +17,7 @@ void EndPrintJob(Kelp& kelp) {
 
 bool SaveAndPrintStation(Kelp& kelp) {
   if (!SaveStationResults(kelp)) return false;
+  EndJournal(kelp);
   EndPrintJob(kelp);
   return true;
 }

@@ -1,4 +1,6 @@
 // The Start/Read/Save button.
+#include <utility>
+
 #include "acquire/averaging.hpp"
 #include "acquire/captions.hpp"
 #include "acquire/read_loop.hpp"
@@ -55,6 +57,7 @@ bool EnoughReads(Kelp& kelp) {
 
 void ClickSample(Kelp& kelp, const std::string& caption) {
   if (StartsWith(caption, "Load")) {
+    if (ResumeRestored(kelp)) return;
     BeginReading(kelp, "Reading Station Sample");
     kelp.frmAcquire.Text4.Text = "Reading and averaging sample reads;\n<spacebar> will manually save.";
   } else if (caption == "Acidify" || caption == "Acidified") {
@@ -125,7 +128,25 @@ void GoToStandby(Kelp& kelp) {
   ShowScreen(kelp, "frmWhatsNext");
 }
 
+bool ResumeRestored(Kelp& kelp) {
+  const ResumeAt resume = std::exchange(kelp.run.Resume, ResumeAt::Nothing);
+  const std::string sample = "Sample " + std::to_string(int{kelp.run.SampNum});
+  if (resume == ResumeAt::Ra) {
+    SetPrompt(
+        kelp, "SAMPLE", "Acidify", "Click to Start reading Ra",
+        sample + " has its Rb. ACIDIFY if that was not done, then press <spacebar> or click [Acidify].");
+    kelp.run.ReadFlag = true;
+    kelp.run.TraceColor = kTraceBlue;
+    return true;
+  }
+  if (resume != ResumeAt::Chooser) return false;
+  SetPrompt(kelp, "SAMPLE", "What's Next", "", "All samples are read.");
+  ShowScreen(kelp, "frmWhatsNext");
+  return true;
+}
+
 void PromptSelectedStep(Kelp& kelp) {
+  if (ResumeRestored(kelp)) return;
   const auto& option = kelp.frmAcquire.Option1;
   const std::string& copro = kelp.run.CoproLowStd;
   if (option[kStepBlank].Value)
@@ -145,6 +166,12 @@ void PromptSelectedStep(Kelp& kelp) {
 }
 
 void Command1_Click(Kelp& kelp) {
+  if (kelp.run.CsvFile.empty()) {
+    SetStatus(kelp, "No station is open: nothing can be measured.");
+    kelp.frmAcquire.Text4.Text =
+        "No station is open. Press F10, log in again and create or find its base file.";
+    return;
+  }
   StartLogTimer(kelp);
   if (NeedsPort(kelp) && !OpenSerialPort(kelp)) return;
   const std::string caption = kelp.frmAcquire.Command1.Caption;

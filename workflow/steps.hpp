@@ -20,6 +20,10 @@ bool SdIsMet(const Kelp& kelp);
 /// The prompts of the step that the selector shows, as the space bar and a click on "&Start" give.
 void PromptSelectedStep(Kelp& kelp);
 
+/// A station was restored after a crash: goes to the acid of the sample that has its Rb, or to the chooser
+/// behind the last sample. False when there is nothing of the kind to go on with.
+bool ResumeRestored(Kelp& kelp);
+
 /// True when the caption of a step selector says that end values are read ("End Blank", "EndCopr").
 bool ReadsEndValues(const Kelp& kelp, int stepOption);
 

@@ -46,8 +46,8 @@ void SetReadingBoxes(FrmAcquire& form) {
   }
   for (int k = 1; k <= 20; ++k) {
     form.txtMean[k].Text = "Mean " + std::to_string(k);
-    // Mean 12 carries the span of Mean 11.
-    const int first = k == 12 ? 100 + 10 : (k - 1) * 10;
+    // Mean 11 and Mean 12 carry the same span.
+    const int first = k == 11 ? 110 : (k - 1) * 10;
     form.txtMean[k].ToolTipText =
         "Fluorometer Average " + std::to_string(first) + "-" + std::to_string(first + 10) + "secs";
   }

@@ -59,7 +59,13 @@ struct Program {
     const FocusPlace place{std::string(screen), std::string(control), index};
     Post(kelp, {.Kind = EventKind::Focus, .Place = place});
     Post(kelp, {.Kind = EventKind::Edit, .Place = place, .Text = text});
-    Post(kelp, {.Kind = EventKind::Focus, .Place = {std::string(screen), ""}});
+    Key(screen, kKeyTab);
+  }
+
+  /// `count` lines of which the first lies 0.0002 above: equal readings alone give no new SD.
+  void ReadWithNoise(double value, int count) {
+    Read(value + 0.0002);
+    Read(value, count - 1);
   }
 
   /// `count` instrument lines, a second apart, each followed by a pass.

@@ -1,0 +1,86 @@
+#include "console/console.hpp"
+
+#include <iostream>
+#include <memory>
+
+#include "console/noting_disk.hpp"
+#include "console/script_own_time.hpp"
+#include "console/script_player.hpp"
+#include "console/simulated_operator.hpp"
+#include "console/watch.hpp"
+#include "platform/host.hpp"
+#ifdef KELP_SERIAL
+#include "console/device_host.hpp"
+#endif
+
+namespace kelp {
+
+namespace {
+
+void PrintLine(const std::string& line) { std::cout << line << std::endl; }
+
+DriveMap MapDrives(const ConsoleOptions& options) {
+  const auto data = options.Drives ? std::filesystem::absolute(*options.Drives) : HostDataFolder();
+  std::filesystem::create_directories(data);
+  DriveMap drives(data);
+  for (const auto& [letter, folder] : options.Drive) {
+    std::filesystem::create_directories(folder);
+    drives.SetDrive(letter, std::filesystem::absolute(folder));
+  }
+  return drives;
+}
+
+// Plays the script on a machine and a host, watched where that is asked for.
+template <class Machine, class Host>
+ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptions& options,
+                    const NotingDisk& disk) {
+  machine.Echo = PrintLine;
+  machine.SetClock(options.Clock.value_or(HostNow()));
+  host.Printer = PrintLine;
+  Watch watch(kelp, PrintLine);
+  if (options.Watch) host.Changed = [&] { watch.Look(); };
+  const ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);
+  if (options.Watch) watch.Conclude(disk.Written());
+  return result;
+}
+
+ScriptResult PlayInOwnTime(const ConsoleOptions& options, NotingDisk& disk) {
+  ScriptedPlatform machine(disk);
+  const auto kelp = std::make_unique<Kelp>(machine);
+  OwnTimeHost host(*kelp, machine);
+  SimulatedOperator simulated(options.Seed);
+  if (options.Instrument == InstrumentKind::Simulated)
+    host.Connect([&](const Kelp& program) { return simulated.NextLine(program); });
+  return PlayOn(machine, *kelp, host, options, disk);
+}
+
+ScriptResult PlayOnDevice(const ConsoleOptions& options, NotingDisk& disk) {
+#ifdef KELP_SERIAL
+  DeviceMachine machine(disk, options.Ports);
+  const auto kelp = std::make_unique<Kelp>(machine);
+  DeviceHost host(*kelp, machine);
+  return PlayOn(machine, *kelp, host, options, disk);
+#else
+  static_cast<void>(disk);
+  return {ScriptStatus::Wrong,
+          options.Script +
+              ":0: this kelp-console was built without the serial port (Qt SerialPort); use "
+              "--instrument script or sim"};
+#endif
+}
+
+}  // namespace
+
+ScriptResult RunConsole(const ConsoleOptions& options) {
+  try {
+    const DriveMap drives = MapDrives(options);
+    const auto hostDisk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
+    NotingDisk disk(*hostDisk);
+    return options.Instrument == InstrumentKind::Device ? PlayOnDevice(options, disk)
+                                                        : PlayInOwnTime(options, disk);
+  } catch (const std::exception& error) {
+    return {ScriptStatus::Wrong, options.Script + ":0: " + error.what()};
+  }
+}
+
+}  // namespace kelp

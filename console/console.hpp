@@ -1,0 +1,12 @@
+// One run of kelp-console: the machine, the program and the instrument that the options ask for, and
+// the script that plays on them.
+#pragma once
+
+#include "console/options.hpp"
+#include "console/script_failure.hpp"
+
+namespace kelp {
+
+ScriptResult RunConsole(const ConsoleOptions& options);
+
+}  // namespace kelp

@@ -1,0 +1,206 @@
+// The real disk. What it writes is on the disk before it returns: content first, then the name. A value
+// that was read once can't be read again, so every failure is told and leaves the old file.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <set>
+#include <vector>
+
+#include "platform/error.hpp"
+#include "platform/host.hpp"
+#include "platform/posix/temporary.hpp"
+
+namespace kelp {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr long long kLargest = 64LL << 20;
+
+class HostDisk : public Disk {
+ public:
+  HostDisk(const DriveMap& drives, Appends appends)
+      : drives_(drives), flushes_(appends == Appends::Flushed) {}
+  bool Exists(const std::string& path) override;
+  bool IsFolder(const std::string& path) override;
+  bool AnyFileIn(const std::string& folder) override;
+  std::string Read(const std::string& path) override;
+  void Replace(const std::string& path, const std::string& content) override;
+  void Append(const std::string& path, const std::string& text) override;
+  void Keep(const std::string& path, const std::string& newPath) override;
+  void Remove(const std::string& path) override;
+  bool MakeFolder(const std::string& path) override;
+
+ private:
+  // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
+  // line goes with all the others into a new file.
+  std::set<fs::path> doubtful_ = {};
+  const DriveMap& drives_;
+  bool flushes_;
+};
+
+// False when there is nothing of that name.
+bool Look(const std::string& path, const fs::path& place, struct stat& status) {
+  if (::stat(place.c_str(), &status) == 0) return true;
+  if (errno != ENOENT && errno != ENOTDIR) Fail(path, errno, Doing::Reading);
+  return false;
+}
+
+bool HostDisk::Exists(const std::string& path) {
+  struct stat status {};
+  return Look(path, drives_.HostPath(path), status);
+}
+
+bool HostDisk::IsFolder(const std::string& path) {
+  struct stat status {};
+  return Look(path, drives_.HostPath(path), status) && S_ISDIR(status.st_mode);
+}
+
+bool HostDisk::AnyFileIn(const std::string& folder) {
+  if (!IsFolder(folder)) return false;
+  std::error_code error;
+  bool found = false;
+  for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && !found && entry != end;
+       entry.increment(error)) {
+    std::error_code unknown;
+    found = entry->is_regular_file(unknown) && !IsTemporary(entry->path().filename().string());
+  }
+  if (error) Fail(folder, error.value(), Doing::Reading);
+  return found;
+}
+
+std::string HostDisk::Read(const std::string& path) {
+  const Handle file = OpenFile(drives_.HostPath(path), O_RDONLY);
+  if (!file.IsOpen()) Fail(path, errno, Doing::Reading);
+  const long long size = OrdinarySize(path, file, Doing::Reading);
+  std::string content;
+  std::string block(size < 65536 ? static_cast<std::size_t>(size) + 1 : 65536, '\0');
+  for (;;) {
+    if (size > kLargest || static_cast<long long>(content.size()) > kLargest)
+      throw FileError(path, "is larger than 64 MiB, so none of this program's files; choose another one");
+    const ssize_t count = ::read(file.fd(), block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) Fail(path, errno, Doing::Reading);
+    if (count == 0) return content;
+    content.append(block, 0, static_cast<std::size_t>(count));
+  }
+}
+
+void HostDisk::Replace(const std::string& path, const std::string& content) {
+  const fs::path place = drives_.HostPath(path);
+  struct stat old {};
+  const bool exists = Look(path, place, old);
+  if (exists && S_ISDIR(old.st_mode)) throw FileError(path, "is a folder");
+  if (exists && !S_ISREG(old.st_mode)) throw FileError(path, "is no ordinary file; choose another name");
+  // A rename would also replace a file that somebody made read-only to protect it.
+  if (exists && ::access(place.c_str(), W_OK) != 0) Fail(path, errno, Doing::Writing);
+  Temporary temporary(path, place, exists ? old.st_mode & 0777U : 0666U);
+  // Who may read and write the file stays as it was.
+  if (exists && ::fchmod(temporary.file().fd(), old.st_mode & 07777U) != 0) Fail(path, errno, Doing::Writing);
+  temporary.Become(path, place, content);
+  doubtful_.erase(place);
+}
+
+// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
+// read, however long the file has become.
+std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
+  char last = '\n';
+  if (size > 0 && ::pread(file.fd(), &last, 1, size - 1) != 1) Fail(path, EIO, Doing::Reading);
+  if (last == '\n') return {};
+  return last == '\r' ? "\n" : "\r\n";
+}
+
+// One write, so that a line is there whole or not at all. 0 or the error number.
+int WriteAtOnce(const Handle& file, const std::string& text) {
+  ssize_t written = 0;
+  do written = ::write(file.fd(), text.data(), text.size());
+  while (written < 0 && errno == EINTR);
+  if (written < 0) return errno;
+  return static_cast<std::size_t>(written) == text.size() ? 0 : ENOSPC;
+}
+
+void HostDisk::Append(const std::string& path, const std::string& text) {
+  const fs::path place = drives_.HostPath(path);
+  if (doubtful_.contains(place) && Exists(path)) {
+    const std::string content = Read(path);
+    Replace(path, content + (content.empty() || content.ends_with('\n') ? "" : "\r\n") + text);
+    return;
+  }
+  Handle file = OpenFile(place, O_RDWR | O_APPEND);
+  const bool isNew = !file.IsOpen() && errno == ENOENT;
+  if (isNew) file = OpenFile(place, O_RDWR | O_APPEND | O_CREAT | O_EXCL);
+  if (!file.IsOpen()) Fail(path, errno, Doing::Writing);
+  const long long size = OrdinarySize(path, file, Doing::Writing);
+  int error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
+  if (error == 0) {
+    error = flushes_ ? Flush(file) : 0;
+    if (error == 0 && isNew && flushes_) error = FlushFolder(place.parent_path());
+    if (error == 0) return;
+    doubtful_.insert(place);
+  }
+  // No half line stays, and a line that is told as lost is not there twice when it is written again.
+  if (isNew ? ::unlink(place.c_str()) != 0 : ::ftruncate(file.fd(), size) != 0)
+    throw FileError(path, Reason(error, Doing::Writing) + " (a part of the line may be in the file)");
+  Fail(path, error, Doing::Writing);
+}
+
+void HostDisk::Keep(const std::string& path, const std::string& newPath) {
+  const fs::path place = drives_.HostPath(path);
+  const fs::path newPlace = drives_.HostPath(newPath);
+  struct stat status {};
+  if (!Look(path, place, status)) throw FileError(path, "does not exist");
+  if (S_ISDIR(status.st_mode)) throw FileError(path, "is a folder");
+  if (Look(newPath, newPlace, status)) throw FileError(newPath, "exists already; choose another name");
+  if (::link(place.c_str(), newPlace.c_str()) != 0) {
+    const bool noSecondNames =
+        errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || errno == EMLINK || errno == EXDEV;
+    if (!noSecondNames) Fail(newPath, errno, Doing::Writing);
+    // A memory stick knows no second names, nor does another user's file: a copy serves as well.
+    Temporary(newPath, newPlace, 0666).Become(newPath, newPlace, Read(path));
+    return;
+  }
+  const int error = FlushFolder(newPlace.parent_path());
+  if (error == 0) return;
+  ::unlink(newPlace.c_str());
+  Fail(newPath, error, Doing::Writing);
+}
+
+void HostDisk::Remove(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (IsFolder(path)) throw FileError(path, "is a folder");
+  int error = ::unlink(place.c_str()) == 0 ? 0 : errno;
+  if (error == ENOENT || error == ENOTDIR) return;
+  // A journal that comes back after a power cut would offer what was saved already.
+  if (error == 0) error = FlushFolder(place.parent_path());
+  if (error != 0) Fail(path, error, Doing::Writing);
+  doubtful_.erase(place);
+}
+
+bool HostDisk::MakeFolder(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  struct stat status {};
+  if (Look(path, place, status)) {
+    if (!S_ISDIR(status.st_mode)) throw FileError(path, "is a file; choose another name for the folder");
+    return false;
+  }
+  std::vector<fs::path> missing;
+  for (fs::path folder = place; !Look(path, folder, status); folder = folder.parent_path())
+    missing.push_back(folder);
+  for (; !missing.empty(); missing.pop_back()) {
+    int error = ::mkdir(missing.back().c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
+    if (error == 0) error = FlushFolder(missing.back().parent_path());
+    if (error != 0) Fail(path, error, Doing::Writing);
+  }
+  return true;
+}
+
+}  // namespace
+
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
+  return std::make_unique<HostDisk>(drives, appends);
+}
+
+}  // namespace kelp

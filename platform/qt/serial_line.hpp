@@ -1,0 +1,50 @@
+// The serial line to the instrument, over Qt's SerialPort. Serves an event loop (OnBytes) and a program
+// without one (WaitForBytes); both wake as soon as bytes arrive. A device that fails or goes away closes
+// the line; the same object opens it again.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+class QSerialPort;
+
+namespace kelp {
+
+/// Lives in one thread. A program that brings its own QCoreApplication makes that one first.
+class SerialLine {
+ public:
+  SerialLine();
+  SerialLine(const SerialLine&) = delete;
+  SerialLine& operator=(const SerialLine&) = delete;
+  ~SerialLine();
+
+  /// Opens a device ("/dev/ttyUSB0", "COM3"), closing the one open before. `settings` are baud rate,
+  /// parity (n, e, o, m, s), data bits and stop bits: "9600,n,8,1". Returns an empty text, or says why
+  /// it could not be opened: the device, the reason, what to do.
+  std::string Open(const std::string& device, const std::string& settings);
+  void Close();
+  /// False too after the device failed or was unplugged.
+  [[nodiscard]] bool IsOpen() const;
+
+  /// Bytes that came in; the newest 64 KiB of them when nobody takes them.
+  [[nodiscard]] std::size_t BytesWaiting() const { return waiting_.size(); }
+  /// Takes everything that is waiting.
+  std::string ReadAll();
+
+  /// Waits until bytes are waiting, at most that long. On a closed line it waits the whole time, so that
+  /// a loop around it does not spin. True when bytes are waiting. Must not be called from OnBytes.
+  bool WaitForBytes(int milliseconds);
+
+  /// Called from the event loop, or from WaitForBytes, when bytes have arrived.
+  std::function<void()> OnBytes;
+
+ private:
+  void TakeBytes();
+
+  std::unique_ptr<QSerialPort> port_;
+  std::string waiting_;
+};
+
+}  // namespace kelp

@@ -1,0 +1,213 @@
+// The real disk. What it writes is on the disk before it returns: content first, then the name. A value
+// that was read once can't be read again, so every failure is told and leaves the old file.
+#include <set>
+#include <vector>
+
+#include "platform/error.hpp"
+#include "platform/host.hpp"
+#include "platform/windows/handle.hpp"
+
+namespace kelp {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr long long kLargest = 64LL << 20;
+constexpr std::wstring_view kTemporaryMark = L".kelp-new-";
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+class HostDisk : public Disk {
+ public:
+  HostDisk(const DriveMap& drives, Appends appends)
+      : drives_(drives), flushes_(appends == Appends::Flushed) {}
+  bool Exists(const std::string& path) override;
+  bool IsFolder(const std::string& path) override;
+  bool AnyFileIn(const std::string& folder) override;
+  std::string Read(const std::string& path) override;
+  void Replace(const std::string& path, const std::string& content) override;
+  void Append(const std::string& path, const std::string& text) override;
+  void Keep(const std::string& path, const std::string& newPath) override;
+  void Remove(const std::string& path) override;
+  bool MakeFolder(const std::string& path) override;
+
+ private:
+  // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
+  // line goes with all the others into a new file.
+  std::set<fs::path> doubtful_ = {};
+  const DriveMap& drives_;
+  bool flushes_;
+};
+
+// The attributes of a file or folder; INVALID_FILE_ATTRIBUTES when there is nothing of that name.
+DWORD Attributes(const std::string& path, const fs::path& place) {
+  const DWORD attributes = ::GetFileAttributesW(place.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES) return attributes;
+  const DWORD error = ::GetLastError();
+  if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Fail(path, error);
+  return attributes;
+}
+
+bool IsFolderThere(const std::string& path, const fs::path& place) {
+  const DWORD attributes = Attributes(path, place);
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+void RefuseFolder(const std::string& path, const fs::path& place) {
+  if (IsFolderThere(path, place)) throw FileError(path, "is a folder");
+}
+
+// Writes `content` beside `place`, flushes it, and lets it take that name. Without `mayReplace` an
+// existing file of that name is an error.
+void WriteBeside(const std::string& path, const fs::path& place, const std::string& content,
+                 bool mayReplace) {
+  static unsigned count = 0;
+  const fs::path name =
+      place.parent_path() / (L"." + place.filename().wstring() + std::wstring(kTemporaryMark) +
+                             std::to_wstring(::GetCurrentProcessId()) + L"-" + std::to_wstring(count++));
+  Handle file(
+      ::CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
+  if (!file.IsOpen()) Fail(path, ::GetLastError());
+  DWORD error = WriteAtOnce(file, content);
+  if (error == 0) error = Flush(file);
+  file.Close();
+  if (error == 0 && ::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL) == 0) error = ::GetLastError();
+  const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0U);
+  if (error == 0 && ::MoveFileExW(name.c_str(), place.c_str(), flags) == 0) error = ::GetLastError();
+  if (error == 0) return;
+  ::DeleteFileW(name.c_str());
+  Fail(path, error);
+}
+
+bool HostDisk::Exists(const std::string& path) {
+  return Attributes(path, drives_.HostPath(path)) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool HostDisk::IsFolder(const std::string& path) { return IsFolderThere(path, drives_.HostPath(path)); }
+
+bool HostDisk::AnyFileIn(const std::string& folder) {
+  if (!IsFolder(folder)) return false;
+  std::error_code error;
+  for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code unknown;
+    if (entry->is_regular_file(unknown) &&
+        entry->path().filename().wstring().find(kTemporaryMark) == std::wstring::npos)
+      return true;
+  }
+  if (error) Fail(folder, static_cast<DWORD>(error.value()));
+  return false;
+}
+
+std::string HostDisk::Read(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  RefuseFolder(path, place);
+  const Handle file(
+      ::CreateFileW(place.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file.IsOpen()) Fail(path, ::GetLastError());
+  const long long size = SizeOf(path, file);
+  if (size > kLargest)
+    throw FileError(path, "is larger than 64 MiB, so none of this program's files; choose another one");
+  std::string content(static_cast<std::size_t>(size), '\0');
+  DWORD count = 0;
+  if (::ReadFile(file.get(), content.data(), static_cast<DWORD>(size), &count, nullptr) == 0)
+    Fail(path, ::GetLastError());
+  content.resize(count);
+  return content;
+}
+
+void HostDisk::Replace(const std::string& path, const std::string& content) {
+  const fs::path place = drives_.HostPath(path);
+  RefuseFolder(path, place);
+  const DWORD attributes = Attributes(path, place);
+  // A move would fail here too, but only after the content was written.
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+    Fail(path, ERROR_ACCESS_DENIED);
+  WriteBeside(path, place, content, true);
+  doubtful_.erase(place);
+}
+
+// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
+// read, however long the file has become.
+std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
+  char last = '\n';
+  DWORD count = 0;
+  LARGE_INTEGER place{};
+  place.QuadPart = size - 1;
+  if (size > 0 && (::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == 0 ||
+                   ::ReadFile(file.get(), &last, 1, &count, nullptr) == 0))
+    Fail(path, ::GetLastError());
+  if (last == '\n') return {};
+  return last == '\r' ? "\n" : "\r\n";
+}
+
+// Makes the file as long as it was.
+bool TakeBack(const Handle& file, long long size) {
+  LARGE_INTEGER place{};
+  place.QuadPart = size;
+  return ::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file.get()) != 0;
+}
+
+void HostDisk::Append(const std::string& path, const std::string& text) {
+  const fs::path place = drives_.HostPath(path);
+  RefuseFolder(path, place);
+  if (doubtful_.contains(place) && Exists(path)) {
+    const std::string content = Read(path);
+    Replace(path, content + (content.empty() || content.ends_with('\n') ? "" : "\r\n") + text);
+    return;
+  }
+  const Handle file(::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.IsOpen()) Fail(path, ::GetLastError());
+  const long long size = SizeOf(path, file);
+  // After the last byte was read the file stands at its end.
+  DWORD error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
+  if (error == 0) {
+    error = flushes_ ? Flush(file) : 0;
+    if (error == 0) return;
+    doubtful_.insert(place);
+  }
+  // No half line stays, and a line that is told as lost is not there twice when it is written again.
+  if (!TakeBack(file, size))
+    throw FileError(path, Reason(error) + " (a part of the line may be in the file)");
+  Fail(path, error);
+}
+
+void HostDisk::Keep(const std::string& path, const std::string& newPath) {
+  const fs::path place = drives_.HostPath(path);
+  const fs::path newPlace = drives_.HostPath(newPath);
+  if (!Exists(path)) throw FileError(path, "does not exist");
+  RefuseFolder(path, place);
+  if (Exists(newPath)) throw FileError(newPath, "exists already; choose another name");
+  if (::CreateHardLinkW(newPlace.c_str(), place.c_str(), nullptr) != 0) return;
+  // A memory stick knows no second names: a copy serves as well.
+  WriteBeside(newPath, newPlace, Read(path), false);
+}
+
+void HostDisk::Remove(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  RefuseFolder(path, place);
+  const DWORD error = ::DeleteFileW(place.c_str()) != 0 ? 0 : ::GetLastError();
+  if (error != 0 && error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Fail(path, error);
+  doubtful_.erase(place);
+}
+
+bool HostDisk::MakeFolder(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (Exists(path)) {
+    if (!IsFolder(path)) throw FileError(path, "is a file; choose another name for the folder");
+    return false;
+  }
+  std::error_code error;
+  fs::create_directories(place, error);
+  if (error) Fail(path, static_cast<DWORD>(error.value()));
+  return true;
+}
+
+}  // namespace
+
+std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
+  return std::make_unique<HostDisk>(drives, appends);
+}
+
+}  // namespace kelp

@@ -1,0 +1,154 @@
+// A crash in the middle of a station: what the journal gives back, whatever became of it.
+#include <gtest/gtest.h>
+
+#include "files/journal_text.hpp"
+#include "tests/support/program.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr const char* kJournal = "d:\\backup\\chl002.jnl";
+constexpr const char* kQuestion = "Readings of this station were recorded but not saved. Restore them? Y/N";
+
+void TakeByHand(Program& program, double value) {
+  program.Click("frmAcquire", "Command1");
+  program.Read(value, 10);
+  program.Click("frmAcquire", "Command1");
+}
+
+// Blank and copros, sample 1 read, sample 2 skipped with a remark, the Rb of sample 3: then the power goes.
+void RunUntilPowerCut(Program& program) {
+  program.OpenStation(4);
+  program.Click("frmAcquire", "Command1");
+  for (const double value : {0.005, 1.53, 5.03, 2.0, 1.0}) TakeByHand(program, value);
+  program.kelp.dlgRunRem.Form.Visible = true;
+  program.Type("dlgRunRem", "Text1", -1, "torn filter*, 50% left");
+  program.Click("dlgRunRem", "Option1", 3);
+  program.Click("dlgRunRem", "OKButton");
+  program.Click("frmAcquire", "Command5");
+  program.Click("frmAcquire", "Command1");
+  program.Read(3.0, 10);
+  program.Click("frmAcquire", "Command1");
+  ASSERT_EQ(program.caption(), "Acidify");
+}
+
+// The program started anew on the disk that the crash left, up to the login's OK.
+void OpenAgain(Program& program, const MemoryDisk& disk, Answer answer) {
+  program.disk.Files = disk.Files;
+  program.disk.Folders = disk.Folders;
+  Start(program.kelp);
+  program.Click("frmMain", "Command1", 0);
+  program.Answers({answer});
+  program.Click("frmLogin", "cmdOK");
+}
+
+}  // namespace
+
+TEST(Journal, APowerCutLosesNothingAndTheRunGoesOnAtTheAcid) {
+  Program program;
+  RunUntilPowerCut(program);
+  Program again;
+  OpenAgain(again, program.disk, Answer::Yes);
+  EXPECT_EQ(again.platform.Boxes.front().message.Title, "Restore readings?");
+  for (int row = 1; row <= 4; ++row)
+    for (int col = 0; col < 14; ++col)
+      EXPECT_EQ(again.cell(row, col), program.cell(row, col)) << row << "," << col;
+  for (int box = 0; box < 10; ++box)
+    EXPECT_EQ(again.form().txtBlank[box].Text, program.form().txtBlank[box].Text);
+  EXPECT_EQ(again.run().BeginBlankText, "0.0050");
+  EXPECT_EQ(again.run().SampNum, 3);
+  EXPECT_EQ(again.caption(), "&Start");
+  again.Click("frmAcquire", "Command1");
+  EXPECT_EQ(again.caption(), "Acidify");
+  again.Click("frmAcquire", "Command1");
+  again.Read(1.5, 10);
+  EXPECT_EQ(again.caption(), "Save Ra");
+  again.Click("frmAcquire", "Command1");
+  EXPECT_EQ(again.cell(3, kColAcidR), "2.00");
+  EXPECT_EQ(again.caption(), "Load Next Sample");
+  // The restored station crashes too, now behind the last sample.
+  TakeByHand(again, 2.5);
+  TakeByHand(again, 1.5);
+  ASSERT_EQ(again.caption(), "What's Next");
+  Program third;
+  OpenAgain(third, again.disk, Answer::Yes);
+  EXPECT_EQ(third.cell(4, kColRa), "1.5000");
+  third.Click("frmAcquire", "Command1");
+  EXPECT_EQ(third.caption(), "What's Next");
+  EXPECT_TRUE(third.kelp.frmWhatsNext.Form.Visible);
+}
+
+TEST(Journal, ADamagedJournalIsUsedUpToTheDamage) {
+  Program program;
+  RunUntilPowerCut(program);
+  const std::string whole = program.disk.Files[kJournal];
+  std::size_t restored = 0;
+  for (std::size_t length = 0; length <= whole.size(); length += 7) {
+    MemoryDisk disk = program.disk;
+    std::string& journal = disk.Files[kJournal];
+    journal = whole.substr(0, length);
+    if (length % 2 == 1 && !journal.empty()) journal.back() ^= 1;
+    const bool usable = !LastSection(journal).empty();
+    Program again;
+    OpenAgain(again, disk, Answer::Yes);
+    ASSERT_EQ(!again.platform.Boxes.empty(), usable) << length;
+    const std::string& rb = again.cell(1, kColRb);
+    ASSERT_TRUE(rb.empty() || rb == "2.0000") << length << " " << rb;
+    ASSERT_GE(again.run().SampNum, 1);
+    restored += rb.empty() ? 0 : 1;
+    ASSERT_TRUE(!usable || LastSection(again.disk.Files[kJournal]).size() > 10) << "written anew, whole";
+  }
+  EXPECT_GT(restored, whole.size() / 7 / 6);
+}
+
+TEST(Journal, NoLeavesTheFileAndAnotherCruiseIsNeverOffered) {
+  Program program;
+  RunUntilPowerCut(program);
+  const std::string before = program.disk.Files[kJournal];
+  Program again;
+  OpenAgain(again, program.disk, Answer::No);
+  EXPECT_EQ(again.disk.Files[kJournal], before);
+  EXPECT_EQ(again.cell(1, kColRb), "");
+  again.Click("frmAcquire", "Command1");
+  TakeByHand(again, 0.006);
+  EXPECT_TRUE(StartsWith(again.disk.Files[kJournal], before)) << "the new run begins a section of its own";
+  Program third;
+  OpenAgain(third, again.disk, Answer::Yes);
+  EXPECT_EQ(third.run().BeginBlankText, "0.0060");
+  EXPECT_EQ(third.cell(1, kColRb), "");
+
+  MemoryDisk other = program.disk;
+  other.Files["q:\\vault\\2026\\chl002"] = other.Files["q:\\vault\\2007\\0707\\chl\\chl002"];
+  Program elsewhere;
+  elsewhere.Configure(kCfgDataPath, "Q:\\vault\\2026\\");
+  other.Files[Lower(kConfigPath)] = elsewhere.disk.Files[Lower(kConfigPath)];
+  OpenAgain(elsewhere, other, Answer::Yes);
+  EXPECT_EQ(elsewhere.platform.AnswersWaiting(), 1U);
+}
+
+TEST(Journal, ADiskThatFailsKeepsAWarningOnTheScreenUntilAllIsWrittenAnew) {
+  Program program;
+  program.OpenStation(2);
+  program.Click("frmAcquire", "Command1");
+  TakeByHand(program, 0.005);
+  const std::string before = program.disk.Files[kJournal];
+  program.disk.FailBelow = kJournal;
+  TakeByHand(program, 1.53);
+  EXPECT_TRUE(StartsWith(program.form().StatusBar1.Text, "READINGS ARE NOT SAFE ON THE DISK"));
+  SetStatus(program.kelp, "something else");
+  EXPECT_TRUE(StartsWith(program.form().StatusBar1.Text, "READINGS ARE NOT SAFE ON THE DISK"));
+  EXPECT_EQ(program.disk.Files[kJournal], before);
+  program.disk.FailBelow.clear();
+  Tick(program.kelp);
+  EXPECT_EQ(program.form().StatusBar1.Text, "something else");
+  const auto lines = LastSection(program.disk.Files[kJournal]);
+  const auto isCopro = [](const JournalLine& line) {
+    return line.Kind == "txtBlank" && line.A == kBoxCopro1;
+  };
+  const auto found = std::find_if(lines.begin(), lines.end(), isCopro);
+  ASSERT_NE(found, lines.end());
+  EXPECT_EQ(found->Value, "1.5300");
+}
+
+}  // namespace kelp

@@ -1,0 +1,243 @@
+// A random operator: whatever is clicked, typed, answered and read, nothing crashes, every run-time error
+// is reported, and every accepted Rb and Ra is in the station's log files. Set KELP_RANDOM_EVENTS to run so
+// many events instead of ten seconds, and KELP_RANDOM_SEED to repeat a run.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <random>
+#include <set>
+
+#include "tests/support/captions.hpp"
+#include "tests/support/program.hpp"
+
+namespace kelp {
+
+namespace {
+
+using Random = std::mt19937_64;
+
+int Pick(Random& random, int count) { return static_cast<int>(random() % static_cast<std::uint64_t>(count)); }
+
+// Answers every question by chance.
+class RandomPlatform : public ScriptedPlatform {
+ public:
+  RandomPlatform(Disk& disk, Random& random) : ScriptedPlatform(disk), random_(random) {}
+
+  Answer Ask(const Message& message) override {
+    Answer answer;
+    do answer = static_cast<Answer>(Pick(random_, 4));
+    while (!Offers(message.Buttons, answer));
+    if (Contains(message.Text, "unexpected: ")) Unexpected = message.Text;
+    QueueAnswer(answer);
+    const Answer given = ScriptedPlatform::Ask(message);
+    Boxes.clear();
+    return given;
+  }
+  std::optional<std::string> AskFile(const FileQuestion& /*question*/) override {
+    static constexpr const char* kNames[] = {"Q:\\vault\\2007\\0707\\chl\\chl003", "c:\\kelp\\kelp.cfg",
+                                             "c:\\no", "x"};
+    return Pick(random_, 2) == 0 ? std::nullopt : std::optional<std::string>(kNames[Pick(random_, 4)]);
+  }
+
+  std::string Unexpected;
+
+ private:
+  Random& random_;
+};
+
+// All controls of the visible screens that an operator can reach.
+struct Reach {
+  std::vector<FocusPlace> places = {};
+  std::string screen;
+
+  void Add(std::string_view name, int index) { places.push_back({screen, std::string(name), index}); }
+  template <class Control>
+  void operator()(std::string_view name, const Control& /*control*/, int /*alias*/ = -1) {
+    Add(name, -1);
+  }
+  template <class Control, int Count, int First>
+  void operator()(std::string_view name, const ControlArray<Control, Count, First>& /*controls*/) {
+    for (int i = First; i < First + Count; ++i) Add(name, i);
+  }
+};
+
+class Operator {
+ public:
+  explicit Operator(std::uint64_t seed) : random_(seed) { Restart(); }
+
+  void Act() {
+    if (kelp_->Ended) Restart();
+    Kelp& kelp = *kelp_;
+    const std::string caption = kelp.frmAcquire.Command1.Caption;
+    const int sample = kelp.run.SampNum;
+    const std::string csv = kelp.run.CsvFile;
+    const std::string journal = Lower(Replaced(kelp.run.TmpFile, ".tmp", ".jnl"));
+    const int loads = kelp.run.StationLoads;
+    const int kind = Pick(random_, 100);
+    if (kind < 55)
+      Read();
+    else if (kind < 70)
+      Next();
+    else
+      Meddle();
+    Check(caption, sample, csv, journal, loads);
+  }
+
+ private:
+  void Restart() {
+    platform_ = std::make_unique<RandomPlatform>(disk_, random_);
+    kelp_ = std::make_unique<Kelp>(*platform_);
+    using namespace std::chrono;
+    platform_->SetClock(local_days{year{2026} / 11 / 24} + hours{3} + seconds{restarts_++ * 1000});
+    level_ = 0.005;
+    Start(*kelp_);
+  }
+
+  // Mostly steady readings at the level that the step waits for.
+  void Read() {
+    const std::string& caption = kelp_->frmAcquire.Command1.Caption;
+    if (Pick(random_, 12) == 0) level_ = std::pow(10, Pick(random_, 500) / 100.0 - 3);
+    if (Contains(caption, "3-1")) level_ = 1.53;
+    if (Contains(caption, "2-5")) level_ = 5.03;
+    if (Contains(caption, "Blank")) level_ = 0.005;
+    if (Contains(caption, "Acid")) level_ *= 0.7;
+    const int count = 1 + Pick(random_, 12);
+    for (int i = 0; i < count; ++i) {
+      const double noise = (Pick(random_, 9) - 4) * 0.00002;
+      platform_->Feed("\r\nA =" + Padded(Fixed(level_ + noise, 5), 7, "L", "S") + " (RAW)");
+      platform_->Advance(1000);
+      Pass(*kelp_);
+    }
+    Tick(*kelp_);
+  }
+
+  // What an operator who wants to get on would do.
+  void Next() {
+    static constexpr const char* kWays[] = {"frmCreateBase", "frmLogin", "frmMain"};
+    for (const char* screen : kWays) {
+      if (!FindWindow(*kelp_, screen)->Visible) continue;
+      if (screen == std::string("frmCreateBase")) {
+        const std::string count = std::to_string(1 + Pick(random_, 12));
+        Post(*kelp_, {.Kind = EventKind::Edit, .Place = {screen, "Text1", 2}, .Text = count});
+        Post(*kelp_, {.Kind = EventKind::Click, .Place = {screen, "cmdCreateBase", 0}});
+      } else {
+        Post(*kelp_, {.Kind = EventKind::Click,
+                      .Place = {screen, screen == std::string("frmMain") ? "Command1" : "cmdOK",
+                                screen == std::string("frmMain") ? 0 : -1}});
+      }
+      return;
+    }
+    if (kelp_->frmWhatsNext.Form.Visible && Pick(random_, 2) == 0) {
+      Post(*kelp_, {.Kind = EventKind::DblClick, .Place = {"frmWhatsNext", "Option1", Pick(random_, 6)}});
+    } else if (!kelp_->frmAcquire.Check1.Value) {
+      Post(*kelp_, {.Kind = EventKind::Click, .Place = {"frmAcquire", "Check1"}});
+    } else {
+      Post(*kelp_, {.Kind = EventKind::Click, .Place = {"frmAcquire", "Command1"}});
+    }
+  }
+
+  void Meddle() {
+    if (kelp_->Shown.empty()) return;
+    Reach reach{
+        .screen =
+            kelp_->Shown[static_cast<std::size_t>(Pick(random_, static_cast<int>(kelp_->Shown.size())))]};
+    VisitScreens(*kelp_, [&](std::string_view name, auto& screen) {
+      if (name == reach.screen) screen.VisitControls(screen, reach);
+    });
+    const FocusPlace place =
+        reach.places[static_cast<std::size_t>(Pick(random_, static_cast<int>(reach.places.size())))];
+    static constexpr EventKind kKinds[] = {EventKind::Click, EventKind::Click,     EventKind::DblClick,
+                                           EventKind::Key,   EventKind::Key,       EventKind::Edit,
+                                           EventKind::Focus, EventKind::SelectCell};
+    Event event{.Kind = kKinds[Pick(random_, 8)], .Place = place, .Text = RandomText(), .Key = RandomKey()};
+    event.Row = Pick(random_, 20);
+    event.Col = Pick(random_, 14);
+    if (Pick(random_, 400) == 0) event.Kind = EventKind::Close;
+    Post(*kelp_, event);
+    const int mishap = Pick(random_, 60);
+    if (mishap == 0) platform_->LineDown();
+    if (mishap < 4) platform_->LineUp();
+    platform_->SetPrinterWorks(mishap != 5);
+    if (mishap == 6) platform_->Feed(RandomText() + "RAW)=");
+    disk_.FailAt = mishap == 7 ? disk_.Writes + 1 + Pick(random_, 8) : 0;
+  }
+
+  int RandomKey() {
+    static constexpr int kKeys[] = {kKeyBackspace, kKeyTab, kKeyEnter, kKeySpace, '0',
+                                    '7',           '.',     'x',       '-',       255};
+    return Pick(random_, 2) == 0 ? kKeyF1 + Pick(random_, 12) : kKeys[Pick(random_, 10)];
+  }
+
+  std::string RandomText() {
+    static constexpr const char* kTexts[] = {
+        "",   "7",   "2.288", "1e999",    "-1",        "32767", "99999", "a b_c,<\"\\",
+        "12", "990", "LAB",   "\x01\xff", "..\\..\\x", "0.109", "100",   "11/24/2026"};
+    return kTexts[Pick(random_, 16)];
+  }
+
+  // `caption` and the rest are as they were before the event.
+  void Check(const std::string& caption, int sample, const std::string& csv, const std::string& journal,
+             int loads) {
+    const RunState& run = kelp_->run;
+    ASSERT_EQ(platform_->Unexpected, "");
+    ASSERT_GE(run.SampNum, 1);
+    ASSERT_LE(run.SampNum, 101);
+    const std::string& now = kelp_->frmAcquire.Command1.Caption;
+    const bool known = std::any_of(std::begin(kCaptions), std::end(kCaptions),
+                                   [&](const CaptionRow& row) { return now == row.caption; });
+    const std::string& low = run.CoproLowStd;
+    ASSERT_TRUE(known || low != "3-1") << "caption \"" << now << "\" is in no table";
+    captions.insert(now);
+    if (loads != run.StationLoads || kelp_->journal.Failed) return;
+    // A save that the event made: the caption has moved on and the grid has the value.
+    if (caption == "Save Rb" && now == "Acidify") {
+      ++accepted;
+      const std::string line =
+          "grid " + std::to_string(sample) + " 3 " + kelp_->frmAcquire.datalog.Text(sample, kColRb) + "*";
+      ASSERT_TRUE(Contains(disk_.Files[journal], line)) << line << "\n" << journal << "\n" << disk_.Files[journal];
+    }
+    if (caption == "Save Ra" && (now == "Load Next Sample" || now == "What's Next")) {
+      ++accepted;
+      const std::string& ra = kelp_->frmAcquire.datalog.Text(sample, kColRa);
+      ASSERT_TRUE(Contains(disk_.Files[Lower(csv)], "," + ra + ",") ||
+                  Contains(disk_.Files[journal], "grid " + std::to_string(sample) + " 4 " + ra + "*"))
+          << ra;
+    }
+  }
+
+  Random random_;
+  MemoryDisk disk_ = {};
+  std::unique_ptr<RandomPlatform> platform_;
+  std::unique_ptr<Kelp> kelp_;
+  double level_ = 0.005;
+  int restarts_ = 0;
+
+ public:
+  int accepted = 0;
+  std::set<std::string> captions = {};
+};
+
+}  // namespace
+
+TEST(RandomOperator, LosesNothingAndBreaksNothing) {
+  const char* seedText = std::getenv("KELP_RANDOM_SEED");
+  const char* eventsText = std::getenv("KELP_RANDOM_EVENTS");
+  const std::uint64_t seed =
+      seedText != nullptr ? std::strtoull(seedText, nullptr, 10) : std::random_device()();
+  const long events = eventsText != nullptr ? std::strtol(eventsText, nullptr, 10) : 0;
+  std::printf("random operator: KELP_RANDOM_SEED=%llu\n", static_cast<unsigned long long>(seed));
+  Operator person(seed);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  long done = 0;
+  while (events > 0 ? done < events : std::chrono::steady_clock::now() < end) {
+    person.Act();
+    ++done;
+    ASSERT_FALSE(HasFailure()) << "event " << done << " of seed " << seed;
+  }
+  std::printf("%ld events, %d accepted readings, %zu captions\n", done, person.accepted,
+              person.captions.size());
+  EXPECT_GT(person.accepted, done / 2000);
+}
+
+}  // namespace kelp

@@ -1,0 +1,325 @@
+// What steers a run: keys, buttons, value transfer, relocation, change step, remarks.
+#include <gtest/gtest.h>
+
+#include "tests/support/captions.hpp"
+#include "tests/support/program.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr const char* kValue = "7.7777";
+
+struct Steering : Program {
+  explicit Steering(const std::string& caption_ = "&Start") {
+    OpenStation(4);
+    run().SampNum = 3;
+    run().BeginBlankText = "0.0050";
+    for (int row = 1; row <= 4; ++row) {
+      cell(row, kColRb) = "2.0000";
+      cell(row, kColRa) = "1.0000";
+    }
+    caption() = caption_;
+  }
+
+  /// Where the value has gone, in the words of the table of captions.
+  std::string Place() {
+    std::string place;
+    for (int box = 0; box < 10; ++box)
+      if (form().txtBlank[box].Text == kValue) place += "box " + std::to_string(box);
+    for (int row = 0; row < form().datalog.Rows; ++row) {
+      if (cell(row, kColRb) == kValue) place += row == 3 ? "Rb" : "Rb?";
+      if (cell(row, kColRa) == kValue) place += row == 3 ? "Ra" : row == 2 ? "Ra-1" : "Ra?";
+    }
+    return place + (disk.Files.contains("d:\\backup\\chl002.prn") ? " +" : "");
+  }
+};
+
+}  // namespace
+
+TEST(RunControls, EveryCaptionSendsAValueToItsPlaceAndHasItsWayBack) {
+  for (const CaptionRow& row : kCaptions) {
+    for (const char* screen : {"frmAcquire", "frmWhatsNext", "mean"}) {
+      Steering program(row.caption);
+      ShowScreen(program.kelp, "frmWhatsNext");
+      program.form().txtReading.Text = kValue;
+      program.form().txtMean[7].Text = kValue;
+      const bool mean = screen == std::string("mean");
+      if (mean)
+        program.Click("frmAcquire", "txtMean", 7);
+      else
+        program.Key(screen, kKeyF1 + 6);
+      const char* expected = mean ? row.mean : screen == std::string("frmAcquire") ? row.key : row.chooser;
+      EXPECT_EQ(program.Place(), expected) << row.caption << " on " << screen;
+    }
+    Steering program(row.caption);
+    program.run().TraceColor = 0x123456;
+    program.run().ReadFlag = true;
+    program.Click("frmAcquire", "Command4");
+    const bool stays = *row.back == '\0';
+    EXPECT_EQ(program.caption(), stays ? row.caption : row.back);
+    EXPECT_EQ(program.run().TraceColor, stays ? 0x123456 : row.trace) << row.caption;
+    EXPECT_EQ(program.run().ReadFlag, program.caption() != "Reading Station Sample" || stays) << row.caption;
+    EXPECT_EQ(program.run().SampNum, 3);
+    EXPECT_EQ(program.kelp.Focus.Control, "Command1");
+  }
+}
+
+TEST(RunControls, F5TakesTheRawReadingAndTheChoosersF5TheBox) {
+  Steering program("Acidify");
+  program.run().LastRawText = kValue;
+  program.form().txtStats[1].Text = "typed over";
+  program.Key("frmAcquire", kKeyF1 + 4);
+  EXPECT_EQ(program.Place(), "Rb");
+  EXPECT_EQ(program.form().txtStats[1].Text, kValue);
+  ShowScreen(program.kelp, "frmWhatsNext");
+  program.form().txtStats[1].Text = "1.111";
+  program.Key("frmWhatsNext", kKeyF1 + 4);
+  EXPECT_EQ(program.cell(3, kColRb), "1.111");
+}
+
+TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
+  struct Row {
+    const char* step;
+    const char* caption;
+    const char* boxes;  ///< that read "-99.00"
+    const char* nextCaption;
+    const char* nextStep;
+  };
+  static constexpr Row kRows[] = {
+      {"STANDARD", "Load Low Standard", "2345", "Load Station Sample", "SAMPLE"},
+      {"COPROS", "Load Copro 3-1", "67", "Load Copro 2-5", "COPROS"},
+      {"COPROS", "Load Copro 2-5", "89", "Load Station Sample", "SAMPLE"},
+      {"COPROS", "Reading 2-5", "", "Reading 2-5", "SAMPLE"},
+      {"BLANK", "Load Blank", "01", "Load Copro 3-1", "COPROS"},
+      {"STANDBY", "What's Next?", "", "What's Next?", "STANDBY"},
+  };
+  for (const Row& row : kRows) {
+    Steering program(row.caption);
+    program.run().StepName = row.step;
+    program.Click("frmAcquire", "Command5");
+    std::string boxes;
+    for (int box = 0; box < 10; ++box)
+      if (program.form().txtBlank[box].Text == "-99.00") boxes += std::to_string(box);
+    EXPECT_EQ(boxes, row.boxes) << row.caption;
+    EXPECT_EQ(program.caption(), row.nextCaption);
+    EXPECT_EQ(program.run().StepName, row.nextStep) << row.caption;
+  }
+}
+
+TEST(RunControls, SkippedSamplesAreMarkedInGridTableAndLogs) {
+  Steering program("Load Next Sample");
+  program.run().StepName = "SAMPLE";
+  program.cell(3, kColRb) = "";
+  program.Click("frmAcquire", "Command5");
+  EXPECT_EQ(program.run().SampNum, 4);
+  EXPECT_EQ(program.caption(), "Load Next Sample");
+  program.Click("frmAcquire", "Command5");
+  EXPECT_EQ(program.cell(3, kColRb) + program.cell(3, kColRa) + program.cell(4, kColRb),
+            "-99.000-99.0002.0000");
+  EXPECT_EQ(program.run().SampTbl(8, kTblRb), "2.0000") << "an Rb that was read stays";
+  EXPECT_EQ(program.disk.Files["d:\\backup\\chl002.tmp"],
+            ",2,09,3,138,8,,,-99.000,-99.000,,,,,,*\r\n,2,10,3,138,8,,,2.0000,-99.000,,,,,,*\r\n");
+  EXPECT_EQ(program.run().SampNum, 4);
+  EXPECT_EQ(program.caption(), "What's Next");
+  EXPECT_TRUE(program.kelp.frmWhatsNext.Form.Visible);
+}
+
+TEST(RunControls, SpacePromptsTheSelectedStepAndOtherwiseClicksTheFocus) {
+  struct Row {
+    int option;
+    const char* step;
+    const char* caption;
+    const char* instruction;
+  };
+  static constexpr Row kRows[] = {
+      {0, "BLANK", "Load Blank", "Load the blank and click [Start] or press <Spacebar>."},
+      {1, "STANDARD", "Load Low Standard", "Load the Standard and click [Start] or press <Spacebar>."},
+      {2, "COPROS", "Load Copro 1", "Load Copro 3-1 and click [Start] or press <Spacebar>."},
+      {3, "SAMPLE", "Load Sample", "Load the Sample and click [Start] or press <Spacebar>."}};
+  for (const Row& row : kRows) {
+    for (const bool click : {false, true}) {
+      Steering program;
+      program.Click("frmAcquire", "Option1", row.option);
+      program.run().StepName = "STANDBY";
+      program.caption() = "S&tandby";
+      program.Key("frmAcquire", kKeySpace);
+      ASSERT_EQ(program.caption(), "&Start");
+      click ? program.Click("frmAcquire", "Command1") : program.Key("frmAcquire", kKeySpace);
+      EXPECT_EQ(program.caption(), row.caption);
+      EXPECT_EQ(program.run().StepName, row.step);
+      EXPECT_EQ(program.form().Text4.Text, row.instruction);
+      program.Key("frmAcquire", kKeySpace);
+      EXPECT_TRUE(StartsWith(program.caption(), "Read")) << program.caption();
+    }
+  }
+}
+
+TEST(RunControls, PauseHoldsPassesAndTicksAndKeepsTheInstruction) {
+  Steering program;
+  program.Click("frmAcquire", "Command1");
+  program.Click("frmAcquire", "Command1");
+  program.Read(0.005, 2);
+  const std::string log = program.disk.Files["d:\\backup\\chl002.tmp"];
+  program.Click("frmAcquire", "Command2");
+  program.Read(0.005, 2);
+  Tick(program.kelp);
+  EXPECT_EQ(program.run().ReadCount, 2);
+  EXPECT_EQ(program.disk.Files["d:\\backup\\chl002.tmp"], log);
+  EXPECT_EQ(program.form().Text4.Text, "Sample read suspended, click [Resume] to continue");
+  program.Click("frmAcquire", "Command2");
+  EXPECT_EQ(program.form().Text4.Text, "Averaging blank readings...");
+  Tick(program.kelp);
+  EXPECT_NE(program.disk.Files["d:\\backup\\chl002.tmp"], log);
+}
+
+TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
+  struct Row {
+    int key;
+    const char* text;
+    const char* title;
+    const char* changed;  ///< the caption after a Yes
+  };
+  static constexpr Row kRows[] = {
+      {2, "Do you want to save the datalog?", "Save Data?", "Load Blank"},
+      {3, "Do you want to allow Ra > Rb?", "Override?", "Reading Ra"},
+      {4, "Do you want to reset the current process to another? Y/N", "Change step?", "Acidified"},
+      {6, "Recalculate all values? Y/N", "Recalculate?", "Acidified"},
+      {8, "Restart? Y/N", "Do you want to start over?", "Load Blank"},
+      {10, "This will reset the program! Y/N?", "Reset Program?", "&Start"}};
+  for (const Row& row : kRows) {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+      Steering program("Acidified");
+      program.run().StepName = "SAMPLE";
+      program.form().Option1[0].Value = false;
+      program.form().Option1[3].Value = true;
+      program.run().RbReading = 1;
+      program.form().txtReading.Text = "1.5";
+      program.Answers({answer});
+      program.Key("frmAcquire", kKeyF1 + row.key - 1);
+      EXPECT_EQ(program.LastBox(), row.text);
+      EXPECT_EQ(program.platform.Boxes.back().message.Title, row.title);
+      EXPECT_EQ(program.caption(), answer == Answer::Yes ? row.changed : "Acidified") << row.key;
+      const bool yes = answer == Answer::Yes;
+      EXPECT_EQ(program.kelp.frmChangeStep.Form.Visible, yes && row.key == 4);
+      EXPECT_EQ(program.cell(2, kColAcidR), yes && row.key == 6 ? "2.01" : "");
+      EXPECT_EQ(program.run().RaAccepted, yes && row.key == 3);
+      EXPECT_EQ(program.kelp.frmLogin.Form.Visible, yes && row.key == 10);
+    }
+  }
+}
+
+TEST(RunControls, RelocationMovesTheRunAfterTwoWarnings) {
+  Steering program("Load Next Sample");
+  const auto at = [&](int row, int col) {
+    Post(program.kelp,
+         {.Kind = EventKind::DblClick, .Place = {"frmAcquire", "datalog"}, .Row = row, .Col = col});
+  };
+  program.Answers({Answer::Yes, Answer::No});
+  at(1, kColRb);
+  EXPECT_EQ(program.run().SampNum, 3);
+  program.Answers({Answer::Yes, Answer::Yes});
+  at(2, kColDepth);
+  EXPECT_EQ(program.run().SampNum, 2);
+  EXPECT_EQ(program.caption(), "Load Next Sample");
+  program.Answers({Answer::Yes, Answer::Yes});
+  at(1, kColRa);
+  EXPECT_EQ(program.caption(), "Acidify");
+  EXPECT_TRUE(program.run().ReadFlag);
+  EXPECT_EQ(program.run().RbReading, 2.0F) << "the Ra is compared with this sample's Rb";
+  program.Answers({Answer::Yes, Answer::Yes});
+  at(4, kColRb);
+  EXPECT_EQ(program.caption(), "Load Station Sample");
+  for (const int key : std::initializer_list<int>{'x', kKeyBackspace, kKeyBackspace, '5'})
+    program.Key("frmAcquire", key);
+  EXPECT_EQ(program.cell(4, kColRb), "2.0005");
+}
+
+TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
+  struct Row {
+    int option;
+    const char* caption;
+    const char* step;
+    std::uint32_t trace;
+  };
+  static constexpr Row kRows[] = {
+      {0, "&Start", "STANDBY", kTraceMagenta},    {1, "Load Blank", "BLANK", kTraceMagenta},
+      {2, "Reading Blank", "BLANK", kTraceGreen}, {3, "Load Copro 3-1", "COPROS", kTraceMagenta},
+      {4, "Reading 3-1", "COPROS", kTraceGreen},  {5, "Load Copro 2-5", "COPROS", kTraceMagenta},
+      {6, "Reading 2-5", "COPROS", kTraceGreen},  {7, "Load Station Sample", "SAMPLE", kTraceMagenta}};
+  for (const Row& row : kRows) {
+    Steering program("Acidify");
+    program.Answers({Answer::Yes, Answer::Ok});
+    program.Key("frmAcquire", kKeyF1 + 3);
+    program.Click("frmChangeStep", "Command1", 0);
+    EXPECT_EQ(program.caption(), "Acidify") << "nothing selected, nothing changed";
+    program.Answers({Answer::Yes});
+    program.platform.QueueAnswer(Answer::Ok);
+    ShowScreen(program.kelp, "frmChangeStep");
+    program.Click("frmChangeStep", "Option1", row.option);
+    program.Click("frmChangeStep", "Command1", 0);
+    EXPECT_EQ(program.caption(), row.caption);
+    EXPECT_EQ(program.run().StepName, row.step);
+    EXPECT_EQ(program.run().TraceColor, row.trace) << row.option;
+    EXPECT_FALSE(program.kelp.frmChangeStep.Form.Visible);
+  }
+}
+
+TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
+  struct Row {
+    const char* caption;
+    int option;
+    int source;
+    int row;
+    int field;
+  };
+  static constexpr Row kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
+                                  {"Load Next Sample", 3, 0, 3, 11},
+                                  {"Acidify", 2, 1, 3, 12},
+                                  {"What's Next", 2, 0, 2, 11}};
+  for (const Row& row : kRows) {
+    Steering program(row.caption);
+    program.Key("frmAcquire", kKeyF1 + 8);
+    program.Type("dlgRunRem", "Text1", -1, "   ");
+    program.Click("dlgRunRem", "OKButton");
+    program.Type("dlgRunRem", "Text1", -1, " bubbles ");
+    program.Click("dlgRunRem", "Option1", row.option);
+    program.Click("dlgRunRem", "Option1", row.source);
+    program.Click("dlgRunRem", "OKButton");
+    EXPECT_EQ(program.run().SampTbl(row.row, row.field), "bubbles") << row.caption;
+    EXPECT_EQ(program.cell(row.row, row.field + 1), "bubbles");
+    EXPECT_TRUE(program.kelp.dlgRunRem.Form.Visible);
+    program.Click("dlgRunRem", "CancelButton");
+    EXPECT_FALSE(program.kelp.dlgRunRem.Form.Visible);
+  }
+}
+
+TEST(RunControls, AHeaderBoxThatIsLeftIsCheckedAndTheRunGoesOn) {
+  struct Row {
+    int box;
+    const char* text;
+    bool good;
+  };
+  static constexpr Row kRows[] = {{3, "0.109", true},   {3, "0,109", false},     {4, "2.288", true},
+                                  {4, "1", false},      {5, "138", true},        {5, "0", false},
+                                  {6, "7", true},       {6, "x7", false},        {7, "", false},
+                                  {8, "-8", false},     {9, "11/24/2026", true}, {9, "24.11.2026", false},
+                                  {10, "23:59", false}, {10, "23:59:00", true},  {1, "anything", true}};
+  for (const Row& row : kRows) {
+    Steering program("Load Next Sample");
+    program.run().StepName = "SAMPLE";
+    program.Type("frmAcquire", "txtStaInfo", row.box, row.text);
+    const TextBox& box = program.form().txtStaInfo[row.box];
+    EXPECT_EQ(box.Problem.empty(), row.good) << row.box << " " << row.text;
+    EXPECT_EQ(Contains(program.form().StatusBar1.Text, "The value stays as typed"), !row.good);
+    EXPECT_EQ(box.Text, row.text);
+    EXPECT_EQ(program.form().Text4.Text, "Load Sample then press <spacebar> twice.");
+    EXPECT_EQ(program.caption(), "Load Next Sample");
+  }
+  Steering program("Load Next Sample");
+  program.Type("frmAcquire", "txtStaInfo", 0, "801");
+  EXPECT_EQ(program.caption(), "&Start");
+  EXPECT_TRUE(program.run().ProcNumEdited);
+}
+
+}  // namespace kelp
