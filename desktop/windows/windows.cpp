@@ -33,6 +33,7 @@ Windows::Windows(Kelp& kelp, std::function<bool(const Event&)> post)
       soundSwitch_(MakeSoundSwitch()) {
   machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, the text editor");
   machineSettings_->setFocusPolicy(Qt::TabFocus);
+  machineSettings_->setAutoDefault(true);
   // A screen is hidden before the next one is shown: that is not the end of the program.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   windows_["frmMain"] = Make("frmMain");

@@ -68,10 +68,8 @@ TEST(Panel, SignsAppearWithTheCriteriaAndNotBefore) {
     bool reads, sd;
   };
   // An SD of a buffer that is not full is no SD, however small; an unsteady one does not pass.
-  const Row rows[] = {{1.0, 9, false, false},
-                      {1.0, 1, true, true},
-                      {1.5, 9, true, false},
-                      {1.5001, 1, true, true}};
+  const Row rows[] = {
+      {1.0, 9, false, false}, {1.0, 1, true, true}, {1.5, 9, true, false}, {1.5001, 1, true, true}};
   for (const Row& row : rows) {
     desk.Read(row.value, row.count);
     const PanelState panel = PanelOf(desk.kelp);
