@@ -26,7 +26,7 @@ enum class Found { File, Nothing, CreateScreen };
 // The number of a file that the operator chose: its last three characters, as all stations have them.
 std::string ProcNumOf(const std::string& path) {
   const std::string station = StationPath(path);
-  const std::string procNum(Right(station, 3));
+  std::string procNum(Right(station, 3));
   if (!UsableProcNum(procNum) || Contains(station.substr(station.rfind('\\') + 1), "."))
     throw FileError(
         path, "is no base file: its name is to end in a processing number; choose a file such as chl007");
