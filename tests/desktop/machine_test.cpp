@@ -410,14 +410,3 @@ TEST(Running, PassesAndTicksRunOnlyWhenWanted) {
 
 }  // namespace
 }  // namespace kelp
-
-int main(int argc, char** argv) {
-  // Settings and drives of the tests are their own.
-  const QTemporaryDir home;
-  qputenv("XDG_CONFIG_HOME", home.filePath("config").toUtf8());
-  qputenv("XDG_DATA_HOME", home.filePath("data").toUtf8());
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication app(argc, argv);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

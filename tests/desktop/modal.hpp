@@ -16,7 +16,7 @@ void WhenModal(const std::function<void(Dialog&)>& act) {
   auto* timer = new QTimer(qApp);
   QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
     auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr || !dialog->isVisible()) return;
+    if (dialog == nullptr || !dialog->isActiveWindow()) return;
     timer->stop();
     timer->deleteLater();
     act(*dialog);
