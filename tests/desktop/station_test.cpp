@@ -339,8 +339,7 @@ TEST_F(Bench, FilesOpenInTheEditorOfTheSettings) {
       << Content(log).toStdString();
   WhenModal<QFileDialog>([&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.directory().path() + "/", folder);
-    dialog.findChild<QLineEdit*>("fileNameEdit")->setText("chl001");
-    QMetaObject::invokeMethod(&dialog, "accept");
+    ChooseIn(dialog, "chl001");
   });
   click(2);
   EXPECT_TRUE(Eventually([&] { return Content(log).endsWith((folder + "chl001\n").toUtf8()); }))
