@@ -60,19 +60,19 @@ class StationTable {
   std::array<std::string, static_cast<std::size_t>(kRows* kCols)> cells_ = {};
 };
 
+/// A save that stopped half way: the data it was to write and the steps it had done, so that they are not
+/// done twice when the save is repeated.
+struct UnfinishedSave {
+  std::string Data;
+  std::set<std::string> Done;
+};
+
 /// Where a station whose readings were restored after a crash goes on.
 enum class ResumeAt {
   Nothing,  ///< nothing was restored, or the run goes on already
   Step,     ///< at the step that was under way
   Ra,       ///< at the acid of a sample that has its Rb
   Chooser,  ///< behind the last sample
-};
-
-/// A save that stopped half way: the data it was to write and the steps it had done, so that they are not
-/// done twice when the save is repeated.
-struct UnfinishedSave {
-  std::string Data;
-  std::set<std::string> Done;
 };
 
 struct RunState {

@@ -142,7 +142,7 @@ void ImportCtd(Kelp& kelp) {
   }
 }
 
-// True for a station that was saved with results.
+// True for a station that brings values of its own.
 bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   RunState& run = kelp.run;
   std::string& station = kelp.frmAcquire.txtStaInfo[kStaLineSta].Text;
@@ -174,7 +174,7 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
     ShowScreen(kelp, "frmRecalc");
   }
-  return hasReport || reopened;
+  return hasReport || reopened || restored;
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {

@@ -20,9 +20,9 @@ void CreateBaseFile(Kelp& kelp);
 
 /// Loads a base file. When it is missing the operator creates it, searches for one, or goes on to the
 /// next processing number; `path` is then the file that was read. True for a station that was saved
-/// before, which brings its results, blanks and copros. When none is read, no station is open. Throws
-/// FileError, "Invalid procedure call" (a line that begins with a blank) or "Subscript out of range" (too
-/// many lines or fields), whose text names file and line; the station that was open then stays open.
+/// or is restored, which brings its own readings, blanks and copros. When none is read, no station is open.
+/// Throws FileError, "Invalid procedure call" (a line that begins with a blank) or "Subscript out of range"
+/// (too many lines or fields), whose text names file and line; the station that was open then stays open.
 bool LoadBaseFile(Kelp& kelp, std::string& path);
 
 /// Opens the station that follows the current one, and moves the end values to the beginning.

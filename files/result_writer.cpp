@@ -24,11 +24,12 @@ std::string Joined(const std::vector<std::string>& lines) {
   return text;
 }
 
-bool HoldsStation(const StationTable& table) {
+bool NoStationIsOpen(const RunState& run) {
+  if (run.PrnFile.empty()) return true;
   for (int row = 0; row < StationTable::kRows; ++row)
     for (int col = 0; col < StationTable::kCols; ++col)
-      if (!table(row, col).empty()) return true;
-  return false;
+      if (!run.SampTbl(row, col).empty()) return false;
+  return true;
 }
 
 // A save that repeats one that failed goes on where that stopped, unless the data have changed since.
@@ -116,13 +117,13 @@ void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) 
   kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
                      .Title = std::string(ErrorName(error.kind())),
                      .Icon = Icon::Critical,
-                     .ReportsError = true});
+                     .ReportsFailure = true});
 }
 
 }  // namespace
 
 bool SaveStationResults(Kelp& kelp) {
-  if (!HoldsStation(kelp.run.SampTbl)) {
+  if (NoStationIsOpen(kelp.run)) {
     Tell(kelp, "No station is open, so there is nothing to save. Create or load its base file first.");
     return false;
   }

@@ -58,7 +58,7 @@ Answer ScriptedPlatform::Ask(const Message& message) {
   Boxes.push_back({message});
   const std::string box = "box " + Quoted(message.Title) + " " + Quoted(message.Text);
   const bool fits = !answers_.empty() && Offers(message.Buttons, answers_.front());
-  if (!fits && !message.ReportsError) {
+  if (!fits && !message.ReportsError && !message.ReportsFailure) {
     Say(box + " -> no answer");
     const std::string next = answers_.empty() ? "" : std::string(AnswerName(answers_.front()));
     throw NoAnswer{"message box \"" + message.Text + "\"" +
@@ -85,7 +85,9 @@ std::string ScriptedPlatform::Launch(const std::string& command) {
 }
 
 void ScriptedPlatform::PrintLine(const std::string& line) {
-  if (!printerWorks_) throw FileError("printer", "it does not answer; switch it on, then save again");
+  if (!printerWorks_ || PrinterTakes == 0)
+    throw FileError("printer", "it does not answer; switch it on, then save again");
+  if (PrinterTakes > 0) --PrinterTakes;
   document_.push_back(line);
 }
 

@@ -1,6 +1,6 @@
 // A platform that follows a script instead of a person and a machine: answers are queued, text is fed
 // to the serial line, and time passes only when told. The console and the tests run on it. The report
-// of a run-time error asks nothing: it takes an "OK" if one is next, and needs none.
+// of an error or a failure asks nothing: it takes an "OK" if one is next, and needs none.
 #pragma once
 
 #include <deque>
@@ -52,6 +52,8 @@ class ScriptedPlatform : public Platform {
   std::vector<std::string> Printed;   ///< lines of the documents that were ended
   std::vector<std::string> Launched;  ///< commands
   int PrinterChoices = 0;
+  /// Lines that the printer still takes before it fails; negative for any number.
+  int PrinterTakes = -1;
 
   Disk& disk() override { return disk_; }
   std::string OpenPort(int number, const std::string& settings) override;

@@ -21,10 +21,15 @@ bool EndPrintJob(Kelp& kelp) {
 
 }  // namespace
 
-bool SaveAndPrintStation(Kelp& kelp) {
-  if (!SaveStationResults(kelp) || !EndPrintJob(kelp)) return false;
-  FinishSave(kelp.run);
+bool SaveStation(Kelp& kelp) {
+  if (!SaveStationResults(kelp)) return false;
   EndJournal(kelp);
+  return true;
+}
+
+bool SaveAndPrintStation(Kelp& kelp) {
+  if (!SaveStation(kelp) || !EndPrintJob(kelp)) return false;
+  FinishSave(kelp.run);
   return true;
 }
 
@@ -32,10 +37,9 @@ bool EndStation(Kelp& kelp) {
   if (!EndPrintJob(kelp)) return false;
   SaveStationConfig(kelp);
   FinishSave(kelp.run);
-  EndJournal(kelp);
   return true;
 }
 
-bool CloseStation(Kelp& kelp) { return SaveStationResults(kelp) && EndStation(kelp); }
+bool CloseStation(Kelp& kelp) { return SaveStation(kelp) && EndStation(kelp); }
 
 }  // namespace kelp

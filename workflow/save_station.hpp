@@ -5,6 +5,10 @@
 
 namespace kelp {
 
+/// Saves the station's results; the journal that guarded them goes. False after a message that names the
+/// file that failed.
+bool SaveStation(Kelp& kelp);
+
 /// Saves the station's results and ends the print job. False after a message when either failed: nothing
 /// further is to be done then, and the save can be repeated.
 bool SaveAndPrintStation(Kelp& kelp);

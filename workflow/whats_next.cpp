@@ -4,7 +4,6 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "files/base_file.hpp"
-#include "files/result_writer.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/whats_next_steps.hpp"
@@ -37,7 +36,7 @@ class Progress {
 
 void NextStationByOk(Kelp& kelp) {
   Progress progress(kelp);
-  if (!SaveStationResults(kelp)) return;
+  if (!SaveStation(kelp)) return;
   // Set after the save: the text stays up during the rest of the work.
   progress.Say("Printing and Saving Data...");
   if (!EndStation(kelp)) return;
@@ -64,7 +63,7 @@ void EndBlankByOk(Kelp& kelp) {
 
 void PrintSaveByOk(Kelp& kelp) {
   Progress progress(kelp);
-  if (!SaveStationResults(kelp)) return;
+  if (!SaveStation(kelp)) return;
   // The capital "A", unlike the next station's, is as the analysts know it.
   progress.Say("Printing And Saving Data...");
   if (!EndStation(kelp)) return;

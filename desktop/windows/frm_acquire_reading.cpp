@@ -20,7 +20,7 @@ constexpr int kRawReading = 1;
 constexpr int kSd = 2;
 constexpr int kHistoryColumns = 5;
 
-void Fade(QWidget* widget) { SetInk(widget, FaintText(widget->palette())); }
+void Fade(QWidget* widget) { SetInk(widget, FaintText); }
 
 QLabel* MakeCaption(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);

@@ -34,7 +34,7 @@ std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report)
 
   auto* reminder = static_cast<QLabel*>(controls("Label1"));
   SetLook(reminder, 1, true);
-  SetInk(reminder, WarnInk(window->palette()));
+  SetInk(reminder, WarnInk);
 
   auto* layout = new QVBoxLayout(window.get());
   layout->setContentsMargins(18, 16, 18, 14);

@@ -54,7 +54,7 @@ std::optional<Event> EventOfKey(const QKeyEvent& key, const QWidget& focus, cons
   };
   if (IsPlain(key) && IsFunctionKey(key)) return press(kKeyF1 + key.key() - Qt::Key_F1);
   if (IsEnter(key) && !IsPlain(key)) return place == nullptr ? std::nullopt : DoubleClick(focus, *place);
-  if (place == nullptr) return IsEnter(key) ? std::optional(press(kKeyEnter)) : std::nullopt;
+  if (place == nullptr) return {};
   const auto* value = dynamic_cast<const ValueBox*>(&focus);
   const bool usable = value != nullptr && value->Usable();
   if (usable && (IsEnter(key) || key.key() == Qt::Key_Space))

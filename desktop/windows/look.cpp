@@ -1,10 +1,39 @@
 #include "desktop/windows/look.hpp"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QTextDocument>
 #include <QWidget>
 
 namespace kelp {
+
+namespace {
+
+// Colours a widget's text, and again when the desktop goes from light to dark.
+class Inker : public QObject {
+ public:
+  Inker(QWidget* widget, QColor (*ink)(const QPalette&)) : QObject(widget), widget_(widget), ink_(ink) {
+    widget->installEventFilter(this);
+    Apply();
+  }
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange) Apply();
+    return false;
+  }
+
+ private:
+  void Apply() {
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, ink_(QApplication::palette(widget_)));
+    widget_->setPalette(palette);
+  }
+
+  QWidget* widget_;
+  QColor (*ink_)(const QPalette&);
+};
+
+}  // namespace
 
 QString PlainToolTip(const std::string& text) {
   const QString tip = FromProgram(text);
@@ -50,10 +79,6 @@ void SetLook(QWidget* widget, double factor, bool bold) {
   widget->setFont(Scaled(widget->font(), factor, bold));
 }
 
-void SetInk(QWidget* widget, const QColor& ink) {
-  QPalette palette = widget->palette();
-  palette.setColor(QPalette::WindowText, ink);
-  widget->setPalette(palette);
-}
+void SetInk(QWidget* widget, QColor (*ink)(const QPalette&)) { new Inker(widget, ink); }
 
 }  // namespace kelp

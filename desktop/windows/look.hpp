@@ -35,8 +35,9 @@ QFont Scaled(const QFont& font, double factor, bool bold = false);
 /// The width of `digits` digits in the widget's font.
 int DigitsWidth(const QWidget& widget, int digits);
 
-/// Gives a widget another font size, and a colour for its text when one is named.
+/// Gives a widget another font size.
 void SetLook(QWidget* widget, double factor, bool bold = false);
-void SetInk(QWidget* widget, const QColor& ink);
+/// Gives its text a colour that follows the desktop's scheme.
+void SetInk(QWidget* widget, QColor (*ink)(const QPalette&));
 
 }  // namespace kelp

@@ -36,9 +36,10 @@ QSize StripChartView::minimumSizeHint() const {
 void StripChartView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
+  // Whole pixels: bars and ticks of one place stand on one line.
   const auto at = [this](double x, double y) {
-    return QPointF((x - kChartLeft) / kChartWidth * (width() - 1),
-                   (y - kChartTop) / kChartHeight * (height() - 1));
+    return QPointF(qRound((x - kChartLeft) / kChartWidth * (width() - 1)),
+                   qRound((y - kChartTop) / kChartHeight * (height() - 1)));
   };
   painter.setPen(Qt::black);
   for (const ChartLine& line : ChartAxes()) painter.drawLine(at(line.X1, line.Y1), at(line.X2, line.Y2));

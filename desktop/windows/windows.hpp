@@ -52,7 +52,7 @@ class Windows : public QObject {
   [[nodiscard]] QByteArray Geometry() const;
   void RestoreGeometry(const QByteArray& geometry);
 
-  /// The widget of a control, or null; for tests.
+  /// The widget of a control, or null when its window was not built yet.
   QWidget* WidgetOf(const FocusPlace& place);
 
   bool eventFilter(QObject* object, QEvent* event) override;

@@ -1,0 +1,186 @@
+// Every file of a saved station, line by line, and what is left of a save that fails.
+#include <gtest/gtest.h>
+
+#include "files/database_csv.hpp"
+#include "files/kept_copy.hpp"
+#include "tests/support/finished_station.hpp"
+
+namespace kelp {
+
+namespace {
+
+struct RemarkedStation : FinishedStation {
+  RemarkedStation() : FinishedStation(2) {
+    cell(1, kColFiltCom) = "torn <filter>, 50% left";
+    cell(2, kColReadCom) = "see_note";
+  }
+};
+
+std::size_t Count(std::string_view text, std::string_view part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// The names of the files that differ; the journal, which guards them, is none of them.
+std::string Differing(std::map<std::string, std::string> a, std::map<std::string, std::string> b) {
+  std::string names;
+  for (auto* files : {&a, &b}) files->erase("d:\\backup\\chl002.jnl");
+  for (const auto& [path, text] : b) names += a[path] == text ? "" : path + " ";
+  for (const auto& [path, text] : a) names += b.contains(path) ? "" : path + " ";
+  return names;
+}
+
+}  // namespace
+
+TEST(ResultFiles, TheReportIsTheSameEverywhereAndRowsHaveAFieldForEachColumn) {
+  RemarkedStation program;
+  const std::string fresh = program.file("chl002");
+  const std::string config = program.disk.Files[kConfigPath];
+  program.Save();
+  EXPECT_TRUE(program.run().ResultsSaved);
+  const std::string report = program.file("chl002.prn");
+  EXPECT_TRUE(program.file("chl002").ends_with(
+      "\r\n2 08 3 138 8 3 2.00 4.0000 2.0000 22.450 6.393 - see\\_note *\r\n" + report));
+  EXPECT_EQ(Replaced(Replaced(program.file("chl002.htm"), "<B>", ""), "</B>", ""),
+            "<html>\r\n<body>\r\n<pre>\r\n" + report + "</pre>\r\n</body>\r\n</html>\r\n");
+  EXPECT_EQ(program.platform.Printed, Lines(report));
+  EXPECT_EQ(program.file("chl002Base"), fresh);
+  EXPECT_EQ(program.disk.Files["c:\\kelp\\kelp.002"], config);
+  const auto rows = Lines(program.file("0707SLChldb.csv") + program.file("0707SL002Chldb1.csv"));
+  ASSERT_EQ(rows.size(), 6U);
+  for (int i = 0; i < 6; ++i) EXPECT_EQ(Count(rows[i], ","), i < 3 ? 26U : 47U) << rows[i];
+}
+
+TEST(ResultFiles, ChecksAndSettingsDecideWhatIsWritten) {
+  RemarkedStation program;
+  program.kelp.frmWhatsNext.Check2[0].Value = false;
+  program.kelp.frmWhatsNext.Check2[1].Value = false;
+  program.form().txtStaInfo[kStaLineSta].Text = "<SURFX> & co";
+  program.Save();
+  EXPECT_TRUE(program.platform.Printed.empty());
+  EXPECT_FALSE(program.Has("0707SLChldb.csv") || program.Has("0707SL002Chldb1.csv"));
+  EXPECT_TRUE(Contains(program.file("chl002.htm"), "Station: &lt;SURFX&gt; &amp; co\r\n"));
+  EXPECT_TRUE(Contains(program.file("chl002.prn"), "Station: <SURFX> & co\r\n"));
+
+  program.kelp.frmWhatsNext.Check2[1].Value = true;
+  program.Configure(kCfgBlankToSave, "AVErent");
+  program.run().CastType = "ROS, deep";
+  program.Save();
+  EXPECT_TRUE(Contains(program.file("0707SLChldb.csv"), ",8,0.0052,3.0000,"));
+  EXPECT_TRUE(Contains(program.file("0707SLChldb.csv"), ",ROS  deep,"));
+  EXPECT_EQ(program.run().CtdTime, "11:30:00") << "the half of the day is cut off";
+}
+
+TEST(ResultFiles, NoKeptCopyIsEverLost) {
+  RemarkedStation program;
+  const std::string fresh = program.file("chl002");
+  std::vector<std::string> saved;
+  for (int i = 0; i < 3; ++i) {
+    program.cell(1, kColReadCom) = "save " + std::to_string(i);
+    program.Save();
+    saved.push_back(program.file("chl002"));
+  }
+  EXPECT_EQ(program.file("chl002Base"), fresh) << "the first copy stays as it is";
+  EXPECT_EQ(program.file("chl002Base11242026030000"), saved[0]);
+  EXPECT_EQ(program.file("chl002Base11242026030000-2"), saved[1]) << "two saves within one second";
+  EXPECT_EQ(Count(program.file("chl002.prn"), "B a y T R E K"), 3U);
+
+  for (const auto& [path, station] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"q:\\Base\\chl007", "q:\\Base\\chl007"},
+           {"q:\\Base\\chl007Base", "q:\\Base\\chl007"},
+           {"q:\\chl007Base11242026030000-2", "q:\\chl007"},
+           {"q:\\chl007Based", "q:\\chl007Based"},
+           {"q:\\Base", "q:\\Base"}})
+    EXPECT_EQ(StationPath(path), station);
+}
+
+TEST(ResultFiles, ASaveThatFailsAtAnyWriteKeepsAllAndRepeatedIsAsIfItHadNotFailed) {
+  for (const int savesBefore : {0, 1}) {
+    RemarkedStation whole;
+    for (int i = 0; i < savesBefore; ++i) whole.Save();
+    const auto old = whole.disk.Files;
+    const int first = whole.disk.Writes + 1;
+    whole.Save();
+    EXPECT_GE(whole.disk.Writes - first, 8);
+    for (int n = first; n <= whole.disk.Writes; ++n) {
+      RemarkedStation program;
+      for (int i = 0; i < savesBefore; ++i) program.Save();
+      program.disk.FailAt = n;
+      program.Save();
+      // Only the journal, which has done its work by then, may fail to go without a word.
+      const bool told = Contains(program.LastBox(), "no space left on the device");
+      EXPECT_TRUE(told || program.run().ResultsSaved) << n;
+      for (const auto& [path, text] : old) {
+        const std::string& now = program.disk.Files[path];
+        EXPECT_TRUE(now == text || now == whole.disk.Files[path]) << n << path;
+      }
+      // The log goes on while the operator mends the trouble.
+      program.run().RunDate = "11/24/2026,03:00:00";
+      if (told) program.Save();
+      for (auto& [path, text] : program.disk.Files) text = Replaced(text, "03:00:00", "02:59:58");
+      EXPECT_EQ(Differing(program.disk.Files, whole.disk.Files), "") << n;
+    }
+  }
+}
+
+TEST(ResultFiles, ABadPlaceIsNamedAndTheSaveCanBeRepeated) {
+  for (const char* name :
+       {"chl002.prn", "chl002Base", "chl002.htm", "0707SLChldb.csv", "0707SL002Chldb1.csv"}) {
+    RemarkedStation program;
+    const std::string folder = Lower(kChl + name);
+    program.disk.Folders.insert(folder);
+    program.Save();
+    // A folder in the place of the kept copy is one more name that exists.
+    const bool copy = name == std::string("chl002Base");
+    EXPECT_EQ(Contains(program.LastBox(), name), !copy) << program.LastBox();
+    EXPECT_EQ(program.run().ResultsSaved, copy);
+    EXPECT_EQ(copy, program.Has("chl002Base11242026030000"));
+    program.disk.Folders.erase(folder);
+    if (!copy) program.Save();
+    EXPECT_TRUE(program.run().ResultsSaved) << name;
+    EXPECT_TRUE(program.file("chl002").ends_with(program.file("chl002.prn"))) << "one report in both";
+  }
+  RemarkedStation program;
+  program.disk.FailBelow = "q:\\vault";
+  program.Save();
+  EXPECT_TRUE(Contains(program.LastBox(), "Q:\\vault\\2007\\0707\\chl\\chl002.prn"));
+  EXPECT_TRUE(program.platform.Boxes.back().message.ReportsFailure);
+  program.cell(1, kColRb) = "2.9990";
+  program.disk.FailBelow.clear();
+  program.Save();
+  EXPECT_TRUE(Contains(program.file("chl002"), " 2.9990 "));
+}
+
+TEST(ResultFiles, APrinterThatFailsCostsNoFileAndPrintsOnceItWorks) {
+  for (const int takes : {0, 5}) {
+    RemarkedStation program;
+    program.platform.PrinterTakes = takes;
+    program.Save();
+    EXPECT_TRUE(Contains(program.LastBox(), "printer: ")) << program.LastBox();
+    EXPECT_FALSE(program.run().ResultsSaved);
+    EXPECT_EQ(program.run().ProcNum, "002") << "the station stays open";
+    const auto files = program.disk.Files;
+    program.platform.Printed.clear();
+    program.platform.PrinterTakes = -1;
+    program.Save();
+    EXPECT_TRUE(program.run().ResultsSaved);
+    EXPECT_EQ(program.platform.Printed, Lines(program.file("chl002.prn")));
+    EXPECT_EQ(Differing(program.disk.Files, files), std::string(kConfigPath) + " ");
+  }
+}
+
+TEST(ResultFiles, WithoutAStationThereIsNothingToSave) {
+  Program program;
+  Start(program.kelp);
+  program.Click("frmMain", "Command1", 0);
+  program.Answers({Answer::No});
+  program.platform.QueueFile({});
+  program.Click("frmLogin", "cmdOK");
+  program.Answers({Answer::Yes, Answer::Ok});
+  program.Key("frmAcquire", kKeyF1 + 1);
+  EXPECT_TRUE(StartsWith(program.LastBox(), "No station is open"));
+  EXPECT_FALSE(program.disk.Exists(kChl + "chl002"));
+}
+
+}  // namespace kelp
