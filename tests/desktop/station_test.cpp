@@ -70,7 +70,7 @@ void WriteScript(const QString& name, const QByteArray& script) {
   file.write(script);
 }
 
-struct Bench : testing::Test {
+struct DesktopStation : testing::Test {
   Drives drives = {};
   std::unique_ptr<PseudoTerminal> instrument = std::make_unique<PseudoTerminal>();
   std::unique_ptr<DesktopRun> run = {};
@@ -165,7 +165,7 @@ const char* const kStation =
     "key frmAcquire Space\nread 0.0060 16\nkey frmAcquire Space\n"
     "click frmWhatsNext.NextButton\n";
 
-TEST_F(Bench, AStationByKeyboardAlone) {
+TEST_F(DesktopStation, AStationByKeyboardAlone) {
   // A first start: the settings dialog is opened from the welcome, and what is set there acts at once.
   WhenModal<QMessageBox>([&](QMessageBox& welcome) {
     EXPECT_TRUE(welcome.text().contains(qEnvironmentVariable("XDG_DATA_HOME") + "/kelp/drive_c"));
@@ -250,7 +250,7 @@ TEST_F(Bench, AStationByKeyboardAlone) {
   EXPECT_EQ(words(reader.readAllStandardOutput()), words(Content(chl + "chl002.prn")));
 }
 
-TEST_F(Bench, ClosingAWindowAsksWhatQuitAsks) {
+TEST_F(DesktopStation, ClosingAWindowAsksWhatQuitAsks) {
   Begin();
   struct Row {
     const char* screen;
@@ -280,7 +280,7 @@ TEST_F(Bench, ClosingAWindowAsksWhatQuitAsks) {
   EXPECT_TRUE(ended);
 }
 
-TEST_F(Bench, AnUnpluggedLineIsToldAndOpenedAgain) {
+TEST_F(DesktopStation, AnUnpluggedLineIsToldAndOpenedAgain) {
   const QString cable = drives.Path("cable");
   const auto plug = [&] {
     QFile::remove(cable);
@@ -317,7 +317,7 @@ TEST_F(Bench, AnUnpluggedLineIsToldAndOpenedAgain) {
   EXPECT_EQ(int{run->program().run.ReadCount}, 5) << "nothing that was read is lost";
 }
 
-TEST_F(Bench, FilesOpenInTheEditorOfTheSettings) {
+TEST_F(DesktopStation, FilesOpenInTheEditorOfTheSettings) {
   const QString log = drives.Path("log");
   const QString editor = drives.Path("editor");
   WriteScript(editor, "#!/bin/sh\necho \"$1\" >> " + log.toUtf8() + "\n");
