@@ -67,7 +67,10 @@ QWidget* FrmAcquireWindow::MakeStandards() const {
 }
 
 ValueBox* FrmAcquireWindow::MakeStatusText(int digits) {
-  return new ValueBox(digits, ValueBox::Frame::None, Qt::AlignLeft, this);
+  auto* text = new ValueBox(digits, ValueBox::Frame::None, Qt::AlignLeft, this);
+  // On a narrow screen the status texts are cut before the window is too wide for it.
+  text->setMinimumWidth(DigitsWidth(*this, 4));
+  return text;
 }
 
 QWidget* FrmAcquireWindow::MakeStatusBar(QAbstractButton* soundSwitch) {
