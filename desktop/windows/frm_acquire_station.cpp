@@ -31,7 +31,7 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
     static_cast<QLabel*>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label, at / kHeaderColumns, col);
     layout->addWidget(box, at / kHeaderColumns, col + 1);
-    box->setMinimumWidth(DigitsWidth(*box, 6));
+    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : 8));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->setColumnStretch(col + 1, 1);
   };

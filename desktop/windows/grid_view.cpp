@@ -24,7 +24,7 @@ class CellPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool marked = index.row() + 1 == view_->MarkedRow();
     const QColor accent = option.palette.color(QPalette::Highlight);
-    QColor back = index.data(Qt::BackgroundRole).value<QColor>();
+    auto back = index.data(Qt::BackgroundRole).value<QColor>();
     if (marked) back = Mixed(back, accent, 0.22);
     painter->fillRect(option.rect, back);
     const QString text = index.data(Qt::DisplayRole).toString();

@@ -118,8 +118,8 @@ void ReportClicks(LinkTo<Control>* link, QAbstractButton* button, const Report& 
   // run's own button.
   button->setFocusPolicy(Qt::TabFocus);
   if (auto* option = qobject_cast<QRadioButton*>(button)) option->setAutoExclusive(false);
-  QObject::connect(button, &QAbstractButton::clicked, button, [link, button, report] {
-    if constexpr (requires { link->Shown.Value; }) link->Shown.Value = button->isChecked();
+  QObject::connect(button, &QAbstractButton::clicked, button, [link, report]([[maybe_unused]] bool checked) {
+    if constexpr (requires { link->Shown.Value; }) link->Shown.Value = checked;
     report({.Kind = EventKind::Click, .Place = link->Place});
   });
 }
