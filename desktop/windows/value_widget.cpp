@@ -99,8 +99,8 @@ void InstructionBox::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(palette().color(QPalette::Text));
   const QRect inner = rect().adjusted(4 + 2 * kPad, 2, -kPad, -2);
   const int flags = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextWordWrap;
-  for (double factor = 1.8; factor >= 0.7; factor -= 0.1) {
-    painter.setFont(Scaled(font(), factor, true));
+  for (int tenths = 18; tenths >= 7; --tenths) {
+    painter.setFont(Scaled(font(), tenths / 10.0, true));
     const QRect needed = painter.fontMetrics().boundingRect(inner, flags, ShownText());
     if (needed.height() <= inner.height() && needed.width() <= inner.width()) break;
   }

@@ -1,12 +1,15 @@
 // The acquisition screen as an instrument panel.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "app/panel.hpp"
 #include "desktop/windows/grid_view.hpp"
+#include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
 #include "desktop/windows/value_widget.hpp"
 #include "tests/desktop/desk.hpp"
@@ -120,6 +123,51 @@ TEST(Panel, CellsAreReadableInEveryScheme) {
     EXPECT_LT(lightness(3, kColQc, true), 0x60) << dark;
     EXPECT_GT(lightness(3, kColQc, false), 0xE8) << "light asterisks on it" << dark;
     QApplication::setPalette(before);
+  }
+}
+
+QString LetteringOf(const QWidget* widget) {
+  if (auto* button = qobject_cast<const QAbstractButton*>(widget)) return button->text().remove('&');
+  if (auto* edit = qobject_cast<const QLineEdit*>(widget)) return edit->text();
+  auto* label = qobject_cast<const QLabel*>(widget);
+  return label == nullptr || label->wordWrap() ? QString() : label->text().trimmed().remove('&');
+}
+
+void ExpectTextsWhole(const QWidget& window, const std::string& where) {
+  std::vector<const QWidget*> seen;
+  for (const QWidget* widget : window.findChildren<const QWidget*>()) {
+    const QString text = LetteringOf(widget);
+    if (text.isEmpty() || !widget->isVisible()) continue;
+    const QSize needed(widget->fontMetrics().horizontalAdvance(text), widget->fontMetrics().height() - 1);
+    EXPECT_EQ(needed.boundedTo(widget->size()), needed) << where << text.toStdString() << " is cut off";
+    const auto covers = [&](const QWidget* other) {
+      return other->parentWidget() == widget->parentWidget() &&
+             other->geometry().intersects(widget->geometry());
+    };
+    EXPECT_TRUE(std::none_of(seen.begin(), seen.end(), covers))
+        << where << text.toStdString() << " is covered";
+    seen.push_back(widget);
+  }
+}
+
+// On the smallest screen, and with large letters.
+TEST(Layout, ShowsEveryTextWhole) {
+  const QFont before = QApplication::font();
+  for (const double letters : {1.0, 1.5}) {
+    QApplication::setFont(Scaled(before, letters));
+    Desk desk;
+    desk.OpenStation(12);
+    desk.kelp.frmAcquire.Command1.Caption = "Reading Station Sample";
+    desk.kelp.frmAcquire.txtStaInfo[kStaFiltDate].Text = "11/23/2026";
+    VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
+      ShowScreen(desk.kelp, name);
+      QWidget* window = desk.windows.WindowOf(std::string(name));
+      if (name == "frmAcquire") window->resize(1280, 690);
+      QApplication::processEvents();
+      ExpectTextsWhole(*window, std::string(name) + " at " + std::to_string(letters) + ": ");
+      HideScreen(desk.kelp, name);
+    });
+    QApplication::setFont(before);
   }
 }
 

@@ -311,6 +311,73 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboard) {
   }
 }
 
+// Keys go to the window in front, wherever it has its focus.
+struct Keyboard {
+  Desk& desk;
+
+  void Press(int key) {
+    QTest::keyClick(desk.windows.FrontWindow()->focusWidget(), Qt::Key(key));
+    QApplication::processEvents();
+  }
+  void Type(const char* text) { QTest::keyClicks(desk.windows.FrontWindow()->focusWidget(), text); }
+  /// The space bar begins a reading; it comes in and the space bar saves it.
+  void Measure(double value) {
+    Press(Qt::Key_Space);
+    desk.Read(value, 10);
+    Press(Qt::Key_Space);
+  }
+};
+
+TEST(Keyboard, RunsAStationWithoutTheMouse) {
+  Desk desk;
+  Keyboard hands{desk};
+  Start(desk.kelp);
+  hands.Press(Qt::Key_Space);  // [Run Samples]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmLogin");
+  hands.Press(Qt::Key_Down);
+  desk.platform.QueueAnswer(Answer::Yes);
+  hands.Press(Qt::Key_Return);
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmCreateBase");
+  for (const char* text : {"002", "93.3 70", "2", "7", "21", "11/23/2026", "21:40:00"}) {
+    hands.Type(text);
+    hands.Press(Qt::Key_Return);
+  }
+  hands.Press(Qt::Key_Return);  // [Create File]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmAcquire");
+  EXPECT_EQ(desk.kelp.run.ProcNum, "002");
+  EXPECT_EQ(desk.kelp.frmAcquire.Combo1.Text, Words(CfgValue(desk.kelp.run, kCfgInitials))[1]);
+
+  hands.Press(Qt::Key_Space);
+  for (const double value : {0.0141, 1.53, 5.03}) hands.Measure(value);
+  for (const double value : {2.5, 1.25, 3.0, 2.0}) hands.Measure(value);
+  EXPECT_EQ(desk.kelp.Shown.front(), "frmWhatsNext");
+  const Grid& grid = desk.kelp.frmAcquire.datalog;
+  const char* const rows[][4] = {{"21", "07", "2.5000", "1.2500"}, {"22", "08", "3.0000", "2.0000"}};
+  for (int row = 1; row <= 2; ++row)
+    for (int col : {kColVial, kColBottle, kColRb, kColRa})
+      EXPECT_EQ(grid.Text(row, col), rows[row - 1][col < 2 ? col : col - 1]) << row << "," << col;
+  EXPECT_FALSE(grid.Text(2, kColChla).empty());
+  EXPECT_EQ(desk.kelp.frmAcquire.txtBlank[kBoxBeginBlank].Text, "0.0141");
+  EXPECT_EQ(desk.kelp.frmAcquire.txtBlank[kBoxCopro2].Text, "5.0300");
+
+  // A remark, and the chooser's "End Blank".
+  QTest::keyClick(desk.windows.WidgetOf({"frmAcquire", "Command1"}), Qt::Key_F9);
+  ASSERT_EQ(desk.kelp.Shown.front(), "dlgRunRem");
+  hands.Type("torn filter");
+  for (int i = 0; i < 5; ++i) hands.Press(Qt::Key_Tab);
+  hands.Press(Qt::Key_Space);  // [OK]
+  EXPECT_EQ(desk.kelp.run.SampTbl(1, kTblReaderRemark), "torn filter");
+  hands.Press(Qt::Key_Tab);
+  hands.Press(Qt::Key_Return);  // [Cancel]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmWhatsNext");
+  desk.windows.WidgetOf({"frmWhatsNext", "Option1", 2})->setFocus();
+  hands.Press(Qt::Key_Space);
+  desk.windows.WidgetOf({"frmWhatsNext", "NextButton"})->setFocus();
+  hands.Press(Qt::Key_Return);
+  EXPECT_EQ(desk.kelp.frmAcquire.Command1.Caption, "Load Blank");
+  EXPECT_EQ(desk.kelp.Shown.front(), "frmAcquire");
+}
+
 TEST_F(WindowedStation, KeepsWindowsWhereTheyWere) {
   Open("dlgRunRem");
   desk.windows.WindowOf("dlgRunRem")->setGeometry(40, 60, 500, 300);
