@@ -39,7 +39,7 @@ ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptio
   host.Printer = PrintLine;
   Watch watch(kelp, PrintLine);
   if (options.Watch) host.Changed = [&] { watch.Look(); };
-  const ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);
+  ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);
   if (options.Watch) watch.Conclude(disk.Written());
   return result;
 }
