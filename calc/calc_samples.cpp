@@ -34,11 +34,9 @@ void WriteResults(Grid& grid, int row, const Pigments& results) {
 }
 
 void AppendResultsLine(Kelp& kelp, int row) {
-  Disk& disk = kelp.platform.disk();
-  const std::string& path = kelp.run.PrnBackupFile;
-  std::string text;
-  if (!disk.Exists(path)) text = std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n";
-  disk.Append(path, text + ResultsLine(kelp.frmAcquire.datalog, row) + "\r\n");
+  AppendUnderHead(kelp.platform.disk(), kelp.run.PrnBackupFile,
+                  std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n",
+                  ResultsLine(kelp.frmAcquire.datalog, row) + "\r\n");
 }
 
 // The sample just finished: the pointer has moved on to the next sample unless the run stands at

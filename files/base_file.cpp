@@ -101,7 +101,7 @@ void SetPaths(Kelp& kelp, const std::string& path) {
   const bool backup = disk.AnyFileIn(run.BackupDir);
   run.TmpFile = (backup ? run.BackupDir : "C:\\kelp\\" + run.CruiseID) + "chl" + run.ProcNum + ".tmp";
   run.PrnBackupFile = (backup ? run.BackupDir : "C:\\kElp\\" + run.CruiseID) + "chl" + run.ProcNum + ".prn";
-  if (!disk.Exists(run.CsvFile)) disk.Append(run.CsvFile, std::string(kReadLogHeader) + "\r\n");
+  AppendUnderHead(disk, run.CsvFile, std::string(kReadLogHeader) + "\r\n", "");
 }
 
 // A non-empty Rb field in the first sample's row marks a station that was saved with results. The field
@@ -201,14 +201,6 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
-// Until a base file is read no station is open, and nothing may be measured into the last one's files.
-void CloseStationFiles(RunState& run) {
-  ClearTable(run);
-  run.SampCount = 0;
-  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
-    path->clear();
-}
-
 Counter16 NextBottle(const Kelp& kelp) {
   const int last = kelp.run.SampCount;
   if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
@@ -216,6 +208,13 @@ Counter16 NextBottle(const Kelp& kelp) {
 }
 
 }  // namespace
+
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
+}
 
 bool LoadBaseFile(Kelp& kelp, std::string& path) {
   bool saved = false;

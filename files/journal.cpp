@@ -90,6 +90,7 @@ void Write(Kelp& kelp, const Difference& changes) {
     else
       disk.Append(path, journal.Begun && !otherRows ? changes.lines : WholeSection(kelp));
     journal.Values = changes.values;
+    if (journal.Failed) SetStatus(kelp, "Readings are safe on the disk again: the journal was written anew.");
     journal.Begun = true;
     journal.Failed = false;
     SetWarning(kelp, "");
@@ -114,8 +115,10 @@ void TakeUp(Kelp& kelp) {
   const Difference all = Compare(kelp);
   journal.Values = all.values;
   if (restored.empty()) return;
+  const std::string status = kelp.Status;
   journal.Failed = true;  // so that it is written whole, to a new file
   Write(kelp, all);
+  SetStatus(kelp, status);
   if (journal.Failed || SameIgnoringCase(restored, JournalPath(kelp.run))) return;
   try {
     DropSections(kelp.platform.disk(), restored, StationName(kelp.run));

@@ -1,10 +1,12 @@
 // The real disk. What it writes is on the disk before it returns: content first, then the name. A value
 // that was read once can't be read again, so every failure is told and leaves the old file.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -33,11 +35,13 @@ class HostDisk : public Disk {
   void Keep(const std::string& path, const std::string& newPath) override;
   void Remove(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
+  bool Claim(const std::string& path) override;
 
  private:
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<fs::path> doubtful_ = {};
+  std::map<fs::path, Handle> claims_ = {};
   const DriveMap& drives_;
   bool flushes_;
 };
@@ -194,6 +198,21 @@ bool HostDisk::MakeFolder(const std::string& path) {
     if (error == 0) error = FlushFolder(missing.back().parent_path());
     if (error != 0) Fail(path, error, Doing::Writing);
   }
+  return true;
+}
+
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  Handle file = OpenFile(place, O_RDWR | O_CREAT);
+  // Another user's file can be held without the right to write it.
+  if (!file.IsOpen() && errno == EACCES) file = OpenFile(place, O_RDONLY);
+  if (!file.IsOpen()) Fail(path, errno, Doing::Writing);
+  int locked = -1;
+  do locked = ::flock(file.fd(), LOCK_EX | LOCK_NB);
+  while (locked != 0 && errno == EINTR);
+  if (locked != 0 && errno == EWOULDBLOCK) return false;
+  claims_.emplace(place, std::move(file));
   return true;
 }
 

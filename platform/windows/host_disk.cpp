@@ -1,5 +1,6 @@
 // The real disk. What it writes is on the disk before it returns: content first, then the name. A value
 // that was read once can't be read again, so every failure is told and leaves the old file.
+#include <map>
 #include <set>
 #include <vector>
 
@@ -30,11 +31,13 @@ class HostDisk : public Disk {
   void Keep(const std::string& path, const std::string& newPath) override;
   void Remove(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
+  bool Claim(const std::string& path) override;
 
  private:
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<fs::path> doubtful_ = {};
+  std::map<fs::path, Handle> claims_ = {};
   const DriveMap& drives_;
   bool flushes_;
 };
@@ -201,6 +204,19 @@ bool HostDisk::MakeFolder(const std::string& path) {
   std::error_code error;
   fs::create_directories(place, error);
   if (error) Fail(path, static_cast<DWORD>(error.value()));
+  return true;
+}
+
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  RefuseFolder(path, place);
+  // Nobody else can open it while it is open without a share.
+  const HANDLE file = ::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_SHARING_VIOLATION) return false;
+  if (file == INVALID_HANDLE_VALUE) Fail(path, ::GetLastError());
+  claims_.try_emplace(place, file);
   return true;
 }
 
