@@ -21,7 +21,7 @@ void PrintLine(const std::string& line) { std::cout << line << std::endl; }
 
 DriveMap MapDrives(const ConsoleOptions& options) {
   const auto data = options.Drives ? std::filesystem::absolute(*options.Drives) : HostDataFolder();
-  std::filesystem::create_directories(data);
+  if (!data.empty()) std::filesystem::create_directories(data);
   DriveMap drives(data);
   for (const auto& [letter, folder] : options.Drive) {
     std::filesystem::create_directories(folder);

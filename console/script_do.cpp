@@ -23,6 +23,14 @@ int KeyNamed(std::string_view name) {
                 "\" is no key: F1 to F12, Space, Enter, Backspace, Tab or one character");
 }
 
+Event KeyEvent(const std::string& screen, int key) {
+  Event event;
+  event.Kind = EventKind::Key;
+  event.Place.Screen = screen;
+  event.Key = key;
+  return event;
+}
+
 // Why an operator could not reach a control.
 std::string WhyNot(Kelp& kelp, const Target& target) {
   if (!FindWindow(kelp, target.Place.Screen)->Visible)
@@ -67,7 +75,7 @@ void ScriptPlayer::DoKey(std::string_view rest) {
   ExpectEnd(rest);
   if (FindWindow(host_.program(), screen) == nullptr) ScriptIsWrong("there is no screen \"" + screen + "\"");
   Act([&] {
-    if (!host_.Post({.Kind = EventKind::Key, .Place = {screen}, .Key = key}))
+    if (!host_.Post(KeyEvent(screen, key)))
       ScriptIsWrong("an operator can't do this: the screen " + screen + " is not on the display");
   });
 }
@@ -83,9 +91,7 @@ void ScriptPlayer::DoType(std::string_view rest) {
 
 void ScriptPlayer::TypeIntoCell(const Target& target, std::string_view text) {
   PostTo(target, {.Kind = EventKind::SelectCell});
-  const auto press = [&](int key) {
-    host_.Post({.Kind = EventKind::Key, .Place = {target.Place.Screen}, .Key = key});
-  };
+  const auto press = [&](int key) { host_.Post(KeyEvent(target.Place.Screen, key)); };
   for (std::size_t left = TargetValue(host_.program(), target).size(); left > 0; --left) press(kKeyBackspace);
   for (const char c : text) press(static_cast<unsigned char>(c));
 }
@@ -95,14 +101,18 @@ void ScriptPlayer::TypeIntoCell(const Target& target, std::string_view text) {
 // Start again; on other screens it goes to the next control.
 void ScriptPlayer::TypeIntoBox(const Target& target, std::string_view text) {
   PostTo(target, {.Kind = EventKind::Focus});
-  PostTo(target, {.Kind = EventKind::Edit});
-  for (std::size_t length = 1; length <= text.size(); ++length)
-    PostTo(target, {.Kind = EventKind::Edit, .Text = std::string(text.substr(0, length))});
-  const std::string& screen = target.Place.Screen;
-  if (screen == "frmAcquire")
-    host_.Post({.Kind = EventKind::Focus, .Place = {screen, "Command1"}});
-  else
-    host_.Post({.Kind = EventKind::Key, .Place = {screen}, .Key = kKeyTab});
+  Event edit;
+  edit.Kind = EventKind::Edit;
+  for (std::size_t length = 0; length <= text.size(); ++length) {
+    edit.Text = text.substr(0, length);
+    PostTo(target, edit);
+  }
+  Event leave = KeyEvent(target.Place.Screen, kKeyTab);
+  if (target.Place.Screen == "frmAcquire") {
+    leave.Kind = EventKind::Focus;
+    leave.Place.Control = "Command1";
+  }
+  host_.Post(leave);
 }
 
 void ScriptPlayer::DoRead(std::string_view rest) {

@@ -23,7 +23,8 @@ void ScriptPlayer::ExpectBox(std::string_view text) {
   for (std::size_t i = boxes.size(); i-- > 0;) {
     if (expected_[i] || boxes[i].message.ReportsError) continue;
     const std::string said = Visible(boxes[i].message.Text);
-    if (said != text)
+    // Some texts begin with a blank, which is easily left out.
+    if (Trim(said) != Trim(text))
       Fail("the newest message box says \"" + said + "\", expected \"" + std::string(text) + "\"");
     expected_[i] = true;
     return;
@@ -43,7 +44,9 @@ void ScriptPlayer::ExpectError(std::string_view name) {
   expected_.resize(boxes.size());
   bool reported = false;
   for (std::size_t i = firstBox_; i < boxes.size(); ++i) {
-    if (!boxes[i].message.ReportsError || boxes[i].message.Title != Trim(name)) continue;
+    const Message& message = boxes[i].message;
+    if (!message.ReportsError && !message.ReportsFailure) continue;
+    if (message.Title != Trim(name)) continue;
     expected_[i] = true;
     reported = true;
   }

@@ -201,6 +201,12 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
+// Without a station there is nothing that could be saved under another one's number.
+void HoldNoStation(Kelp& kelp) {
+  kelp.run.SampNum = 1;
+  ClearGrid(kelp.frmAcquire.datalog);
+}
+
 Counter16 NextBottle(const Kelp& kelp) {
   const int last = kelp.run.SampCount;
   if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
@@ -224,7 +230,7 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
     if (found == Found::File)
       saved = ReadBaseFile(kelp, path);
     else
-      ClearGrid(kelp.frmAcquire.datalog);
+      HoldNoStation(kelp);
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
     RefreshStandardDisplays(kelp);
   });

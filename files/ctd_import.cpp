@@ -70,9 +70,10 @@ void TakeMarkLine(Kelp& kelp, std::string_view line) {
   const std::string_view text = Trim(Right(line, kMarkTimeWidth));
   const auto time = ParseDateTime(text);
   if (!time)
-    throw RunTimeError(
-        ErrorKind::TypeMismatch,
-        "\"" + std::string(text) + "\" is no date and time; a mark ends in one such as 11/24/2026 22:30:00");
+    throw RunTimeError(ErrorKind::TypeMismatch,
+                       "the last 21 characters of the mark, \"" + std::string(text) +
+                           "\", are no date and time such as 11/24/2026 22:30:00 with blanks in front; mend "
+                           "the line, or type date and time into the header boxes");
   // The water is filtered about an hour after the bottle closed.
   run.MarkTime = *time + std::chrono::hours(1);
   run.CtdDate = ShortDate(run.MarkTime);

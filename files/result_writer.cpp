@@ -117,7 +117,7 @@ void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) 
   kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
                      .Title = std::string(ErrorName(error.kind())),
                      .Icon = Icon::Critical,
-                     .ReportsError = true});
+                     .ReportsFailure = true});
 }
 
 }  // namespace

@@ -96,7 +96,7 @@ fs::file_type TypeOf(const std::string& path, const fs::path& place) {
 // Follows a link, which may lead to any place on the same drive.
 fs::path Followed(const std::string& path, const fs::path& link, const fs::path& drive) {
   std::error_code error;
-  const fs::path target = fs::canonical(link, error);
+  fs::path target = fs::canonical(link, error);
   if (error)
     throw FileError(path, "\"" + NameOf(link) + "\" is a link that leads nowhere; remove or mend it");
   if (!Below(target, drive))

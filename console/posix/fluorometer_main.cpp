@@ -190,9 +190,14 @@ int Main(const std::vector<std::string>& arguments) {
       std::cout << (arguments[i] == "--help" ? kHelp : "kelp-fluorometer " KELP_VERSION "\n");
       return 0;
     }
-    const bool hasValue = i + 1 < arguments.size();
-    const std::string name = arguments[i];
-    const std::string trouble = Take(options, name, hasValue ? arguments[++i] : "");
+    const auto sign = arguments[i].find('=');
+    const std::string name = arguments[i].substr(0, sign);
+    std::string value;
+    if (sign != std::string::npos)
+      value = arguments[i].substr(sign + 1);
+    else if (i + 1 < arguments.size())
+      value = arguments[++i];
+    const std::string trouble = Take(options, name, value);
     if (!trouble.empty()) {
       std::cerr << "kelp-fluorometer: " << trouble << std::endl;
       return 2;

@@ -23,5 +23,10 @@ cmp "$folder/autoread.out" "$folder/again.out"
 results autoread >"$folder/autoread.results"
 results manual >"$folder/manual.results"
 diff "$folder/autoread.results" "$folder/manual.results"
+# What is watched: captions, saved values and results as they come, and what they came to.
+for line in '14:00:14  Load Copro 3-1' '    saved Begin Blank 0.0050' '    saved sample 12 Ra 3.3284' \
+  'Results of station 002' '    Q:\vault\2007\0707\chl\chl002.csv'; do
+  grep -qxF -- "$line" "$folder/autoread.out" || { echo "not watched: $line"; exit 1; }
+done
 # Twelve samples with plausible ratios stand in the results.
 grep -c '^ *[0-9]* *[01][0-9]  *3  *138  *8 .* 1\.[5-9][0-9] ' "$folder/autoread/drive_d/backup/chl002.prn" | grep -x 12

@@ -1,4 +1,5 @@
-// A station whose samples have been read and calculated, ready to be saved.
+// A station whose samples have been read and calculated, ready to be saved; and the same station opened
+// again in another run of the program.
 #pragma once
 
 #include "calc/calc_samples.hpp"
@@ -8,9 +9,31 @@ namespace kelp {
 
 inline const std::string kChl = "q:\\vault\\2007\\0707\\chl\\";
 
-struct FinishedStation : Program {
-  explicit FinishedStation(int samples = 3, const std::string& station = "93.3 70") {
-    OpenStation(samples, station);
+struct StationFiles : Program {
+  std::string& file(const std::string& name) { return disk.Files[Lower(kChl + name)]; }
+  bool Has(const std::string& name) { return disk.Files.contains(Lower(kChl + name)); }
+
+  /// F2, answered with Yes: results, print job and configuration are saved.
+  void Save() {
+    Answers({Answer::Yes});
+    Key("frmAcquire", kKeyF1 + 1);
+  }
+
+  /// The program started anew on another one's disk; its station is opened by the login.
+  void Reopen(const StationFiles& other) {
+    disk.Files = other.disk.Files;
+    disk.Folders = other.disk.Folders;
+    LoadConfig(kelp);
+    Configure(kCfgProcNum, std::to_string(static_cast<int>(Val(other.kelp.run.ProcNum)) - 1));
+    Start(kelp);
+    Click("frmMain", "Command1", 0);
+    Click("frmLogin", "cmdOK");
+  }
+};
+
+struct FinishedStation : StationFiles {
+  explicit FinishedStation(int samples = 3) {
+    OpenStation(samples);
     run().BeginBlankText = form().txtBlank[0].Text = "0.0050";
     run().EndBlankText = form().txtBlank[1].Text = "0.0054";
     const char* copros[] = {"1.5310", "1.5290", "5.0310", "5.0290"};
@@ -26,26 +49,6 @@ struct FinishedStation : Program {
       cell(row, kColRa) = Fixed(1.0 + row / 2.0, 4);
     }
     CalcAllSamples(kelp);
-  }
-
-  std::string& file(const std::string& name) { return disk.Files[Lower(kChl + name)]; }
-  bool Has(const std::string& name) { return disk.Files.contains(Lower(kChl + name)); }
-
-  /// F2, answered with Yes: results, print job and configuration are saved.
-  void Save() {
-    Answers({Answer::Yes});
-    Key("frmAcquire", kKeyF1 + 1);
-  }
-
-  /// The program started anew on this disk, the station opened again by the login.
-  void Reopen(Program& next) {
-    next.disk.Files = disk.Files;
-    next.disk.Folders = disk.Folders;
-    LoadConfig(next.kelp);
-    next.Configure(kCfgProcNum, std::to_string(static_cast<int>(Val(run().ProcNum)) - 1));
-    Start(next.kelp);
-    next.Click("frmMain", "Command1", 0);
-    next.Click("frmLogin", "cmdOK");
   }
 };
 

@@ -1,0 +1,37 @@
+# make run    builds Kelp and starts it with the simulated fluorometer; without a display it plays the
+#             demo station in the terminal
+# make test   builds everything and runs all tests
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+
+# Ccache finds what another folder's build has compiled already.
+export CCACHE_BASEDIR = $(CURDIR)
+export CCACHE_NOHASHDIR = 1
+
+.PHONY: run test lint format clean deps
+
+run: deps
+	cmake --preset release --log-level=WARNING
+	cmake --build --preset release -j $(JOBS) --target kelp_programs
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ] && [ -x build/release/desktop/kelp ]; then \
+	  build/release/desktop/kelp --simulate; \
+	else \
+	  demo/run build/release; \
+	fi
+
+test: deps
+	cmake --preset dev --log-level=WARNING
+	cmake --build --preset dev -j $(JOBS)
+	ctest --test-dir build/dev --output-on-failure -j $(JOBS)
+
+lint: deps
+	tools/format --check
+	tools/lint
+
+format: deps
+	tools/format
+
+clean:
+	rm -rf build
+
+deps:
+	@tools/install-deps

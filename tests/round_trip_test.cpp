@@ -1,0 +1,126 @@
+// A saved station opened again shows what was saved, and saved again gives the same files.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "files/table_field.hpp"
+#include "tests/support/finished_station.hpp"
+
+namespace kelp {
+
+namespace {
+
+const std::string kTexts[] = {
+    "",     "-",   "--",     "_",       "see_note 2", "two  blanks", " first",   "last ",        "\\",
+    "\\_",  "\\n", "\\-",    "a,b;c",   "<b>&amp;",   "\"it's\"",    "tab\tbed", "\xC3\xA9\xFF", "br\neak",
+    "\r\n", " ",   "7.1230", "-99.000", "12",         "*",           "2"};
+
+// Fills every cell of every sample with a text or a number that some operator may have typed.
+void FillGrid(FinishedStation& program, std::mt19937& random) {
+  for (int row = 1; row <= program.run().SampCount; ++row)
+    for (int col = 0; col < program.form().datalog.Cols; ++col)
+      program.cell(row, col) = kTexts[random() % std::size(kTexts)];
+}
+
+std::string HeaderTexts(Program& program) {
+  static constexpr int kBlankBoxes[] = {0, 1, 6, 7, 8, 9};
+  static constexpr int kHeaderBoxes[] = {kStaProcNum, kStaLineSta,  kStaFluorometer, kStaF,
+                                         kStaTau,     kStaFiltDate, kStaFiltTime,    kStaAveBlank};
+  std::string texts = program.form().Combo1.Text;
+  for (const int box : kBlankBoxes) texts += "|" + program.form().txtBlank[box].Text;
+  for (const int box : kHeaderBoxes) texts += "|" + program.form().txtStaInfo[box].Text;
+  return texts + "|" + program.run().BeginBlankText + "|" + program.run().EndBlankText + "|" +
+         program.run().RunDate;
+}
+
+void ExpectSameGrid(Program& opened, Program& saved) {
+  for (int row = 1; row <= saved.run().SampCount; ++row)
+    for (int col = 0; col < saved.form().datalog.Cols; ++col)
+      EXPECT_EQ(opened.cell(row, col), saved.cell(row, col)) << row << "," << col;
+}
+
+}  // namespace
+
+TEST(RoundTrip, EveryGeneratedStationComesBackCellForCellAndSavesTheSameFiles) {
+  std::mt19937 random(7);
+  for (const int samples : {1, 2, 3, 9, 10, 37, 99, 100, 5, 5, 5, 5}) {
+    FinishedStation program(samples);
+    FillGrid(program, random);
+    program.form().txtStaInfo[kStaFluorometer].Text = "AWOL 2";
+    program.Save();
+    StationFiles again;
+    again.Reopen(program);
+    EXPECT_EQ(again.run().SampCount, samples);
+    ExpectSameGrid(again, program);
+    EXPECT_EQ(HeaderTexts(again), HeaderTexts(program));
+
+    const std::string report = program.file("chl002.prn");
+    again.Save();
+    EXPECT_TRUE(again.run().ResultsSaved) << again.LastBox();
+    for (const char* name : {"chl002", "chl002.htm", "chl002Base"})
+      EXPECT_EQ(again.file(name), program.file(name)) << name;
+    EXPECT_EQ(again.file("chl002Base11242026030000"), program.file("chl002"));
+    EXPECT_EQ(again.file("chl002.prn"), report + report);
+    const auto rows = Lines(program.file("0707SLChldb.csv"));
+    const auto twice = Lines(again.file("0707SLChldb.csv"));
+    ASSERT_EQ(twice.size(), 2 * rows.size() - 1);
+    EXPECT_TRUE(std::equal(rows.begin() + 1, rows.end(), twice.begin() + samples + 1));
+  }
+}
+
+TEST(RoundTrip, FieldsHoldNoBlankAndTextsTypedByHandAreTakenAsTheyAre) {
+  for (const std::string& text : kTexts) {
+    const std::string field = FieldFromCell(text);
+    EXPECT_TRUE(!field.empty() && field.find_first_of(" \r\n") == std::string::npos) << field;
+    EXPECT_EQ(CellFromField(field), text) << field;
+  }
+  EXPECT_EQ(FieldFromCell("too dark"), "too_dark");
+  EXPECT_EQ(CellFromField("c:\\data\\"), "c:\\data\\");
+}
+
+TEST(RoundTrip, UnreadValuesComeBackUnread) {
+  struct Row {
+    const char* begin;  // the box
+    const char* beginText;
+    const char* rb;
+  };
+  static constexpr Row kRows[] = {
+      {"0", "", ""}, {"-99.00", "", "2.0000"}, {"0.0000", "0.0000", ""}, {"0", "", nullptr}};
+  for (const Row& row : kRows) {
+    FinishedStation program(2);
+    program.form().txtBlank[0].Text = row.begin;
+    program.run().BeginBlankText = row.beginText;
+    program.form().txtStaInfo[kStaAveBlank].Text = program.run().BeginBlankText.empty() ? "" : "0.0027";
+    program.form().txtStaInfo[kStaFiltDate].Text = "";
+    program.cell(1, kColRb) = row.rb != nullptr ? row.rb : "";
+    // Saved before any reading, it was not run already.
+    if (row.rb == nullptr) program.cell(1, kColRa) = program.cell(2, kColRb) = program.cell(2, kColRa) = "";
+    program.Save();
+    StationFiles again;
+    again.kelp.frmRecalc.Text1[0].Text = "77";
+    again.Reopen(program);
+    ExpectSameGrid(again, program);
+    EXPECT_EQ(HeaderTexts(again), HeaderTexts(program));
+    EXPECT_EQ(again.kelp.frmRecalc.Form.Visible, row.rb != nullptr);
+    EXPECT_NE(again.kelp.frmRecalc.Text1[0].Text == "77", row.rb != nullptr)
+        << "a vial of the station before";
+  }
+}
+
+TEST(RoundTrip, TheNextStationBringsItsOwnBlanksWhenItWasSavedBefore) {
+  FinishedStation program(2);
+  program.Save();
+  StationFiles other;
+  other.disk.Files = program.disk.Files;
+  other.Configure(kCfgProcNum, "0");
+  other.OpenStation(1);
+  other.run().BeginBlankText = other.run().EndBlankText = "0.0099";
+  other.Click("frmAcquire", "Command6");
+  other.DblClick("frmWhatsNext", "Option1", 0);
+  EXPECT_EQ(other.run().ProcNum, "002");
+  EXPECT_EQ(other.run().BeginBlankText, "0.0050");
+  EXPECT_EQ(other.form().txtBlank[kBoxEndBlank].Text, "0.0054");
+  ExpectSameGrid(other, program);
+}
+
+}  // namespace kelp
