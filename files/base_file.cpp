@@ -100,7 +100,7 @@ void SetPaths(Kelp& kelp, const std::string& path) {
   const bool backup = disk.AnyFileIn(run.BackupDir);
   run.TmpFile = (backup ? run.BackupDir : "C:\\kelp\\" + run.CruiseID) + "chl" + run.ProcNum + ".tmp";
   run.PrnBackupFile = (backup ? run.BackupDir : "C:\\kElp\\" + run.CruiseID) + "chl" + run.ProcNum + ".prn";
-  if (!disk.Exists(run.CsvFile)) disk.Append(run.CsvFile, std::string(kReadLogHeader) + "\r\n");
+  AppendUnderHead(disk, run.CsvFile, std::string(kReadLogHeader) + "\r\n", "");
 }
 
 // A non-empty Rb field in the first sample's row marks a station that was saved with results. The field
@@ -182,14 +182,6 @@ void RefreshStandardDisplays(Kelp& kelp) {
   form.txtStaInfo[kStaCopro2].Text = CfgValue(kelp.run, kCfgCoproHighAve);
 }
 
-// Until a base file is read no station is open, and nothing may be measured into the last one's files.
-void CloseStationFiles(RunState& run) {
-  ClearTable(run);
-  run.SampCount = 0;
-  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
-    path->clear();
-}
-
 // Without a station there is nothing that could be saved under another one's number.
 void HoldNoStation(Kelp& kelp) {
   kelp.run.SampNum = 1;
@@ -197,6 +189,13 @@ void HoldNoStation(Kelp& kelp) {
 }
 
 }  // namespace
+
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
+}
 
 bool LoadBaseFile(Kelp& kelp, std::string& path) {
   bool saved = false;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
+#include <memory>
 #include <set>
 #include <string>
 
@@ -23,11 +25,14 @@ class HostDisk : public Disk {
   void Keep(const std::string& path, const std::string& newPath) override;
   void Remove(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
+  bool Claim(const std::string& path) override;
 
  private:
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<std::filesystem::path> doubtful_ = {};
+  // Handles of the files that this copy of the program holds; what they are differs by machine.
+  std::map<std::filesystem::path, std::shared_ptr<void>> claims_ = {};
   const DriveMap& drives_;
   bool flushes_;  ///< a line is on the disk before Append returns
 };

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -171,6 +172,21 @@ bool HostDisk::MakeFolder(const std::string& path) {
     if (error == 0) error = FlushFolder(missing.back().parent_path());
     if (error != 0) Fail(path, error, Doing::Writing);
   }
+  return true;
+}
+
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  Handle file = OpenFile(place, O_RDWR | O_CREAT);
+  // Another user's file can be held without the right to write it.
+  if (!file.IsOpen() && errno == EACCES) file = OpenFile(place, O_RDONLY);
+  if (!file.IsOpen()) Fail(path, errno, Doing::Writing);
+  int locked = -1;
+  do locked = ::flock(file.fd(), LOCK_EX | LOCK_NB);
+  while (locked != 0 && errno == EINTR);
+  if (locked != 0 && errno == EWOULDBLOCK) return false;
+  claims_.emplace(place, std::make_shared<Handle>(std::move(file)));
   return true;
 }
 

@@ -181,6 +181,19 @@ bool HostDisk::MakeFolder(const std::string& path) {
   return true;
 }
 
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  RefuseFolder(path, place);
+  // Nobody else can open it while it is open without a share.
+  const HANDLE file = ::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_SHARING_VIOLATION) return false;
+  if (file == INVALID_HANDLE_VALUE) Fail(path, ::GetLastError());
+  claims_.emplace(place, std::make_shared<Handle>(file));
+  return true;
+}
+
 std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
   return std::make_unique<HostDisk>(drives, appends);
 }
