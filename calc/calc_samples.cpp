@@ -33,12 +33,16 @@ void WriteResults(Grid& grid, int row, const Pigments& results) {
   grid.Text(row, kColQc) = QcFlag(ToInt16(Val(grid.Text(row, kColDepth))), results.AcidR);
 }
 
-void AppendResultsLine(Kelp& kelp, int row) {
+std::string ResultsText(const Kelp& kelp, int row) {
+  return ResultsLine(kelp.frmAcquire.datalog, row) + "\r\n";
+}
+
+void AppendResults(Kelp& kelp, const std::string& lines) {
   Disk& disk = kelp.platform.disk();
   const std::string& path = kelp.run.PrnBackupFile;
   std::string text;
   if (!disk.Exists(path)) text = std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n";
-  disk.Append(path, text + ResultsLine(kelp.frmAcquire.datalog, row) + "\r\n");
+  disk.Append(path, text + lines);
 }
 
 // The sample just finished: the pointer has moved on to the next sample unless the run stands at
@@ -69,7 +73,6 @@ void CalcGuardedRow(Kelp& kelp, int row) {
   const PigmentInput in = RowInput(kelp, row);
   const bool negative = in.Rb < 0 || in.Ra < 0;
   WriteResults(kelp.frmAcquire.datalog, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
-  AppendResultsLine(kelp, row);
 }
 
 }  // namespace
@@ -78,24 +81,33 @@ void CalcCurrentSample(Kelp& kelp) {
   const int row = CurrentRow(kelp);
   if (row < 1) return;
   WriteResults(kelp.frmAcquire.datalog, row, CalcPigments(RowInput(kelp, row)));
-  AppendResultsLine(kelp, row);
+  AppendResults(kelp, ResultsText(kelp, row));
 }
 
 void CalcAllSamples(Kelp& kelp) {
   RunState& run = kelp.run;
   run.SampNum = std::max(1, int{run.SampCount});
+  std::string lines;
   std::string failedRows;
   std::optional<RunTimeError> failure;
   for (int row = 1; row <= run.SampCount; ++row) {
     ShowScreen(kelp, "frmAcquire");
     try {
       CalcGuardedRow(kelp, row);
+      lines += ResultsText(kelp, row);
     } catch (const RunTimeError& error) {
       if (!failure) failure = error;
       failedRows += (failedRows.empty() ? "" : ", ") + std::to_string(row);
     }
   }
   ShowScreen(kelp, "frmWhatsNext");
+  try {
+    // All lines in one write: a flush for each would keep the operator waiting.
+    if (!lines.empty()) AppendResults(kelp, lines);
+  } catch (const RunTimeError& error) {
+    if (!failure) throw;
+    failure = RunTimeError(failure->kind(), failure->what() + ("; " + std::string(error.what())));
+  }
   if (failure) throw RunTimeError(failure->kind(), "row " + failedRows + ": " + failure->what());
 }
 

@@ -44,7 +44,9 @@ void ScriptPlayer::ExpectError(std::string_view name) {
   expected_.resize(boxes.size());
   bool reported = false;
   for (std::size_t i = firstBox_; i < boxes.size(); ++i) {
-    if (!boxes[i].message.ReportsError || boxes[i].message.Title != Trim(name)) continue;
+    const Message& message = boxes[i].message;
+    if (!message.ReportsError && !message.ReportsFailure) continue;
+    if (message.Title != Trim(name)) continue;
     expected_[i] = true;
     reported = true;
   }

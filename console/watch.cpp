@@ -1,7 +1,7 @@
 #include "console/watch.hpp"
 
-#include "core/results_line.hpp"
 #include "core/date_time.hpp"
+#include "core/results_line.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

@@ -55,6 +55,7 @@ void Print(Kelp& kelp, const std::vector<std::string>& report) {
     try {
       kelp.platform.EndDocument();
     } catch (const RunTimeError&) {
+      // What the printer has is told already.
     }
     throw;
   }
@@ -117,7 +118,7 @@ void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) 
   kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
                      .Title = std::string(ErrorName(error.kind())),
                      .Icon = Icon::Critical,
-                     .ReportsError = true});
+                     .ReportsFailure = true});
 }
 
 }  // namespace

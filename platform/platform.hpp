@@ -23,6 +23,8 @@ struct Message {
   kelp::Icon Icon = kelp::Icon::None;
   /// The report of a run-time error, and no question of the program's own.
   bool ReportsError = false;
+  /// Tells of a failure that the program has dealt with: nothing is asked, and it is no run-time error.
+  bool ReportsFailure = false;
 };
 
 /// A question for the file-open dialog: `Filter` is "Text|pattern" ("cfg Files (*.cfg)|*.cfg"),

@@ -58,7 +58,7 @@ Answer ScriptedPlatform::Ask(const Message& message) {
   Boxes.push_back({message});
   const std::string box = "box " + Quoted(message.Title) + " " + Quoted(message.Text);
   const bool fits = !answers_.empty() && Offers(message.Buttons, answers_.front());
-  if (!fits && !message.ReportsError) {
+  if (!fits && !message.ReportsError && !message.ReportsFailure) {
     Say(box + " -> no answer");
     const std::string next = answers_.empty() ? "" : std::string(AnswerName(answers_.front()));
     throw NoAnswer{"message box \"" + message.Text + "\"" +

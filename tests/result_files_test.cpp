@@ -145,7 +145,7 @@ TEST(ResultFiles, ABadPlaceIsNamedAndTheSaveCanBeRepeated) {
   program.disk.FailBelow = "q:\\vault";
   program.Save();
   EXPECT_TRUE(Contains(program.LastBox(), "Q:\\vault\\2007\\0707\\chl\\chl002.prn"));
-  EXPECT_TRUE(program.platform.Boxes.back().message.ReportsError);
+  EXPECT_TRUE(program.platform.Boxes.back().message.ReportsFailure);
   program.cell(1, kColRb) = "2.9990";
   program.disk.FailBelow.clear();
   program.Save();

@@ -8,10 +8,8 @@
 
 namespace kelp {
 
-namespace {
-
 // The box of a value: end values stand behind the begin values.
-int BoxOf(const Kelp& kelp, const std::string& code) {
+int RecordBox(const Kelp& kelp, const std::string& code) {
   const bool standard = kelp.run.StepName == "STANDARD";
   if (code == "1") return kBoxCopro1 + ReadsEndValues(kelp, kStepCopros);
   if (code == "2") return kBoxCopro2 + ReadsEndValues(kelp, kStepCopros);
@@ -20,10 +18,8 @@ int BoxOf(const Kelp& kelp, const std::string& code) {
   return (high ? kBoxHighStandard : kBoxLowStandard) + ReadsEndValues(kelp, kStepStandard);
 }
 
-}  // namespace
-
 void RecordStep(Kelp& kelp, const std::string& value, const std::string& code) {
-  const int box = BoxOf(kelp, code);
+  const int box = RecordBox(kelp, code);
   kelp.frmAcquire.txtBlank[box].Text = value;
   if (box > kBoxEndBlank) return;
   kelp.run.SampTbl(2, box) = value;

@@ -7,6 +7,9 @@
 
 namespace kelp {
 
+/// The index of the `txtBlank` box that RecordStep would put a value into.
+int RecordBox(const Kelp& kelp, const std::string& code);
+
 /// Puts a saved blank, standard or copro into its box; a blank also goes to the station table. `code`
 /// is "0" for blanks and standards, "1" and "2" for the first and second copro. Which box it is follows
 /// from the step, the selector and the caption of `Command1`.

@@ -20,9 +20,7 @@ constexpr float kCopro2Tolerance = 0.5F;
 
 // A value may be saved once enough reads are in, an average of them exists, and the SD is small enough.
 bool MaySave(const Kelp& kelp, int extraReads) {
-  const auto criterion = static_cast<float>(CfgNumber(kelp.run, kCfgSdCriterion));
-  return kelp.run.ReadCount >= kelp.run.MinReads + extraReads && AverageExists(kelp.run) &&
-         static_cast<float>(Val(kelp.frmAcquire.txtStats[2].Text)) <= criterion;
+  return kelp.run.ReadCount >= kelp.run.MinReads + extraReads && SdIsMet(kelp);
 }
 
 double ShownReading(const Kelp& kelp) { return Val(kelp.frmAcquire.txtReading.Text); }
@@ -143,6 +141,11 @@ void SaveCopro(Kelp& kelp) {
 }
 
 }  // namespace
+
+bool SdIsMet(const Kelp& kelp) {
+  const auto criterion = static_cast<float>(CfgNumber(kelp.run, kCfgSdCriterion));
+  return AverageExists(kelp.run) && static_cast<float>(Val(kelp.frmAcquire.txtStats[2].Text)) <= criterion;
+}
 
 void SaveReading(Kelp& kelp) {
   const std::string& step = kelp.run.StepName;

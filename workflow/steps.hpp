@@ -14,6 +14,9 @@ void Command1_Click(Kelp& kelp);
 /// pass of the read loop while Autoread is on.
 void SaveReading(Kelp& kelp);
 
+/// An average exists and its SD, as shown, is at or below the criterion.
+bool SdIsMet(const Kelp& kelp);
+
 /// The prompts of the step that the selector shows, as the space bar and a click on "&Start" give.
 void PromptSelectedStep(Kelp& kelp);
 

@@ -89,7 +89,9 @@ SerialLine::SerialLine() {
   port_ = std::make_unique<QSerialPort>();
   QObject::connect(port_.get(), &QSerialPort::readyRead, [this] { TakeBytes(); });
   QObject::connect(port_.get(), &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
-    if (!IsHarmless(error) && port_->isOpen()) Close();
+    if (IsHarmless(error) || !port_->isOpen()) return;
+    Close();
+    if (OnBytes) OnBytes();
   });
 }
 

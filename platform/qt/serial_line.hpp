@@ -37,7 +37,7 @@ class SerialLine {
   /// a loop around it does not spin. True when bytes are waiting. Must not be called from OnBytes.
   bool WaitForBytes(int milliseconds);
 
-  /// Called from the event loop, or from WaitForBytes, when bytes have arrived.
+  /// Called from the event loop, or from WaitForBytes, when bytes have arrived or the line was lost.
   std::function<void()> OnBytes;
 
  private:

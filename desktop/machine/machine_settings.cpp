@@ -1,0 +1,89 @@
+#include "desktop/machine/machine_settings.hpp"
+
+#include <QSettings>
+
+#include "desktop/machine/paths.hpp"
+#include "platform/error.hpp"
+#include "platform/host.hpp"
+
+namespace kelp {
+
+namespace {
+
+const QString kMaker = QStringLiteral("Kelp");
+const QString kProgram = QStringLiteral("kelp");
+
+void MakeFolders(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw FileError(folder.string(), "can't be made (" + error.message() + ")");
+}
+
+}  // namespace
+
+bool SettingsAreKept() { return QSettings(kMaker, kProgram).contains(QStringLiteral("sound")); }
+
+MachineSettings LoadSettings() {
+  QSettings store(kMaker, kProgram);
+  MachineSettings settings;
+  store.beginGroup(QStringLiteral("drives"));
+  for (const QString& key : store.childKeys()) {
+    const char letter = key.size() == 1 ? key.at(0).toLower().toLatin1() : '\0';
+    if (letter >= 'a' && letter <= 'z') settings.Drives[letter] = store.value(key).toString();
+  }
+  store.endGroup();
+  store.beginGroup(QStringLiteral("ports"));
+  for (const QString& key : store.childKeys())
+    if (const int port = key.toInt(); port > 0) settings.Ports[port] = store.value(key).toString();
+  store.endGroup();
+  settings.Editor = store.value(QStringLiteral("editor")).toString();
+  settings.Printer = store.value(QStringLiteral("printer")).toString();
+  settings.Sound = store.value(QStringLiteral("sound"), true).toBool();
+  return settings;
+}
+
+QString SaveSettings(const MachineSettings& settings) {
+  QSettings store(kMaker, kProgram);
+  store.remove(QStringLiteral("drives"));
+  store.remove(QStringLiteral("ports"));
+  for (const auto& [letter, folder] : settings.Drives)
+    store.setValue(QStringLiteral("drives/") + QLatin1Char(letter), folder);
+  for (const auto& [port, device] : settings.Ports)
+    store.setValue(QStringLiteral("ports/%1").arg(port), device);
+  store.setValue(QStringLiteral("editor"), settings.Editor);
+  store.setValue(QStringLiteral("printer"), settings.Printer);
+  store.setValue(QStringLiteral("sound"), settings.Sound);
+  store.sync();
+  if (store.status() == QSettings::NoError) return {};
+  return store.fileName() + " can't be written: the machine settings hold only until the program ends";
+}
+
+QByteArray KeptGeometry() {
+  return QSettings(kMaker, kProgram).value(QStringLiteral("geometry")).toByteArray();
+}
+
+void KeepGeometry(const QByteArray& geometry) {
+  QSettings(kMaker, kProgram).setValue(QStringLiteral("geometry"), geometry);
+}
+
+DriveMap DrivesFor(const MachineSettings& settings, const Options& options) {
+  const std::filesystem::path data = options.Drives ? *options.Drives : HostDataFolder();
+  if (!data.empty()) MakeFolders(data);
+  DriveMap drives(data);
+  if (!options.Drives)
+    for (const auto& [letter, folder] : settings.Drives) drives.SetDrive(letter, ToPath(folder));
+  for (const auto& [letter, folder] : options.Drive) {
+    MakeFolders(folder);
+    drives.SetDrive(letter, std::filesystem::absolute(folder));
+  }
+  return drives;
+}
+
+std::string DeviceFor(int port, const MachineSettings& settings, const Options& options) {
+  if (const auto given = options.Ports.find(port); given != options.Ports.end()) return given->second;
+  if (const auto kept = settings.Ports.find(port); kept != settings.Ports.end())
+    return kept->second.toStdString();
+  return HostPortDevice(port);
+}
+
+}  // namespace kelp

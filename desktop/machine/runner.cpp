@@ -1,0 +1,81 @@
+#include "desktop/machine/runner.hpp"
+
+#include <QScopedValueRollback>
+
+namespace kelp {
+
+namespace {
+
+constexpr int kPassEvery = 50;  // milliseconds, when no bytes come in
+
+void SetTimer(QTimer& timer, bool wanted, int interval) {
+  if (!wanted)
+    timer.stop();
+  else if (!timer.isActive() || timer.interval() != interval)
+    timer.start(interval);
+}
+
+}  // namespace
+
+Runner::Runner(Kelp& kelp) : kelp_(kelp) {
+  passes_.setTimerType(Qt::CoarseTimer);
+  connect(&passes_, &QTimer::timeout, this, &Runner::BytesCame);
+  connect(&ticks_, &QTimer::timeout, this, [this] {
+    if (WantsTicks(kelp_)) Run([this] { Tick(kelp_); }, false);
+  });
+}
+
+// A handler never runs inside another one: what a window reports while a handler changes it, or while
+// a dialog waits for its answer, is no doing of the operator's.
+template <class Work>
+void Runner::Run(const Work& work, bool edit) {
+  if (busy_ || dialogs_ > 0 || ended_) return;
+  {
+    const QScopedValueRollback busy(busy_, true);
+    work();
+    ShowChanges();
+  }
+  if (kelp_.Ended) {
+    ended_ = true;
+    passes_.stop();
+    ticks_.stop();
+    End();
+    return;
+  }
+  After(edit);
+  SetTimers();
+}
+
+void Runner::SetTimers() {
+  SetTimer(passes_, WantsPasses(kelp_), kPassEvery);
+  SetTimer(ticks_, WantsTicks(kelp_) && kelp_.Timer1.Interval > 0, kelp_.Timer1.Interval);
+}
+
+void Runner::Start() {
+  Run([this] { kelp::Start(kelp_); }, false);
+}
+
+bool Runner::Post(const Event& event) {
+  bool taken = false;
+  Run([&] { taken = kelp::Post(kelp_, event); }, event.Kind == EventKind::Edit);
+  return taken;
+}
+
+void Runner::BytesCame() {
+  if (WantsPasses(kelp_)) Run([this] { Pass(kelp_); }, false);
+}
+
+void Runner::DialogOpens() {
+  ++dialogs_;
+  passes_.stop();
+  ticks_.stop();
+  ShowChanges();
+}
+
+void Runner::DialogClosed() {
+  --dialogs_;
+  // Inside a handler its end starts the timers again.
+  if (!busy_ && dialogs_ == 0) SetTimers();
+}
+
+}  // namespace kelp

@@ -1,0 +1,53 @@
+// kelp: the desktop program.
+#include <QApplication>
+#include <QIcon>
+#include <iostream>
+
+#include "desktop/machine/command_line.hpp"
+#include "desktop/machine/desktop_run.hpp"
+#include "desktop/machine/message_box.hpp"
+#include "desktop/machine/window_script_host.hpp"
+
+namespace {
+
+constexpr int kWrong = 2;
+
+int Play(const kelp::Options& options) {
+  const kelp::ScriptResult result = kelp::PlayInWindows(options);
+  std::cout.flush();
+  if (!result.message.empty()) std::cerr << result.message << std::endl;
+  return static_cast<int>(result.status);
+}
+
+int Run(const kelp::Options& options) {
+  kelp::DesktopRun run(options);
+  // Not quit(): that would ask each window first whether it may be closed.
+  run.Ended = [] { QCoreApplication::exit(0); };
+  run.Start();
+  return run.program().Ended ? 0 : QCoreApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const kelp::Options options = kelp::ReadCommandLine({argv + 1, argv + argc});
+  if (options.Help || options.Version) {
+    std::cout << (options.Help ? kelp::kDesktopHelp : "kelp " KELP_VERSION "\n");
+    return 0;
+  }
+  if (!options.Problem.empty()) {
+    std::cerr << (options.Script.empty() ? "kelp" : options.Script + ":0") << ": " << options.Problem
+              << std::endl;
+    return kWrong;
+  }
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("kelp"));
+  QApplication::setDesktopFileName(QStringLiteral("kelp"));
+  try {
+    return options.Script.empty() ? Run(options) : Play(options);
+  } catch (const std::exception& error) {
+    std::cerr << "kelp: " << error.what() << std::endl;
+    kelp::ShowMessage(nullptr, {error.what(), "Kelp", kelp::Buttons::Ok, kelp::Icon::Critical});
+    return kWrong;
+  }
+}

@@ -1,0 +1,84 @@
+#include "desktop/windows/look.hpp"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QTextDocument>
+#include <QWidget>
+
+namespace kelp {
+
+namespace {
+
+// Colours a widget's text, and again when the desktop goes from light to dark.
+class Inker : public QObject {
+ public:
+  Inker(QWidget* widget, QColor (*ink)(const QPalette&)) : QObject(widget), widget_(widget), ink_(ink) {
+    widget->installEventFilter(this);
+    Apply();
+  }
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationPaletteChange) Apply();
+    return false;
+  }
+
+ private:
+  void Apply() {
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, ink_(QApplication::palette(widget_)));
+    widget_->setPalette(palette);
+  }
+
+  QWidget* widget_;
+  QColor (*ink_)(const QPalette&);
+};
+
+}  // namespace
+
+QString PlainToolTip(const std::string& text) {
+  const QString tip = FromProgram(text);
+  return Qt::mightBeRichText(tip) ? "<span>" + tip.toHtmlEscaped() + "</span>" : tip;
+}
+
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QColor Mixed(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
+  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+QColor FaintText(const QPalette& palette) {
+  return Mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.32);
+}
+
+QColor EdgeLine(const QPalette& palette) {
+  return Mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
+}
+
+QColor GoodInk(const QPalette& palette) { return IsDark(palette) ? QColor(0x6fd08c) : QColor(0x1b7a3d); }
+
+QColor WarnInk(const QPalette& palette) { return IsDark(palette) ? QColor(0xffb454) : QColor(0xa34a00); }
+
+QFont Scaled(const QFont& font, double factor, bool bold) {
+  QFont scaled = font;
+  if (font.pointSizeF() > 0)
+    scaled.setPointSizeF(font.pointSizeF() * factor);
+  else
+    scaled.setPixelSize(static_cast<int>(font.pixelSize() * factor));
+  scaled.setBold(bold);
+  return scaled;
+}
+
+int DigitsWidth(const QWidget& widget, int digits) {
+  return QFontMetrics(widget.font()).horizontalAdvance('0') * digits;
+}
+
+void SetLook(QWidget* widget, double factor, bool bold) {
+  widget->setFont(Scaled(widget->font(), factor, bold));
+}
+
+void SetInk(QWidget* widget, QColor (*ink)(const QPalette&)) { new Inker(widget, ink); }
+
+}  // namespace kelp

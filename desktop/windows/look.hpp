@@ -1,0 +1,43 @@
+// The look shared by all windows: colours taken from the palette in use, so that they hold in light and
+// dark schemes, fonts relative to the desktop's own, and the program's texts as Qt texts.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QString>
+#include <string>
+
+class QWidget;
+
+namespace kelp {
+
+/// The program's texts are bytes in UTF-8; bytes of another encoding show as replacement characters and
+/// stay as they are until the operator edits them.
+inline QString FromProgram(const std::string& text) { return QString::fromStdString(text); }
+inline std::string ToProgram(const QString& text) { return text.toStdString(); }
+
+/// A text for a place where Qt might take "<" for markup.
+QString PlainToolTip(const std::string& text);
+
+bool IsDark(const QPalette& palette);
+/// `share` of `b` mixed into `a`.
+QColor Mixed(const QColor& a, const QColor& b, double share);
+
+QColor FaintText(const QPalette& palette);  ///< captions beside a value
+QColor EdgeLine(const QPalette& palette);   ///< thin lines around panels
+QColor GoodInk(const QPalette& palette);    ///< a criterion is met
+QColor WarnInk(const QPalette& palette);    ///< something wants attention
+
+/// The widget's font, `factor` times as large.
+QFont Scaled(const QFont& font, double factor, bool bold = false);
+
+/// The width of `digits` digits in the widget's font.
+int DigitsWidth(const QWidget& widget, int digits);
+
+/// Gives a widget another font size.
+void SetLook(QWidget* widget, double factor, bool bold = false);
+/// Gives its text a colour that follows the desktop's scheme.
+void SetInk(QWidget* widget, QColor (*ink)(const QPalette&));
+
+}  // namespace kelp

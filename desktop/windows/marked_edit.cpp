@@ -1,0 +1,30 @@
+#include "desktop/windows/marked_edit.hpp"
+
+#include <QPainter>
+
+namespace kelp {
+
+void MarkedEdit::SetMarked(bool marked) {
+  if (marked == marked_) return;
+  marked_ = marked;
+  setTextMargins(marked ? fontMetrics().height() / 2 : 0, 0, 0, 0);
+  setAccessibleDescription(marked ? "the next value goes here" : "");
+  update();
+}
+
+void MarkedEdit::paintEvent(QPaintEvent* event) {
+  QLineEdit::paintEvent(event);
+  if (!marked_) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor accent = palette().color(QPalette::Highlight);
+  painter.setPen(QPen(accent, 2));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 2, 2);
+  const double middle = height() / 2.0;
+  const double half = fontMetrics().height() / 4.0;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(accent);
+  painter.drawPolygon(QPolygonF({{4, middle - half}, {4 + 1.4 * half, middle}, {4, middle + half}}));
+}
+
+}  // namespace kelp

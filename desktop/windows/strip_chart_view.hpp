@@ -1,0 +1,29 @@
+// Draws the strip chart: its axes in black on white in every colour scheme, its bars in the trace colour
+// of the run's step.
+#pragma once
+
+#include "core/run_state.hpp"
+#include "desktop/windows/value_widget.hpp"
+
+namespace kelp {
+
+class StripChartView : public ValueWidget {
+ public:
+  StripChartView(const RunState& run, QWidget* parent);
+
+  /// Draws again when a value was added or the trace colour changed.
+  void ShowChanges();
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const RunState& run_;
+  unsigned long shownPoints_ = 0;
+  std::uint32_t shownColor_ = 0;
+};
+
+}  // namespace kelp

@@ -1,0 +1,90 @@
+// Widgets that show a control's value by painting it: a value that changes with every reading must not
+// set the window's layout going.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace kelp {
+
+class ValueWidget : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+  /// Shows a text; only what this widget covers is painted again.
+  virtual void ShowText(const QString& text);
+  [[nodiscard]] const QString& ShownText() const { return text_; }
+
+ private:
+  QString text_;
+};
+
+/// One line in a box of a fixed number of digits, cut with "…" where it does not fit.
+class ValueBox : public ValueWidget {
+ public:
+  enum class Frame { None, Line };
+
+  /// `digits` is the width asked for; 0 takes the width that is there.
+  ValueBox(int digits, Frame frame, Qt::Alignment align, QWidget* parent);
+
+  /// The box can take the focus, and a double click, Enter or the space bar uses its value.
+  void SetUsable();
+  [[nodiscard]] bool Usable() const { return usable_; }
+  void OnUse(std::function<void()> use) { use_ = std::move(use); }
+  void Use() const;
+  /// Grows the text until it fills the box (the reading that is read from across the bench).
+  void FillWithText(double largest);
+  /// Frames the box as the place that the next value goes to.
+  void SetMarked(bool marked);
+  void SetElide(Qt::TextElideMode mode) { elide_ = mode; }
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  [[nodiscard]] QFont FittedFont() const;
+
+  int digits_;
+  Frame frame_;
+  Qt::Alignment align_;
+  Qt::TextElideMode elide_ = Qt::ElideRight;
+  double largest_ = 0;
+  bool marked_ = false;
+  bool usable_ = false;
+  std::function<void()> use_;
+};
+
+/// What the operator is to do now: up to three lines, as large as the space allows.
+class InstructionBox : public ValueWidget {
+ public:
+  explicit InstructionBox(QWidget* parent);
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+/// A plain sign beside a criterion: a disc with a tick and a word when it is met, a ring when not.
+class Sign : public QWidget {
+ public:
+  explicit Sign(QWidget* parent);
+  /// `words` stands beside the shape, so that the sign needs no colour.
+  void Set(bool met, const QString& words);
+  [[nodiscard]] bool Met() const { return met_; }
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool met_ = false;
+  QString words_;
+};
+
+}  // namespace kelp

@@ -1,0 +1,84 @@
+// The whole program in its windows, on a scripted platform and a disk in memory.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/door.hpp"
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "desktop/windows/windows.hpp"
+#include "platform/scripted.hpp"
+#include "tests/support/memory_disk.hpp"
+
+namespace kelp {
+
+/// A scripted platform whose screens are the real windows.
+struct WindowPlatform : ScriptedPlatform {
+  using ScriptedPlatform::ScriptedPlatform;
+  Windows* windows = nullptr;
+
+  void ScreenShown(const std::string& screen) override { windows->Show(screen); }
+  void ScreenHidden(const std::string& screen) override { windows->Hide(screen); }
+  void ScreenRaised(const std::string& screen) override { windows->Raise(screen); }
+};
+
+struct Desk {
+  MemoryDisk disk = {};
+  WindowPlatform platform{disk};
+  Kelp kelp{platform};
+  std::vector<Event> events = {};  ///< what the windows reported
+  Windows windows{kelp, [this](const Event& event) {
+                    events.push_back(event);
+                    return Post(kelp, event);
+                  }};
+
+  Desk() {
+    using namespace std::chrono;
+    platform.windows = &windows;
+    platform.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
+    SetDefaultConfig(kelp.run);
+    SaveConfig(kelp);
+  }
+
+  void Configure(int line, const std::string& value) {
+    RewriteField(kelp.run.CfgLines[static_cast<std::size_t>(line)], Padded(value, 35, "R", "S"));
+    SaveConfig(kelp);
+  }
+
+  bool Do(const Event& event) {
+    const bool done = Post(kelp, event);
+    windows.ShowChanges();
+    return done;
+  }
+  bool Click(const std::string& screen, const std::string& control, int index = -1) {
+    return Do({.Kind = EventKind::Click, .Place = {screen, control, index}});
+  }
+  void Type(const std::string& screen, const std::string& control, int index, const std::string& text) {
+    Do({.Kind = EventKind::Edit, .Place = {screen, control, index}, .Text = text});
+  }
+
+  /// `count` instrument lines, a second apart, each followed by a pass.
+  void Read(double value, int count = 1) {
+    for (int i = 0; i < count; ++i) {
+      platform.Feed("\r\nA =" + Padded(Fixed(value, 4), 7, "L", "S") + " (RAW)");
+      platform.Advance(1000);
+      Pass(kelp);
+      windows.ShowChanges();
+    }
+  }
+
+  /// Start-up, login and a new station of `samples` samples; "&Start" is up afterwards.
+  void OpenStation(int samples, const std::string& station = "93.3 70") {
+    Start(kelp);
+    Click("frmMain", "Command1", 0);
+    platform.QueueAnswer(Answer::Yes);
+    Click("frmLogin", "cmdOK");
+    Type("frmCreateBase", "Text1", 1, station);
+    Type("frmCreateBase", "Text1", 2, std::to_string(samples));
+    Click("frmCreateBase", "cmdCreateBase", 0);
+  }
+};
+
+}  // namespace kelp

@@ -1,0 +1,154 @@
+// kelp-screenshots FOLDER [dark]: draws every window, filled with a station that is being run, into
+// FOLDER as PNG files. The scale is that of QT_SCALE_FACTOR; no display is needed (-platform offscreen).
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <cmath>
+#include <cstdio>
+
+#include "tests/desktop/desk.hpp"
+
+namespace {
+
+using namespace kelp;
+
+QPalette DarkPalette() {
+  const QColor window(0x2b2d30);
+  const QColor text(0xe4e6e8);
+  QPalette dark(QColor(0x3a3d41), window);
+  dark.setColor(QPalette::WindowText, text);
+  dark.setColor(QPalette::Text, text);
+  dark.setColor(QPalette::ButtonText, text);
+  dark.setColor(QPalette::Base, QColor(0x1e2022));
+  dark.setColor(QPalette::AlternateBase, QColor(0x26282b));
+  dark.setColor(QPalette::ToolTipBase, QColor(0x3a3d41));
+  dark.setColor(QPalette::ToolTipText, text);
+  dark.setColor(QPalette::PlaceholderText, QColor(0x90949a));
+  dark.setColor(QPalette::Highlight, QColor(0x3d8fd1));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, QColor(0x7c8086));
+  return dark;
+}
+
+class Camera {
+ public:
+  Camera(Desk& desk, QString folder) : desk_(desk), folder_(std::move(folder)) { QDir().mkpath(folder_); }
+
+  void Take(const std::string& screen, const char* name, QSize size = {}) {
+    QWidget* window = desk_.windows.WindowOf(screen);
+    if (!window->isVisible()) desk_.windows.Show(screen);
+    if (size.isValid()) {
+      window->showNormal();
+      window->resize(size);
+    }
+    desk_.windows.ShowChanges();
+    QApplication::processEvents();
+    const QString path = folder_ + "/" + name + ".png";
+    if (!window->grab().save(path)) std::fprintf(stderr, "%s was not written\n", qPrintable(path));
+  }
+
+ private:
+  Desk& desk_;
+  QString folder_;
+};
+
+// The operator's way through a station, with readings that settle as a real extract does.
+class Analyst {
+ public:
+  explicit Analyst(Desk& desk) : desk_(desk) {}
+
+  void Start() { desk_.Click("frmAcquire", "Command1"); }
+  void Settle(double level, int count) {
+    for (int i = 0; i < count; ++i) {
+      const double unsteady = 0.25 * level * std::exp(-0.9 * i);
+      desk_.Read(level + unsteady + level * 0.0004 * std::sin(2.3 * ++noise_));
+    }
+  }
+  /// Loads what the button asks for, reads it, and saves it by hand.
+  void Measure(double level) {
+    Start();
+    Settle(level, 12);
+    Start();
+  }
+  void Sample(double rb, double ra) {
+    Measure(rb);
+    Measure(ra);
+  }
+
+ private:
+  Desk& desk_;
+  int noise_ = 0;
+};
+
+void Run(Desk& desk, Camera& camera) {
+  FrmAcquire& form = desk.kelp.frmAcquire;
+  desk.Configure(kCfgStation, "90.90");
+  desk.Configure(kCfgAnalyst, "PWQ");
+  desk.Configure(kCfgRunDate, "11/24/2026 02:41:10");
+  desk.Configure(kCfgTube, "42");
+  desk.windows.SetPortState("COM1 open  9600,n,8,1");
+  desk.windows.SetLastFile("q:\\vault\\2007\\0707\\chl\\chl008.csv");
+  Start(desk.kelp);
+  camera.Take("frmMain", "main");
+  desk.Click("frmMain", "Command1", 1);
+  camera.Take("frmEditCFG", "editor", {1240, 680});
+  desk.windows.Hide("frmEditCFG");
+  desk.kelp.frmEditCFG.Form.Visible = false;
+  desk.Click("frmMain", "Command1", 0);
+  camera.Take("frmLogin", "login");
+  desk.platform.QueueAnswer(Answer::Yes);
+  desk.Click("frmLogin", "cmdOK");
+  desk.Type("frmCreateBase", "Text1", 1, "93.3 70");
+  desk.Type("frmCreateBase", "Text1", 2, "24");
+  desk.Type("frmCreateBase", "Text1", 3, "1");
+  desk.Type("frmCreateBase", "Text1", 4, "43");
+  desk.Type("frmCreateBase", "Text1", 5, "11/23/2026");
+  desk.Type("frmCreateBase", "Text1", 6, "21:40:00");
+  camera.Take("frmCreateBase", "create");
+  desk.Click("frmCreateBase", "cmdCreateBase", 0);
+  camera.Take("frmAcquire", "acquire-start", {1280, 690});
+
+  Analyst analyst(desk);
+  analyst.Start();
+  analyst.Measure(0.0141);  // blank
+  while (form.Command1.Caption.find("Copro") != std::string::npos) analyst.Measure(1.8321);
+  while (form.Command1.Caption.find("tandard") != std::string::npos) analyst.Measure(6.41);
+  for (int depth = 0; depth < 24; ++depth)
+    form.datalog.Text(depth + 1, kColDepth) = std::to_string(depth < 12 ? 5 + depth * 6 : 80 + depth * 4);
+  const double ratios[] = {2.02, 1.98, 1.61, 2.05, 1.31, 1.97, 1.02};
+  for (int i = 0; i < 7; ++i) analyst.Sample(2.4 + 0.37 * i, (2.4 + 0.37 * i) / ratios[i]);
+  form.datalog.Text(3, kColReadCom) = "cloudy extract, read twice";
+  form.datalog.Text(5, kColFiltCom) = "torn filter";
+  form.txtStaInfo[kStaTau].Problem = "tau is to be a number above 1, such as 2.288";
+  analyst.Start();
+  analyst.Settle(3.155, 7);
+  desk.kelp.Focus = {"frmAcquire", "Command1"};
+  camera.Take("frmAcquire", "acquire", {1280, 690});
+  analyst.Settle(3.155, 20);
+  camera.Take("frmAcquire", "acquire-1280x800", {1280, 770});
+  analyst.Start();
+  camera.Take("frmAcquire", "acquire-acidify", {1280, 690});
+  camera.Take("frmAcquire", "acquire-1920x1080", {1920, 1040});
+  for (const char* dialog : {"frmWhatsNext", "frmChangeStep", "dlgRunRem", "frmRecalc", "frmProgress"})
+    camera.Take(dialog, dialog);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  const QStringList words = QApplication::arguments();
+  if (words.size() < 2) {
+    std::fputs("kelp-screenshots FOLDER [dark]\n", stderr);
+    return 2;
+  }
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  if (words.contains("dark")) QApplication::setPalette(DarkPalette());
+  Desk desk;
+  Camera camera(desk, words[1]);
+  Run(desk, camera);
+  return 0;
+}
