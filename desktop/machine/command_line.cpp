@@ -13,6 +13,7 @@ const char* const kDesktopHelp =
     "  --script FILE       play an operator script in the windows, with the program's own time\n"
     "  --clock TIME        what the clock reads when the script starts, YYYY-MM-DDTHH:MM:SS\n"
     "                      (default: now)\n"
+    "  --quick             let the script go on without waiting for the disk after each line\n"
     "  --help, --version   print this, or the version, and end\n"
     "\n"
     "What is given here holds for this run; Machine settings, on the main window, keep drives and ports.\n"
@@ -66,8 +67,8 @@ Options ReadCommandLine(const std::vector<std::string>& words) {
   options.Script = own.script;
   if (own.script.empty() && options.Instrument == InstrumentKind::Script)
     options.Instrument = InstrumentKind::Device;
-  if (options.Problem.empty() && options.Clock && own.script.empty())
-    options.Problem = "--clock goes with --script only";
+  if (options.Problem.empty() && own.script.empty() && (options.Clock || options.Quick))
+    options.Problem = std::string(options.Clock ? "--clock" : "--quick") + " goes with --script only";
   return options;
 }
 

@@ -152,6 +152,7 @@ QWidget* SettingsDialog::EditorBox() {
   auto* box = new QGroupBox(QStringLiteral("Text editor"));
   auto* layout = new QHBoxLayout(box);
   editor_ = new QLineEdit;
+  editor_->setObjectName(QStringLiteral("editor"));
   editor_->setAccessibleName(QStringLiteral("Text editor"));
   editor_->setPlaceholderText(QStringLiteral("The machine's text editor"));
   layout->addWidget(editor_);

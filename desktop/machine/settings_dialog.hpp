@@ -21,6 +21,10 @@ class SettingsDialog : public QDialog {
   [[nodiscard]] MachineSettings Settings() const;
   [[nodiscard]] bool Simulate() const { return simulate_->isChecked(); }
 
+  /// Adds a row, which becomes the current one.
+  void AddDrive(const QString& letter, const QString& folder);
+  void AddPort(const QString& number, const QString& device);
+
   /// Says what can't be taken, or is empty: a drive that is no letter, a port that is no number, one
   /// that is there twice.
   [[nodiscard]] QString Problem() const;
@@ -32,8 +36,6 @@ class SettingsDialog : public QDialog {
   QWidget* DrivesBox();
   QWidget* PortsBox();
   QWidget* EditorBox();
-  void AddDrive(const QString& letter, const QString& folder);
-  void AddPort(const QString& number, const QString& device);
   void ChooseFolder();
   void FindPorts();
 

@@ -94,7 +94,7 @@ void WindowScriptHost::ShowNow() {
 
 ScriptResult PlayInWindows(const Options& options) try {
   const DriveMap drives = DrivesFor(LoadSettings(), options);
-  const auto disk = MakeHostDisk(drives);
+  const auto disk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
   ScriptMachine machine(*disk);
   const auto print = [](const std::string& line) { std::cout << line << std::endl; };
   machine.Echo = print;

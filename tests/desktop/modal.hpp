@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -16,12 +18,18 @@ void WhenModal(const std::function<void(Dialog&)>& act) {
   auto* timer = new QTimer(qApp);
   QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
     auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr || !dialog->isVisible()) return;
+    if (dialog == nullptr || !dialog->isActiveWindow()) return;
     timer->stop();
     timer->deleteLater();
     act(*dialog);
   });
   timer->start(10);
+}
+
+/// Types a file's name into the dialog and takes it.
+inline void ChooseIn(QFileDialog& dialog, const QString& file) {
+  dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
+  QMetaObject::invokeMethod(&dialog, "accept");
 }
 
 /// Waits, with the event loop running, until `condition` holds; false after five seconds.

@@ -21,6 +21,7 @@ class MemoryDisk : public Disk {
   /// Every write below a path with this beginning fails.
   std::string FailBelow;
   int Writes = 0;
+  bool AnotherCopyRuns = false;
 
   std::map<std::string, std::string> Files;  ///< by lower-case path
   std::set<std::string> Folders;             ///< lower case, without the backslash at the end
@@ -70,6 +71,7 @@ class MemoryDisk : public Disk {
       Folders.insert(folder);
     return true;
   }
+  bool Claim(const std::string& /*path*/) override { return !AnotherCopyRuns; }
 
  private:
   static std::string Key(const std::string& path) {

@@ -1,0 +1,288 @@
+// What the desktop program costs, on the display it is started on (bench/desktop_figures.sh brings one):
+// from exec to the first picture, from the click to the acquisition screen, from the last byte of a line
+// to the reading on the screen, processor time, and memory in a station of a hundred samples.
+//
+// Usage: kelp_desktop_figures [STARTS]; starts itself that many times (20) and prints the medians. Ends
+// with 1 when a figure is over its bound.
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <thread>
+
+#include "console/instrument_line.hpp"
+#include "console/posix/pseudo_terminal.hpp"
+#include "core/numbers.hpp"
+#include "desktop/machine/desktop_run.hpp"
+
+namespace {
+
+using namespace kelp;
+
+constexpr int kLines = 400;
+constexpr int kSamples = 100;
+constexpr int kWaitSeconds = 10;
+
+double Now() {
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
+
+// Notes when a picture of a window is on its way to the display: its paint events are through and the
+// call that brought them has returned.
+class Watcher : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::Paint && receiver->isWidgetType())
+      painting_ = static_cast<QWidget*>(receiver)->window();
+    ++depth_;
+    const bool taken = QApplication::notify(receiver, event);
+    if (--depth_ > 0 || painting_ == nullptr) return taken;
+    Window = painting_->objectName();
+    At = Now();
+    painting_ = nullptr;
+    return taken;
+  }
+  // Runs events until `done`; the time of the last picture by then.
+  double Until(const std::function<bool()>& done) {
+    while (!done()) processEvents(QEventLoop::WaitForMoreEvents, 1000);
+    return At;
+  }
+  // The time of the next picture of a window.
+  double PictureOf(const char* screen) {
+    Window.clear();
+    return Until([&] { return Window == screen; });
+  }
+  QString Window;
+  double At = 0;
+
+ private:
+  int depth_ = 0;
+  QWidget* painting_ = nullptr;
+};
+
+double CpuSeconds() {
+  rusage used{};
+  ::getrusage(RUSAGE_SELF, &used);
+  const auto of = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return of(used.ru_utime) + of(used.ru_stime);
+}
+
+double PeakMegabytes() {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  double kilobytes = 0;
+  while (status >> word)
+    if (word == "VmHWM:") status >> kilobytes;
+  return kilobytes / 1024;
+}
+
+class Figures {
+ public:
+  Figures(Watcher& watcher, const QTemporaryDir& drives, double started)
+      : watcher_(watcher), started_(started), run_([&] {
+          Options options;
+          options.Instrument = InstrumentKind::Device;
+          options.Drives = drives.path().toStdString();
+          options.Ports[1] = line_.Path();
+          return options;
+        }()) {
+    run_.windows().SoundSwitch()->setChecked(false);
+    run_.Start();
+  }
+
+  void Start() {
+    Say("first", watcher_.PictureOf("frmMain") - started_);
+    Click("frmMain", "Command1", 0);
+    AnswerYes();
+    Click("frmLogin", "cmdOK");
+    Edit("frmCreateBase", 2, std::to_string(kSamples));
+    watcher_.processEvents();
+    const double clicked = Now();
+    Click("frmCreateBase", "cmdCreateBase", 0);
+    Say("screen", watcher_.PictureOf("frmAcquire") - clicked);
+  }
+
+  void Waiting(const char* name) {
+    Rest(1);
+    const double before = CpuSeconds();
+    Rest(kWaitSeconds);
+    Say(name, (CpuSeconds() - before) / kWaitSeconds * 100);
+  }
+
+  void BeginReading() {
+    Click("frmAcquire", "Command1");
+    Click("frmAcquire", "Command1");
+  }
+
+  void ReadingEachSecond() {
+    std::atomic<bool> stop = false;
+    std::thread instrument([&] {
+      for (int i = 0; !stop; ++i) {
+        line_.Send(InstrumentLine(Fixed(1 + 0.001 * (i % 2), 4)));
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+      }
+    });
+    Waiting("reading");
+    stop = true;
+    instrument.join();
+  }
+
+  void Latency() {
+    std::vector<double> latencies;
+    for (int i = 0; i < kLines; ++i) {
+      std::atomic<double> sent = 0;
+      const auto points = run_.program().run.Chart.PointsAdded();
+      std::thread instrument([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(3));
+        sent = Now();
+        line_.Send(InstrumentLine(Fixed(1 + 0.001 * (i % 2), 4)));
+      });
+      watcher_.Until([&] { return run_.program().run.Chart.PointsAdded() > points; });
+      const double taken = Now();
+      watcher_.Until([&] { return watcher_.At > taken || Now() > taken + 100; });
+      instrument.join();
+      latencies.push_back(watcher_.At - sent);
+    }
+    std::sort(latencies.begin(), latencies.end());
+    Say("painted", latencies[latencies.size() / 2]);
+    Say("painted99", latencies[latencies.size() * 99 / 100]);
+  }
+
+  // Autoread takes the values; the instrument sends what the button asks for, as fast as it is read.
+  void Station() {
+    FrmAcquire& form = run_.program().frmAcquire;
+    Click("frmAcquire", "Check1");
+    while (form.Command1.Caption != "What's Next") {
+      const std::string caption = form.Command1.Caption;
+      if (caption.starts_with("Load")) Click("frmAcquire", "Command1");
+      const bool acid = caption == "Acidify" || caption == "Acidified" || caption.ends_with("Ra");
+      const double level = caption.find("Blank") != std::string::npos ? 0.005
+                           : caption.find("3-1") != std::string::npos ? 1.54
+                           : caption.find("2-5") != std::string::npos ? 5.04
+                           : acid                                     ? 1.1
+                                                                      : 2.1;
+      const auto points = run_.program().run.Chart.PointsAdded();
+      if (form.Command1.Caption == "What's Next") break;
+      line_.Send(InstrumentLine(Fixed(level, 4)));
+      watcher_.Until([&] { return run_.program().run.Chart.PointsAdded() > points; });
+    }
+    Say("memory", PeakMegabytes());
+  }
+
+ private:
+  static void Say(const char* name, double figure) { std::printf("%s %.3f\n", name, figure); }
+  void Rest(int seconds) {
+    const double end = Now() + seconds * 1000;
+    QTimer::singleShot(seconds * 1000, [] {});
+    while (Now() < end) watcher_.processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  void Click(const char* screen, const char* control, int index = -1) {
+    const auto* button = qobject_cast<QAbstractButton*>(run_.windows().WidgetOf({screen, control, index}));
+    if (button != nullptr)
+      const_cast<QAbstractButton*>(button)->click();
+    else
+      run_.Post({.Kind = EventKind::Click, .Place = {screen, control, index}});
+  }
+  void Edit(const char* screen, int index, const std::string& text) {
+    run_.Post({.Kind = EventKind::Edit, .Place = {screen, "Text1", index}, .Text = text});
+  }
+  static void AnswerYes() {
+    QTimer::singleShot(100, [] {
+      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+        box->button(QMessageBox::Yes)->click();
+    });
+  }
+
+  Watcher& watcher_;
+  double started_;
+  PseudoTerminal line_ = {};
+  DesktopRun run_;
+};
+
+// A process of its own: its first picture, and with `all` the other figures too.
+int Measure(int argc, char** argv) {
+  QTemporaryDir drives;
+  QDir(drives.path()).mkpath("drive_c/kelp");
+  QFile::copy(KELP_SOURCE_DIR "/demo/kelp.cfg", drives.filePath("drive_c/kelp/kelp.cfg"));
+  QFile::setPermissions(drives.filePath("drive_c/kelp/kelp.cfg"), QFile::ReadOwner | QFile::WriteOwner);
+  Watcher watcher(argc, argv);
+  Figures figures(watcher, drives, std::atof(argv[2]));
+  figures.Start();
+  if (std::strcmp(argv[3], "all") == 0) {
+    figures.Waiting("idle");
+    figures.BeginReading();
+    figures.Waiting("waiting");
+    figures.ReadingEachSecond();
+    figures.Latency();
+    figures.Station();
+  }
+  std::fflush(stdout);
+  ::_exit(0);
+}
+
+std::map<std::string, std::vector<double>> Collect(const char* self, int starts) {
+  std::map<std::string, std::vector<double>> figures;
+  for (int i = 0; i < starts; ++i) {
+    const std::string command =
+        std::string(self) + " --measure " + std::to_string(Now()) + (i == 0 ? " all" : " first");
+    FILE* child = ::popen(command.c_str(), "r");
+    char name[64];
+    double figure = 0;
+    while (child != nullptr && std::fscanf(child, "%63s %lf", name, &figure) == 2)
+      figures[name].push_back(figure);
+    if (child != nullptr) ::pclose(child);
+  }
+  return figures;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 4 && std::strcmp(argv[1], "--measure") == 0) return Measure(argc, argv);
+  struct Row {
+    const char* name;
+    const char* text;
+    const char* unit;
+    double bound;
+  };
+  const Row rows[] = {{"first", "exec to the first picture of the main window", "ms", 100},
+                      {"screen", "click to the picture of the acquisition screen", "ms", 150},
+                      {"painted", "last byte to the painted reading, median", "ms", 1},
+                      {"painted99", "last byte to the painted reading, p99", "ms", 0},
+                      {"idle", "processor, nothing running", "%", 0.5},
+                      {"waiting", "processor, waiting for readings", "%", 0.5},
+                      {"reading", "processor, a reading a second", "%", 2},
+                      {"memory", "peak memory in a station of 100 samples", "MB", 60}};
+  auto figures = Collect(argv[0], argc > 1 ? std::max(1, std::atoi(argv[1])) : 20);
+  int status = 0;
+  for (const Row& row : rows) {
+    std::vector<double>& values = figures[row.name];
+    std::sort(values.begin(), values.end());
+    if (values.empty()) {
+      std::printf("%-50s not measured\n", row.text);
+      status = 1;
+      continue;
+    }
+    const double median = values[values.size() / 2];
+    const bool over = row.bound > 0 && median > row.bound;
+    if (over) status = 1;
+    std::printf("%-50s %8.3f %-3s%s\n", row.text, median, row.unit, over ? "  OVER ITS BOUND" : "");
+  }
+  return status;
+}
