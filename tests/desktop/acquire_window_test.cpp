@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 
 #include "app/panel.hpp"
 #include "desktop/windows/grid_view.hpp"
@@ -161,8 +162,10 @@ TEST(Layout, ShowsEveryTextWhole) {
     VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
       ShowScreen(desk.kelp, name);
       QWidget* window = desk.windows.WindowOf(std::string(name));
-      if (name == "frmAcquire") window->resize(1280, 690);
+      window->resize(name == "frmAcquire" ? QSize(1280, 690) : window->sizeHint());
       QApplication::processEvents();
+      for (const QScrollArea* scroll : window->findChildren<QScrollArea*>())
+        EXPECT_TRUE(letters > 1 || scroll->viewport()->size() == scroll->size()) << name << " scrolls";
       ExpectTextsWhole(*window, std::string(name) + " at " + std::to_string(letters) + ": ");
       HideScreen(desk.kelp, name);
     });

@@ -40,10 +40,8 @@ class Camera {
   void Take(const std::string& screen, const char* name, QSize size = {}) {
     QWidget* window = desk_.windows.WindowOf(screen);
     if (!window->isVisible()) desk_.windows.Show(screen);
-    if (size.isValid()) {
-      window->showNormal();
-      window->resize(size);
-    }
+    window->showNormal();
+    window->resize(size.isValid() ? size : window->sizeHint());
     desk_.windows.ShowChanges();
     QApplication::processEvents();
     const QString path = folder_ + "/" + name + ".png";
