@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <functional>
 
@@ -304,6 +305,24 @@ TEST_F(HostDiskTest, RespectsPermissionsAndKeepsThem) {
   int status = 0;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+}
+
+// The second of two copies is told; whoever is killed holds nothing any more.
+TEST_F(HostDiskTest, OneCopyAtATimeHoldsAClaim) {
+  const auto other = MakeHostDisk(drives);
+  disk->MakeFolder("c:\\kelp");
+  EXPECT_TRUE(disk->Claim("c:\\kelp\\kelp.lck") && disk->Claim("C:\\KELP\\kelp.lck"));
+  EXPECT_FALSE(other->Claim("c:\\kelp\\kelp.lck"));
+  disk.reset();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (other->Claim("c:\\kelp\\kelp.lck")) ::kill(::getpid(), SIGKILL);
+    ::_exit(1);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  EXPECT_TRUE(other->Claim("c:\\kelp\\kelp.lck"));
 }
 
 TEST(Host, KnowsItsClocksAndFolders) {
