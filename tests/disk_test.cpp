@@ -1,8 +1,6 @@
 // The real disk: what it writes, in which order, and what is left when any of its system calls fails.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,54 +10,8 @@
 
 #include "platform/error.hpp"
 #include "platform/host.hpp"
+#include "tests/faults/shim.hpp"
 #include "tests/support/temp_folder.hpp"
-
-namespace {
-
-// The system calls of the disk, each of which can be made to fail.
-struct Calls {
-  std::string Trace = {};
-  int FailAt = 0;  // the call that fails, counted from 1
-  int Error = 0;
-  bool HalfWrites = false;
-  int Count = 0;
-
-  bool Fails(const char* name) {
-    Trace += Trace.empty() ? name : std::string(" ") + name;
-    return ++Count == FailAt;
-  }
-};
-Calls* calls = nullptr;
-
-template <class Result, class Call>
-Result Made(const char* name, const Call& call) {
-  if (calls == nullptr || !calls->Fails(name)) return call();
-  errno = calls->Error;
-  return -1;
-}
-
-}  // namespace
-
-extern "C" {
-ssize_t write(int fd, const void* data, size_t size) {
-  if (calls != nullptr && calls->HalfWrites) size = (size + 1) / 2;
-  return Made<ssize_t>("write", [&] { return syscall(SYS_write, fd, data, size); });
-}
-int fdatasync(int fd) {
-  return Made<int>("flush", [&] { return static_cast<int>(syscall(SYS_fdatasync, fd)); });
-}
-int fsync(int fd) {
-  return Made<int>("flush-folder", [&] { return static_cast<int>(syscall(SYS_fsync, fd)); });
-}
-int rename(const char* from, const char* to) noexcept {
-  return Made<int>("rename",
-                   [&] { return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0)); });
-}
-int link(const char* from, const char* to) noexcept {
-  return Made<int>("link",
-                   [&] { return static_cast<int>(syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0)); });
-}
-}
 
 namespace kelp {
 
@@ -80,6 +32,17 @@ struct HostDiskTest : testing::Test {
       return error.what();
     }
     return {};
+  }
+  // The calls made since the faults were set, which then end.
+  static std::string Trace() {
+    std::string trace;
+    for (const DiskCall& call : TheFaults().Calls) trace += (trace.empty() ? "" : " ") + call.Name;
+    TheFaults() = {};
+    return trace;
+  }
+  void Fail(Faults faults) const {
+    TheFaults() = std::move(faults);
+    TheFaults().Root = data.Path.string();
   }
   [[nodiscard]] std::string Names() const {
     std::string names;
@@ -168,18 +131,16 @@ TEST_F(HostDiskTest, FlushesContentBeforeTheName) {
     std::function<void()> work;
   };
   for (const auto& [trace, work] : {
-           Row{"write flush rename flush-folder", [&] { disk->Replace("c:\\file", "new\r\n"); }},
-           Row{"write flush", [&] { disk->Append("c:\\file", "line\r\n"); }},
-           Row{"write flush flush-folder", [&] { disk->Append("c:\\new", "line\r\n"); }},
-           Row{"link flush-folder", [&] { disk->Keep("c:\\file", "c:\\Base"); }},
-           Row{"flush-folder", [&] { disk->Remove("c:\\Base"); }},
-           Row{"flush-folder flush-folder", [&] { disk->MakeFolder("c:\\a\\b"); }},
+           Row{"open write fdatasync rename fsync", [&] { disk->Replace("c:\\file", "new\r\n"); }},
+           Row{"open write fdatasync", [&] { disk->Append("c:\\file", "line\r\n"); }},
+           Row{"open open write fdatasync fsync", [&] { disk->Append("c:\\new", "line\r\n"); }},
+           Row{"link fsync", [&] { disk->Keep("c:\\file", "c:\\Base"); }},
+           Row{"unlink fsync", [&] { disk->Remove("c:\\Base"); }},
+           Row{"mkdir fsync mkdir fsync", [&] { disk->MakeFolder("c:\\a\\b"); }},
        }) {
-    Calls made;
-    calls = &made;
+    Fail({});
     work();
-    calls = nullptr;
-    EXPECT_EQ(made.Trace, trace);
+    EXPECT_EQ(Trace(), trace);
   }
 }
 
@@ -204,12 +165,11 @@ TEST_F(HostDiskTest, TellsEachFailingCallAndLosesNothing) {
         data.Write("drive_c/file", "old\r\n");
         const std::string where =
             std::string(row.name) + ", call " + std::to_string(call) + ", error " + std::to_string(error);
-        Calls made{.FailAt = call, .Error = error};
-        calls = &made;
+        Fail({.At = call, .Error = error});
         const std::string trouble = Trouble(row.work);
-        calls = nullptr;
-        if (made.Count < call) break;
-        const bool namedAlready = made.Trace.ends_with("rename flush-folder");
+        const bool failedOne = TheFaults().Failures == 1;
+        const bool namedAlready = Trace().ends_with("rename fsync");
+        if (!failedOne) break;
         ++failed;
         EXPECT_NE(trouble.find(error == EIO     ? "input/output"
                                : error == EROFS ? "read-only"
@@ -227,16 +187,15 @@ TEST_F(HostDiskTest, TellsEachFailingCallAndLosesNothing) {
                                                               : "drive_c/file";
         EXPECT_EQ(data.Read(file), row.written) << where;
       }
-  EXPECT_EQ(failed, 3 * (4 + 2 + 3 + 2));
+  EXPECT_EQ(failed, 3 * (5 + 3 + 5 + 2));
 }
 
 TEST_F(HostDiskTest, AHalfWrittenLineIsTakenBackAndAFileGoesOnWithTheRest) {
   data.Write("drive_c/log", "one\r\n");
-  Calls made{.HalfWrites = true};
-  calls = &made;
+  Fail({.ShortWrites = true});
   const std::string trouble = Trouble([&] { disk->Append("c:\\log", "two\r\n"); });
   disk->Replace("c:\\file", "whole");
-  calls = nullptr;
+  TheFaults() = {};
   EXPECT_NE(trouble.find("no space"), std::string::npos);
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\n");
   EXPECT_EQ(data.Read("drive_c/file"), "whole");
@@ -247,16 +206,14 @@ TEST_F(HostDiskTest, AfterAFailedFlushTheLinesGoIntoANewFile) {
   struct stat before {
   }, after{};
   ::stat((data.Path / "drive_c/log").c_str(), &before);
-  Calls made{.FailAt = 2, .Error = EIO};
-  calls = &made;
+  Fail({.At = 3, .Error = EIO});
   EXPECT_NE(Trouble([&] { disk->Append("c:\\log", "two\r\n"); }), "");
-  made = {};
+  Fail({});
   disk->Append("c:\\log", "two\r\n");
-  EXPECT_EQ(made.Trace, "write flush rename flush-folder");
-  made = {};
+  EXPECT_EQ(Trace(), "open write fdatasync rename fsync");
+  Fail({});
   disk->Append("c:\\log", "three\r\n");
-  EXPECT_EQ(made.Trace, "write flush");
-  calls = nullptr;
+  EXPECT_EQ(Trace(), "open write fdatasync");
   ::stat((data.Path / "drive_c/log").c_str(), &after);
   EXPECT_NE(before.st_ino, after.st_ino);
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\ntwo\r\nthree\r\n");
