@@ -15,6 +15,10 @@ std::vector<JournalLine> Section(const std::string& journal) {
   return LastSection(journal, "q:\\vault\\2007\\0707\\chl\\chl002");
 }
 
+std::string JournalOf(const std::string& station) {
+  return SectionHead(station) + JournalText({"grid", 1, 3, "7.7777"});
+}
+
 void TakeByHand(Program& program, double value) {
   program.Click("frmAcquire", "Command1");
   program.Read(value, 10);
@@ -30,6 +34,7 @@ void RunUntilPowerCut(Program& program) {
   program.Type("dlgRunRem", "Text1", -1, "torn filter*, 50% left");
   program.Click("dlgRunRem", "Option1", 3);
   program.Click("dlgRunRem", "OKButton");
+  Tick(program.kelp);
   program.Click("frmAcquire", "Command5");
   program.Click("frmAcquire", "Command1");
   program.Read(3.0, 10);
@@ -129,6 +134,52 @@ TEST(Journal, NoLeavesTheFileAndAnotherCruiseIsNeverOffered) {
   other.Files[Lower(kConfigPath)] = elsewhere.disk.Files[Lower(kConfigPath)];
   OpenAgain(elsewhere, other, Answer::Yes);
   EXPECT_EQ(elsewhere.platform.AnswersWaiting(), 1U);
+}
+
+TEST(Journal, OutlivesResetsMessagesAndWhatBecomesOfItsFile) {
+  // A reset clears the screen, not the journal.
+  Program program;
+  RunUntilPowerCut(program);
+  program.Answers({Answer::Yes, Answer::Yes});
+  program.Key("frmAcquire", kKeyF1 + 9);
+  program.Click("frmLogin", "cmdOK");
+  EXPECT_EQ(program.cell(1, kColRa), "1.0000");
+  EXPECT_NE(program.run().RunDate, "") << "the time of the last log record, which the report gives";
+
+  // The share is gone: when the message comes up the value is in the journal.
+  program.Click("frmAcquire", "Command1");
+  program.Click("frmAcquire", "Command1");
+  program.Read(1.5, 10);
+  program.disk.FailBelow = "q:";
+  program.platform.Echo = [&](const std::string& /*box*/) {
+    EXPECT_TRUE(Contains(program.disk.Files[kJournal], "grid 3 4 1.5000*"));
+  };
+  program.Click("frmAcquire", "Command1");
+  EXPECT_EQ(program.platform.Boxes.size(), 4U);
+  program.platform.Echo = {};
+  program.disk.FailBelow.clear();
+
+  // A file that vanished is written anew with all values.
+  program.disk.Files.erase(kJournal);
+  TakeByHand(program, 2.5);
+  EXPECT_TRUE(Contains(program.disk.Files[kJournal], "grid 1 3 2.0000*"));
+
+  // The backup drive was missing at the crash: its stand-in is found, and moves.
+  constexpr const char* kStandIn = "c:\\kelp\\0707slchl002.jnl";
+  MemoryDisk disk = program.disk;
+  disk.Files[kStandIn].swap(disk.Files[kJournal]);
+  disk.Files.erase(kJournal);
+  Program again;
+  OpenAgain(again, disk, Answer::Yes);
+  EXPECT_EQ(again.cell(4, kColRb), "2.5000");
+  EXPECT_FALSE(again.disk.Exists(kStandIn));
+
+  // A station of this number on another cruise is saved: only its own part of the journal goes.
+  const std::string ours = again.disk.Files[kJournal];
+  again.disk.Files[kJournal] = JournalOf("q:\\other\\chl002") + ours;
+  again.Answers({Answer::Yes});
+  again.Key("frmAcquire", kKeyF1 + 1);
+  EXPECT_EQ(again.disk.Files[kJournal], JournalOf("q:\\other\\chl002"));
 }
 
 TEST(Journal, ADiskThatFailsKeepsAWarningOnTheScreenUntilAllIsWrittenAnew) {

@@ -17,6 +17,9 @@ std::vector<std::string> SoundCues::Values() const {
 }
 
 void SoundCues::Listen(bool typed) {
+  const std::string& caption = kelp_.frmAcquire.Command1.Caption;
+  if (caption == caption_ && !typed) return;
+  caption_ = caption;
   std::vector<std::string> values = Values();
   const bool saved = values != values_ && !typed && station_ == kelp_.run.StationLoads;
   values_.swap(values);

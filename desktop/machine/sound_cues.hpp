@@ -14,8 +14,8 @@ class SoundCues {
  public:
   SoundCues(const Kelp& kelp, Sound& sound) : kelp_(kelp), sound_(sound) {}
 
-  /// To be called after each event, pass and tick. What the operator typed and what a loaded station
-  /// brings is no saved value.
+  /// To be called after each event, pass and tick. Every save moves the run's button on; what the
+  /// operator typed and what a loaded station brings is no saved value.
   void Listen(bool typed);
 
  private:
@@ -24,6 +24,7 @@ class SoundCues {
   const Kelp& kelp_;
   Sound& sound_;
   std::vector<std::string> values_ = {};
+  std::string caption_ = {};
   int station_ = -1;
   bool acid_ = false;
 };

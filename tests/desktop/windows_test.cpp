@@ -210,8 +210,8 @@ TEST_F(WindowedStation, ReportsWhatTheOperatorDoes) {
 TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   const std::string space = "key frmAcquire 32";
   const std::string f10 = "key frmAcquire 1010";
-  QWidget* start = At<QWidget>("Command1");
-  QWidget* grid = At<QWidget>("datalog");
+  auto* start = At<QWidget>("Command1");
+  auto* grid = At<QWidget>("datalog");
   desk.kelp.frmAcquire.Command1.Caption = "S&tandby";
   EXPECT_EQ(Press(start, Qt::Key_Space), space);
   EXPECT_EQ(desk.kelp.frmAcquire.Command1.Caption, "&Start") << "and the button was not clicked besides";

@@ -24,6 +24,7 @@ struct Faults {
   bool HalfWritten = false;  ///< the kill comes after half of the bytes of a write
   int Error = 0;             ///< instead of a kill: the call fails with this error number
   bool ForGood = false;      ///< and all after it too
+  bool ShortWrites = false;  ///< every write takes half of the bytes only
   int Failures = 0;
   std::vector<DiskCall> Calls = {};
 };

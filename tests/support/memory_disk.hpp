@@ -67,6 +67,7 @@ class MemoryDisk : public Disk {
     CountWrite(path);
     if (Files.contains(Key(path))) throw FileError(path, "is a file");
     if (IsFolder(path)) return false;
+    if (path.size() < 3 || path.compare(1, 2, ":\\") != 0) throw FileError(path, "has no drive");
     for (std::string folder = Key(path); folder.size() > 2; folder.erase(folder.rfind('\\')))
       Folders.insert(folder);
     return true;
