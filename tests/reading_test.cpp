@@ -37,22 +37,6 @@ TEST(Reading, TheNumberBehindTheFirstEqualsSignIsItAndTheChartScalesIt) {
   EXPECT_FLOAT_EQ(ChartValue(50), 50.0F / 30) << "above the full scale";
 }
 
-TEST(Reading, NoiseWithoutAnEndIsNamedNeverGrowsTheTextAndReadingsResume) {
-  Reading program;
-  program.Read(1);
-  for (int i = 0; i < 6; ++i) {
-    program.platform.Advance(1000);
-    program.platform.Feed(std::string(128 * 1024, static_cast<char>(i)));
-    Pass(program.kelp);
-  }
-  EXPECT_LE(program.kelp.loop.Accumulator.size(), 64U * 1024);
-  EXPECT_EQ(program.form().StatusBar1.Text, "No reading for 6 s. Check the fluorometer and its cable.");
-  program.Read(0, 1);  // the end of the noise comes with it
-  program.Read(1.5);
-  EXPECT_EQ(program.Raw(), "1.500");
-  EXPECT_EQ(program.run().ReadCount, 3);
-}
-
 TEST(Averaging, TheMeanExistsOnceTheBufferIsFull) {
   Reading program;
   for (int i = 1; i <= 9; ++i) program.Read(0.001 * i);

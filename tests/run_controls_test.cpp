@@ -142,23 +142,6 @@ TEST(RunControls, SpacePromptsTheSelectedStepAndOtherwiseClicksTheFocus) {
   }
 }
 
-TEST(RunControls, PauseHoldsPassesAndTicksAndKeepsTheInstruction) {
-  Steering program;
-  program.Click("frmAcquire", "Command1");
-  program.Click("frmAcquire", "Command1");
-  program.Read(0.005, 2);
-  program.Click("frmAcquire", "Command2");
-  program.Read(0.005, 2);
-  Tick(program.kelp);
-  EXPECT_EQ(program.run().ReadCount, 2);
-  EXPECT_FALSE(program.disk.Files.contains("d:\\backup\\chl002.tmp"));
-  EXPECT_EQ(program.form().Text4.Text, "Sample read suspended, click [Resume] to continue");
-  program.Click("frmAcquire", "Command2");
-  EXPECT_EQ(program.form().Text4.Text, "Averaging blank readings...");
-  Tick(program.kelp);
-  EXPECT_TRUE(program.disk.Files.contains("d:\\backup\\chl002.tmp"));
-}
-
 TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
   struct Row {
     int key;
