@@ -1,6 +1,8 @@
 // Base files: created, found, loaded, reloaded, and the next station.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "files/base_file.hpp"
 #include "tests/support/finished_station.hpp"
 
@@ -73,28 +75,24 @@ TEST(BaseFile, NothingIsWrittenAfterANoNorInABadPlace) {
 
 TEST(BaseFile, LinesAndFieldsBeyondTheTableAreNamed) {
   const std::string subscript = "Subscript out of range\nQ:";
-  struct Row {
-    std::string text;
-    int samples;  // -1: refused
-    std::string message;
-  };
-  const Row rows[] = {{kHeader, 0, ""},
-                      {kHeader + SampleLines(100), 100, ""},
-                      {kHeader + SampleLines(100) + "\n", -1, subscript},
-                      {kHeader + "2 07\n\n2 08 3 138 8\n", 3, ""},
-                      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 \n", 1, ""},
-                      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15\n", -1, subscript},
-                      {kHeader + " 2 07\n", -1, "Invalid procedure call\nQ:"},
-                      {"93.3 70\r\nZEPHOR\r\n", -1, "File error\nQ:"}};
-  for (const Row& row : rows) {
-    Login program(row.text);
+  const std::tuple<std::string, int, std::string> rows[] = {
+      {kHeader, 0, ""},
+      {kHeader + SampleLines(100), 100, ""},
+      {kHeader + SampleLines(100) + "\n", -1, subscript},
+      {kHeader + "2 07\n\n2 08 3 138 8\n", 3, ""},
+      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 \n", 1, ""},
+      {kHeader + "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15\n", -1, subscript},
+      {kHeader + " 2 07\n", -1, "Invalid procedure call\nQ:"},
+      {"93.3 70\r\nZEPHOR\r\n", -1, "File error\nQ:"}};
+  for (const auto& [text, samples, message] : rows) {
+    Login program(text);
     program.run().SampTbl(5, 1) = "kept";
     program.Ok();
-    EXPECT_TRUE(StartsWith(program.LastBox(), row.message)) << program.LastBox();
-    EXPECT_EQ(program.platform.Boxes.empty(), row.samples >= 0);
-    EXPECT_EQ(program.run().SampTbl(5, 1) == "kept", row.samples < 0) << "the open station stays open";
-    EXPECT_TRUE(row.samples < 0 || program.run().SampCount == row.samples);
-    EXPECT_EQ(program.file("chl002"), row.text);
+    EXPECT_TRUE(StartsWith(program.LastBox(), message)) << program.LastBox();
+    EXPECT_EQ(program.platform.Boxes.empty(), samples >= 0);
+    EXPECT_EQ(program.run().SampTbl(5, 1) == "kept", samples < 0) << "the open station stays open";
+    EXPECT_TRUE(samples < 0 || program.run().SampCount == samples);
+    EXPECT_EQ(program.file("chl002"), text);
   }
 }
 

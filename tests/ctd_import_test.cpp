@@ -1,6 +1,8 @@
 // Station, cast type and times from the CTD's header and mark files.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/date_time.hpp"
 #include "files/ctd_import.hpp"
 #include "tests/support/program.hpp"
@@ -35,11 +37,7 @@ struct Cast : Program {
 }  // namespace
 
 TEST(CtdImport, TheHeaderIsReadByPosition) {
-  struct Row {
-    const char* line;
-    const char *station, *type, *date;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<const char*, const char*, const char*, const char*> kRows[] = {
       {"** Station:x 93.3 70  ", "93.3 70", "-", ""},      // the character behind the key is skipped
       {"** Status of Station: 9", "Station: 9", "-", ""},  // counted from the first "Sta"
       {"** station: 93.3 70", "-", "-", ""},
@@ -48,14 +46,14 @@ TEST(CtdImport, TheHeaderIsReadByPosition) {
       {"* a=b UpLoad Time = Nov 24", "-", "-", "UpLoad Time = Nov 24"},  // counted from the first "="
       {"** Station: ", "", "-", ""},
   };
-  for (const Row& row : kRows) {
-    Cast program("* first line\r\n" + std::string(row.line) + "\r\n", "");
+  for (const auto& [line, station, type, date] : kRows) {
+    Cast program("* first line\r\n" + std::string(line) + "\r\n", "");
     program.form().txtStaInfo[kStaLineSta].Text = program.run().CastType = "-";
-    EXPECT_EQ(program.Failure(), "") << row.line;
+    EXPECT_EQ(program.Failure(), "") << line;
     EXPECT_EQ(program.run().ProcNum, "007");
-    EXPECT_EQ(program.form().txtStaInfo[kStaLineSta].Text, row.station) << row.line;
-    EXPECT_EQ(program.run().CastType, row.type) << row.line;
-    EXPECT_EQ(CfgValue(program.run(), kCfgCastDate), row.date) << row.line;
+    EXPECT_EQ(program.form().txtStaInfo[kStaLineSta].Text, station) << line;
+    EXPECT_EQ(program.run().CastType, type) << line;
+    EXPECT_EQ(CfgValue(program.run(), kCfgCastDate), date) << line;
   }
 }
 
@@ -80,11 +78,7 @@ TEST(CtdImport, TheLastMarkPlusAnHourIsTheFiltration) {
 }
 
 TEST(CtdImport, ABadLineIsNamedByFileAndLine) {
-  struct Row {
-    const char* header;
-    const char *marks, *failure;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<const char*, const char*, const char*> kRows[] = {
       {"\r\nStation:\r\n", "", "Overflow: Q:\\vault\\2007\\0707\\CTD\\0707007.hdr, line 2: \"Station:\""},
       {"Cast type:", "", "Overflow: Q:\\vault\\2007\\0707\\CTD\\0707007.hdr, line 1: \"TYPE:\""},
       {"UpLoad Time =\n", "", "Overflow: Q:\\vault\\2007\\0707\\CTD\\0707007.hdr, line 1: \"UpLoad Time =\""},
@@ -94,9 +88,9 @@ TEST(CtdImport, ABadLineIsNamedByFileAndLine) {
       {"", "mark  07/09/2026 24:00:00", "Type mismatch: "},
       {"", "mark  7/9/2026 13:00:00 PM", "Type mismatch: "},
       {"", "mark 07/09/2026", "Type mismatch: "}};
-  for (const Row& row : kRows) {
-    const std::string failure = Cast(row.header, row.marks).Failure();
-    EXPECT_TRUE(StartsWith(failure, row.failure)) << failure;
+  for (const auto& [header, marks, failure] : kRows) {
+    const std::string told = Cast(header, marks).Failure();
+    EXPECT_TRUE(StartsWith(told, failure)) << told;
   }
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
 #include "files/table_field.hpp"
 #include "tests/support/finished_station.hpp"
@@ -69,27 +70,23 @@ TEST(RoundTrip, FieldsHoldNoBlankAndTextsTypedByHandAreTakenAsTheyAre) {
 }
 
 TEST(RoundTrip, UnreadValuesComeBackUnread) {
-  struct Row {
-    const char* begin;  // the box
-    const char *beginText, *rb;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<const char*, const char*, const char*> kRows[] = {
       {"0", "", ""}, {"-99.00", "", "2.0000"}, {"0.0000", "0.0000", ""}, {"0", "", nullptr}};
-  for (const Row& row : kRows) {
+  for (const auto& [begin, beginText, rb] : kRows) {
     FinishedStation program(2);
-    program.form().txtBlank[0].Text = row.begin;
-    program.run().BeginBlankText = row.beginText;
+    program.form().txtBlank[0].Text = begin;
+    program.run().BeginBlankText = beginText;
     program.form().txtStaInfo[kStaAveBlank].Text = program.run().BeginBlankText.empty() ? "" : "0.0027";
     program.form().txtStaInfo[kStaFiltDate].Text = "";
-    program.cell(1, kColRb) = row.rb != nullptr ? row.rb : "";
+    program.cell(1, kColRb) = rb != nullptr ? rb : "";
     // Saved before any reading, it was not run already.
-    if (row.rb == nullptr) program.cell(1, kColRa) = program.cell(2, kColRb) = program.cell(2, kColRa) = "";
+    if (rb == nullptr) program.cell(1, kColRa) = program.cell(2, kColRb) = program.cell(2, kColRa) = "";
     program.Save();
     StationFiles again;
     again.Reopen(program);
     ExpectSameGrid(again, program);
     EXPECT_EQ(HeaderTexts(again), HeaderTexts(program));
-    EXPECT_EQ(again.kelp.frmRecalc.Form.Visible, row.rb != nullptr);
+    EXPECT_EQ(again.kelp.frmRecalc.Form.Visible, rb != nullptr);
   }
 }
 

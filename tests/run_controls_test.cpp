@@ -1,6 +1,8 @@
 // What steers a run: keys, buttons, value transfer, relocation, change step, remarks.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/support/captions.hpp"
 #include "tests/support/program.hpp"
 
@@ -73,13 +75,7 @@ TEST(RunControls, F5TakesTheRawReadingAndTheChoosersF5TheBox) {
 }
 
 TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
-  struct Row {
-    const char* step;
-    const char* caption;
-    const char* boxes;  ///< that read "-99.00"
-    const char *nextCaption, *nextStep;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<const char*, const char*, const char*, const char*, const char*> kRows[] = {
       {"STANDARD", "Load Low Standard", "2345", "Load Station Sample", "SAMPLE"},
       {"COPROS", "Load Copro 3-1", "67", "Load Copro 2-5", "COPROS"},
       {"COPROS", "Load Copro 2-5", "89", "Load Station Sample", "SAMPLE"},
@@ -87,16 +83,16 @@ TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
       {"BLANK", "Load Blank", "01", "Load Copro 3-1", "COPROS"},
       {"STANDBY", "What's Next?", "", "What's Next?", "STANDBY"},
   };
-  for (const Row& row : kRows) {
-    Steering program(row.caption);
-    program.run().StepName = row.step;
+  for (const auto& [step, caption, boxes, nextCaption, nextStep] : kRows) {
+    Steering program(caption);
+    program.run().StepName = step;
     program.Click("frmAcquire", "Command5");
-    std::string boxes;
+    std::string marked;
     for (int box = 0; box < 10; ++box)
-      if (program.form().txtBlank[box].Text == "-99.00") boxes += std::to_string(box);
-    EXPECT_EQ(boxes, row.boxes) << row.caption;
-    EXPECT_EQ(program.caption(), row.nextCaption);
-    EXPECT_EQ(program.run().StepName, row.nextStep) << row.caption;
+      if (program.form().txtBlank[box].Text == "-99.00") marked += std::to_string(box);
+    EXPECT_EQ(marked, boxes) << caption;
+    EXPECT_EQ(program.caption(), nextCaption);
+    EXPECT_EQ(program.run().StepName, nextStep) << caption;
   }
 }
 
@@ -115,27 +111,24 @@ TEST(RunControls, SkippedSamplesAreMarkedAndAnRbThatWasReadStays) {
 }
 
 TEST(RunControls, SpacePromptsTheSelectedStepAndOtherwiseClicksTheFocus) {
-  struct Row {
-    int option;
-    const char *step, *caption, *item;
-  };
-  static constexpr Row kRows[] = {{0, "BLANK", "Load Blank", "the blank"},
-                                  {1, "STANDARD", "Load Low Standard", "the Standard"},
-                                  {2, "COPROS", "Load Copro 1", "Copro 3-1"},
-                                  {3, "SAMPLE", "Load Sample", "the Sample"}};
-  for (const Row& row : kRows) {
+  static constexpr std::tuple<int, const char*, const char*, const char*> kRows[] = {
+      {0, "BLANK", "Load Blank", "the blank"},
+      {1, "STANDARD", "Load Low Standard", "the Standard"},
+      {2, "COPROS", "Load Copro 1", "Copro 3-1"},
+      {3, "SAMPLE", "Load Sample", "the Sample"}};
+  for (const auto& [option, step, caption, item] : kRows) {
     for (const bool click : {false, true}) {
       Steering program;
-      program.Click("frmAcquire", "Option1", row.option);
+      program.Click("frmAcquire", "Option1", option);
       program.run().StepName = "STANDBY";
       program.caption() = "S&tandby";
       program.Key("frmAcquire", kKeySpace);
       ASSERT_EQ(program.caption(), "&Start");
       click ? program.Click("frmAcquire", "Command1") : program.Key("frmAcquire", kKeySpace);
-      EXPECT_EQ(program.caption(), row.caption);
-      EXPECT_EQ(program.run().StepName, row.step);
+      EXPECT_EQ(program.caption(), caption);
+      EXPECT_EQ(program.run().StepName, step);
       EXPECT_EQ(program.form().Text4.Text,
-                std::string("Load ") + row.item + " and click [Start] or press <Spacebar>.");
+                std::string("Load ") + item + " and click [Start] or press <Spacebar>.");
       program.Key("frmAcquire", kKeySpace);
       EXPECT_TRUE(StartsWith(program.caption(), "Read")) << program.caption();
     }
@@ -194,72 +187,58 @@ TEST(RunControls, RelocationMovesTheRunAfterTwoWarnings) {
 }
 
 TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
-  struct Row {
-    int option;
-    const char *caption, *step;
-    std::uint32_t trace;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<int, const char*, const char*, std::uint32_t> kRows[] = {
       {0, "&Start", "STANDBY", kTraceMagenta},    {1, "Load Blank", "BLANK", kTraceMagenta},
       {2, "Reading Blank", "BLANK", kTraceGreen}, {3, "Load Copro 3-1", "COPROS", kTraceMagenta},
       {4, "Reading 3-1", "COPROS", kTraceGreen},  {5, "Load Copro 2-5", "COPROS", kTraceMagenta},
       {6, "Reading 2-5", "COPROS", kTraceGreen},  {7, "Load Station Sample", "SAMPLE", kTraceMagenta}};
-  for (const Row& row : kRows) {
+  for (const auto& [option, caption, step, trace] : kRows) {
     Steering program("Acidify");
     program.Answers({Answer::Yes, Answer::Ok});
     program.Key("frmAcquire", kKeyF1 + 3);
     program.Click("frmChangeStep", "Command1", 0);
     EXPECT_EQ(program.caption(), "Acidify") << "nothing selected, nothing changed";
     ShowScreen(program.kelp, "frmChangeStep");
-    program.Click("frmChangeStep", "Option1", row.option);
+    program.Click("frmChangeStep", "Option1", option);
     program.Click("frmChangeStep", "Command1", 0);
-    EXPECT_EQ(program.caption(), row.caption);
-    EXPECT_EQ(program.run().StepName, row.step);
-    EXPECT_EQ(program.run().TraceColor, row.trace) << row.option;
+    EXPECT_EQ(program.caption(), caption);
+    EXPECT_EQ(program.run().StepName, step);
+    EXPECT_EQ(program.run().TraceColor, trace) << option;
   }
 }
 
 TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
-  struct Row {
-    const char* caption;
-    int option, source, row, field;
-  };
-  static constexpr Row kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
-                                  {"Load Next Sample", 3, 0, 3, 11},
-                                  {"Acidify", 2, 1, 3, 12},
-                                  {"What's Next", 2, 0, 2, 11}};
-  for (const Row& row : kRows) {
-    Steering program(row.caption);
+  static constexpr std::tuple<const char*, int, int, int, int> kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
+                                                                          {"Load Next Sample", 3, 0, 3, 11},
+                                                                          {"Acidify", 2, 1, 3, 12},
+                                                                          {"What's Next", 2, 0, 2, 11}};
+  for (const auto& [caption, option, source, row, field] : kRows) {
+    Steering program(caption);
     program.Key("frmAcquire", kKeyF1 + 8);
     program.Type("dlgRunRem", "Text1", -1, "   ");
     program.Click("dlgRunRem", "OKButton");
     program.Type("dlgRunRem", "Text1", -1, " bubbles ");
-    program.Click("dlgRunRem", "Option1", row.option);
-    program.Click("dlgRunRem", "Option1", row.source);
+    program.Click("dlgRunRem", "Option1", option);
+    program.Click("dlgRunRem", "Option1", source);
     program.Click("dlgRunRem", "OKButton");
-    EXPECT_EQ(program.run().SampTbl(row.row, row.field), "bubbles") << row.caption;
-    EXPECT_EQ(program.cell(row.row, row.field + 1), "bubbles");
+    EXPECT_EQ(program.run().SampTbl(row, field), "bubbles") << caption;
+    EXPECT_EQ(program.cell(row, field + 1), "bubbles");
   }
 }
 
 TEST(RunControls, AHeaderBoxThatIsLeftIsCheckedAndTheRunGoesOn) {
-  struct Row {
-    int box;
-    const char* text;
-    bool good;
-  };
-  static constexpr Row kRows[] = {{3, "0.109", true},   {3, "0,109", false},     {4, "1", false},
-                                  {5, "0", false},      {6, "7", true},          {6, "x7", false},
-                                  {7, "", false},       {9, "11/24/2026", true}, {9, "24.11.2026", false},
-                                  {10, "23:59", false}, {10, "23:59:00", true},  {1, "anything", true}};
-  for (const Row& row : kRows) {
+  static constexpr std::tuple<int, const char*, bool> kRows[] = {
+      {3, "0.109", true},       {3, "0,109", false},  {4, "1", false},        {5, "0", false},
+      {6, "7", true},           {6, "x7", false},     {7, "", false},         {9, "11/24/2026", true},
+      {9, "24.11.2026", false}, {10, "23:59", false}, {10, "23:59:00", true}, {1, "anything", true}};
+  for (const auto& [box, text, good] : kRows) {
     Steering program("Load Next Sample");
     program.run().StepName = "SAMPLE";
-    program.Type("frmAcquire", "txtStaInfo", row.box, row.text);
-    const TextBox& box = program.form().txtStaInfo[row.box];
-    EXPECT_EQ(box.Problem.empty(), row.good) << row.box << " " << row.text;
-    EXPECT_EQ(Contains(program.form().StatusBar1.Text, "The value stays as typed"), !row.good);
-    EXPECT_EQ(box.Text, row.text);
+    program.Type("frmAcquire", "txtStaInfo", box, text);
+    const TextBox& left = program.form().txtStaInfo[box];
+    EXPECT_EQ(left.Problem.empty(), good) << box << " " << text;
+    EXPECT_EQ(Contains(program.form().StatusBar1.Text, "The value stays as typed"), !good);
+    EXPECT_EQ(left.Text, text);
     EXPECT_EQ(program.form().Text4.Text, "Load Sample then press <spacebar> twice.");
     EXPECT_EQ(program.caption(), "Load Next Sample");
   }

@@ -1,6 +1,8 @@
 // Texts and numbers as the fixed-width files, the boxes and the station table need them.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/counter16.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -20,14 +22,10 @@ TEST(Counter16, LeavingTheRangeIsOverflowAndRoundingIsHalfToEven) {
 }
 
 TEST(Numbers, ALenientParseTakesTheLeadingNumber) {
-  struct Row {
-    const char* text;
-    double value;
-  };
-  static constexpr Row kRows[] = {{"  1.25", 1.25}, {".5", 0.5}, {"-0.25", -0.25}, {"+3", 3},
-                                  {"1e2x", 100},    {"1e", 1},   {"-inf", 0},      {"--1", 0},
-                                  {"0x10", 0},      {"1,5", 1},  {"- 1", 0},       {"\t5", 0}};
-  for (const Row& row : kRows) EXPECT_DOUBLE_EQ(Val(row.text), row.value) << row.text;
+  static constexpr std::tuple<const char*, double> kRows[] = {
+      {"  1.25", 1.25}, {".5", 0.5}, {"-0.25", -0.25}, {"+3", 3},  {"1e2x", 100}, {"1e", 1},
+      {"-inf", 0},      {"--1", 0},  {"0x10", 0},      {"1,5", 1}, {"- 1", 0},    {"\t5", 0}};
+  for (const auto& [text, value] : kRows) EXPECT_DOUBLE_EQ(Val(text), value) << text;
 }
 
 TEST(Numbers, TextsHaveFixedDecimalsAndNoMinusBeforeZero) {
@@ -40,17 +38,12 @@ TEST(Numbers, TextsHaveFixedDecimalsAndNoMinusBeforeZero) {
 }
 
 TEST(Text, PadStrPadsBySideAndFillOnly) {
-  struct Row {
-    const char* text;
-    std::size_t width;
-    const char *side, *fill, *padded;
-  };
-  static constexpr Row kRows[] = {{"7", 3, "L", "0", "007"},     {"7", 3, "l", "0", "007"},
-                                  {"ab", 4, "R", "S", "ab  "},   {"ab", 4, "L", "s", "  ab"},
-                                  {"1234", 3, "L", "0", "1234"}, {"ab", 4, "X", "S", "ab"},
-                                  {"ab", 4, "L", "X", "ab"}};
-  for (const Row& row : kRows)
-    EXPECT_EQ(Padded(row.text, row.width, row.side, row.fill), row.padded) << row.text;
+  static constexpr std::tuple<const char*, std::size_t, const char*, const char*, const char*> kRows[] = {
+      {"7", 3, "L", "0", "007"},   {"7", 3, "l", "0", "007"},     {"ab", 4, "R", "S", "ab  "},
+      {"ab", 4, "L", "s", "  ab"}, {"1234", 3, "L", "0", "1234"}, {"ab", 4, "X", "S", "ab"},
+      {"ab", 4, "L", "X", "ab"}};
+  for (const auto& [text, width, side, fill, padded] : kRows)
+    EXPECT_EQ(Padded(text, width, side, fill), padded) << text;
 }
 
 }  // namespace kelp
