@@ -30,6 +30,7 @@ struct Reading : Program {
 TEST(Reading, TheNumberBehindTheFirstEqualsSignIsItAndTheChartScalesIt) {
   EXPECT_FLOAT_EQ(ReadingIn("A =12345678 (RAW)"), 1234567) << "seven characters";
   EXPECT_FLOAT_EQ(ReadingIn("A = -0.5 RAW)"), -0.5F);
+  EXPECT_FLOAT_EQ(ReadingIn("A =   1e39 (RAW)"), 0) << "no number of single precision";
   EXPECT_FLOAT_EQ(ReadingIn("x=1 y=2 RAW)"), 1);
   EXPECT_FLOAT_EQ(ChartValue(10), 1);
   EXPECT_FLOAT_EQ(ChartValue(20), 1);

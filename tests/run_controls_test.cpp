@@ -165,6 +165,7 @@ TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
       EXPECT_EQ(program.kelp.frmChangeStep.Form.Visible, yes && row.key == 4);
       EXPECT_EQ(program.cell(2, kColAcidR), yes && row.key == 6 ? "2.01" : "");
       EXPECT_EQ(program.run().RaAccepted, yes && row.key == 3);
+      EXPECT_TRUE(row.key != 8 || program.run().StepName == (yes ? "BLANK" : "SAMPLE"));
       EXPECT_EQ(program.kelp.frmLogin.Form.Visible, yes && row.key == 10);
     }
   }
