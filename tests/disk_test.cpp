@@ -1,8 +1,6 @@
 // The real disk: what it writes, in which order, and what is left when any of its system calls fails.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,45 +9,8 @@
 
 #include "platform/error.hpp"
 #include "platform/host.hpp"
+#include "tests/faults/shim.hpp"
 #include "tests/support/temp_folder.hpp"
-
-namespace {
-
-// The system calls of the disk, each of which can be made to fail.
-struct Calls {
-  std::string Trace = {};
-  int FailAt = 0;  // the call that fails, counted from 1
-  int Error = 0;
-  bool HalfWrites = false;
-  int Count = 0;
-};
-Calls* calls = nullptr;
-
-template <class... Arguments>
-long Made(const char* name, long number, Arguments... arguments) {
-  if (calls != nullptr) {
-    calls->Trace += calls->Trace.empty() ? name : std::string(" ") + name;
-    errno = calls->Error;
-    if (++calls->Count == calls->FailAt) return -1;
-  }
-  return syscall(number, arguments...);
-}
-
-}  // namespace
-
-extern "C" {
-ssize_t write(int fd, const void* data, size_t size) {
-  return Made("write", SYS_write, fd, data, calls != nullptr && calls->HalfWrites ? (size + 1) / 2 : size);
-}
-int fdatasync(int fd) { return static_cast<int>(Made("flush", SYS_fdatasync, fd)); }
-int fsync(int fd) { return static_cast<int>(Made("flush-folder", SYS_fsync, fd)); }
-int rename(const char* from, const char* to) noexcept {
-  return static_cast<int>(Made("rename", SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-int link(const char* from, const char* to) noexcept {
-  return static_cast<int>(Made("link", SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-}
 
 namespace kelp {
 
@@ -71,10 +32,14 @@ struct HostDiskTest : testing::Test {
     }
     return {};
   }
-  static std::string Trouble(Calls& made, const std::function<void()>& work) {
-    calls = &made;
+  // The same with faults; `trace` gets the names of the calls made.
+  std::string Trouble(const Faults& faults, std::string& trace, const std::function<void()>& work) const {
+    TheFaults() = faults;
+    TheFaults().Root = data.Path.string();
     std::string trouble = Trouble(work);
-    calls = nullptr;
+    trace.clear();
+    for (const DiskCall& call : TheFaults().Calls) trace += (trace.empty() ? "" : " ") + call.Name;
+    TheFaults() = {};
     return trouble;
   }
 };
@@ -140,56 +105,55 @@ TEST_F(HostDiskTest, FlushesInOrderAndLosesNothingWhenACallFails) {
     const char *trace, *file, *before, *after;
     std::function<void()> work;
   };
+  int failed = 0;
   const auto replace = [&] { disk->Replace("c:\\file", "new\r\n"); };
   const auto append = [&] { disk->Append("c:\\file", "line\r\n"); };
   const auto create = [&] { disk->Append("c:\\new", "line\r\n"); };
   const auto keep = [&] { disk->Keep("c:\\file", "c:\\base"); };
   for (const auto& [trace, file, before, after, work] : {
-           Row{"write flush rename flush-folder", "file", "old\r\n", "new\r\n", replace},
-           Row{"write flush", "file", "old\r\n", "old\r\nline\r\n", append},
-           Row{"write flush flush-folder", "new", "", "line\r\n", create},
-           Row{"link flush-folder", "base", "", "old\r\n", keep},
+           Row{"open write fdatasync rename fsync", "file", "old\r\n", "new\r\n", replace},
+           Row{"open write fdatasync", "file", "old\r\n", "old\r\nline\r\n", append},
+           Row{"open open write fdatasync fsync", "new", "", "line\r\n", create},
+           Row{"link fsync", "base", "", "old\r\n", keep},
        })
-    for (int call = 4; call >= 0; --call) {
+    for (int call = 5; call >= 0; --call) {
       fs::remove_all(data.Path / "drive_c");
       data.Write("drive_c/file", "old\r\n");
-      Calls made{.FailAt = call, .Error = call % 2 == 1 ? ENOSPC : EIO};
-      const std::string trouble = Trouble(made, work);
+      std::string made;
+      const std::string trouble = Trouble({.At = call, .Error = call % 2 == 1 ? ENOSPC : EIO}, made, work);
       const std::string where = std::string(trace) + ", call " + std::to_string(call) + ": " + trouble;
-      const bool failed = call > 0 && call <= made.Count;
-      EXPECT_NE(trouble.find(failed ? call % 2 == 1 ? "no space left" : "input/output" : ""), trouble.npos)
-          << where;
-      EXPECT_EQ(trouble.empty(), !failed) << where;
-      if (!failed) {
-        EXPECT_EQ(made.Trace, trace) << where;
+      if (call == 0 || trouble.empty()) {
+        EXPECT_EQ(made, trace) << where;
+        EXPECT_EQ(trouble, "");
         continue;
       }
+      ++failed;
+      EXPECT_NE(trouble.find(call % 2 == 1 ? "no space left" : "input/output"), trouble.npos) << where;
       // Once it has its name the new content is there; only a power cut could take it back.
-      const bool named = made.Trace == "write flush rename flush-folder";
-      EXPECT_EQ(data.Read(std::string("drive_c/") + file), named ? after : before) << where;
+      EXPECT_EQ(data.Read(std::string("drive_c/") + file), made.ends_with("rename fsync") ? after : before)
+          << where;
       EXPECT_EQ(std::distance(fs::directory_iterator(data.Path / "drive_c"), {}), 1) << where;
       EXPECT_EQ(Trouble(work), "") << where;
       EXPECT_EQ(data.Read(std::string("drive_c/") + file), after) << where;
     }
+  EXPECT_EQ(failed, 5 + 3 + 5 + 2);
 }
 
 TEST_F(HostDiskTest, TakesHalfALineBackAndWritesANewFileAfterAFailedFlush) {
   data.Write("drive_c/log", "one\r\n");
   const auto append = [&] { disk->Append("c:\\log", "two\r\n"); };
-  Calls made{.HalfWrites = true};
-  EXPECT_NE(Trouble(made, append).find("no space"), std::string::npos);
+  std::string made;
+  EXPECT_NE(Trouble({.ShortWrites = true}, made, append).find("no space"), std::string::npos);
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\n");
-  EXPECT_EQ(Trouble(made, [&] { disk->Replace("c:\\file", "whole"); }), "");
+  EXPECT_EQ(Trouble({.ShortWrites = true}, made, [&] { disk->Replace("c:\\file", "whole"); }), "");
   EXPECT_EQ(data.Read("drive_c/file"), "whole");
 
-  made = {.FailAt = 2, .Error = EIO};
-  EXPECT_NE(Trouble(made, append), "");
-  made = {};
-  EXPECT_EQ(Trouble(made, append), "");
-  EXPECT_EQ(made.Trace, "write flush rename flush-folder");
-  made = {};
-  EXPECT_EQ(Trouble(made, append), "");
-  EXPECT_EQ(made.Trace, "write flush");
+  EXPECT_NE(Trouble({.At = 3, .Error = EIO}, made, append), "");
+  EXPECT_EQ(made, "open write fdatasync ftruncate");
+  EXPECT_EQ(Trouble({}, made, append), "");
+  EXPECT_EQ(made, "open write fdatasync rename fsync");
+  EXPECT_EQ(Trouble({}, made, append), "");
+  EXPECT_EQ(made, "open write fdatasync");
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\ntwo\r\ntwo\r\n");
 }
 
