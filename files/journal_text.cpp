@@ -1,6 +1,7 @@
 #include "files/journal_text.hpp"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 
@@ -14,12 +15,19 @@ constexpr std::size_t kCheckDigits = 8;
 constexpr const char* kHead = "station";
 constexpr int kVersion = 1;
 
+constexpr std::array<std::uint32_t, 256> kCrcOfByte = [] {
+  std::array<std::uint32_t, 256> table{};
+  for (std::uint32_t byte = 0; byte < table.size(); ++byte) {
+    table[byte] = byte;
+    for (int bit = 0; bit < 8; ++bit)
+      table[byte] = (table[byte] >> 1) ^ ((table[byte] & 1) != 0 ? 0xEDB88320 : 0);
+  }
+  return table;
+}();
+
 std::string Check(std::string_view text) {
   std::uint32_t crc = 0xFFFFFFFF;
-  for (const char c : text) {
-    crc ^= static_cast<unsigned char>(c);
-    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xEDB88320 : 0);
-  }
+  for (const char c : text) crc = (crc >> 8) ^ kCrcOfByte[(crc ^ static_cast<unsigned char>(c)) & 0xFF];
   char digits[kCheckDigits];
   const auto result = std::to_chars(digits, digits + sizeof digits, ~crc, 16);
   return Padded({digits, static_cast<std::size_t>(result.ptr - digits)}, kCheckDigits, "L", "0");

@@ -109,8 +109,7 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
 QWidget* SettingsDialog::DrivesBox() {
   auto* box = new QGroupBox(QStringLiteral("Drives"));
   auto* layout = new QVBoxLayout(box);
-  const QString folder = FromPath(HostDataFolder());
-  auto* hint = new QLabel("A drive that is not listed lies in " + folder + ": drive c is drive_c there.");
+  auto* hint = new QLabel(WhereDrivesLie());
   hint->setWordWrap(true);
   layout->addWidget(hint);
   drives_ = MakeTable(QStringLiteral("Drives"), {QStringLiteral("Drive"), QStringLiteral("Folder")});

@@ -70,6 +70,11 @@ void WriteScript(const QString& name, const QByteArray& script) {
   file.write(script);
 }
 
+void WriteProgram(const QString& name, const QByteArray& commands) {
+  WriteScript(name, "#!/bin/sh\n" + commands + "\n");
+  QFile::setPermissions(name, QFile::ReadOwner | QFile::ExeOwner);
+}
+
 struct DesktopStation : testing::Test {
   Drives drives = {};
   std::unique_ptr<PseudoTerminal> instrument = std::make_unique<PseudoTerminal>();
@@ -166,6 +171,10 @@ const char* const kStation =
     "click frmWhatsNext.NextButton\n";
 
 TEST_F(DesktopStation, AStationByKeyboardAlone) {
+  const QTemporaryDir player;
+  const QString sounds = player.filePath("sounds");
+  WriteProgram(player.filePath("pw-play"), "basename \"$1\" >> " + sounds.toUtf8());
+  qputenv("PATH", player.path().toUtf8() + ":" + qgetenv("PATH"));
   // A first start: the settings dialog is opened from the welcome, and what is set there acts at once.
   WhenModal<QMessageBox>([&](QMessageBox& welcome) {
     EXPECT_TRUE(welcome.text().contains(qEnvironmentVariable("XDG_DATA_HOME") + "/kelp/drive_c"));
@@ -218,6 +227,10 @@ TEST_F(DesktopStation, AStationByKeyboardAlone) {
   for (const QWidget* window : QApplication::topLevelWidgets()) EXPECT_FALSE(window->isVisible());
   ASSERT_EQ(boxes.size(), 2U);
   EXPECT_NE(boxes[1].find("Q:\\vault\\2007\\0707\\chl\\chl002.pdf"), std::string::npos) << boxes[1];
+
+  // Two blanks, two copros and two Ra were saved; two questions called, and each Rb calls for its acid.
+  EXPECT_TRUE(Eventually([&] { return Content(sounds).count('\n') == 10; })) << Content(sounds).toStdString();
+  EXPECT_EQ(Content(sounds).count("ask"), 4) << Content(sounds).toStdString();
 
   const Drives console;
   WriteScript(console.Path("station.ks"), kStation);
@@ -320,8 +333,7 @@ TEST_F(DesktopStation, AnUnpluggedLineIsToldAndOpenedAgain) {
 TEST_F(DesktopStation, FilesOpenInTheEditorOfTheSettings) {
   const QString log = drives.Path("log");
   const QString editor = drives.Path("editor");
-  WriteScript(editor, "#!/bin/sh\necho \"$1\" >> " + log.toUtf8() + "\n");
-  QFile::setPermissions(editor, QFile::ReadOwner | QFile::ExeOwner);
+  WriteProgram(editor, "echo \"$1\" >> " + log.toUtf8());
   QDir(drives.folder.path()).mkpath("drive_q/vault/2007/0707/chl");
   WriteScript(drives.Path("drive_q/vault/2007/0707/chl/chl001"), "x");
   Begin();

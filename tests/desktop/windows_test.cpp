@@ -229,11 +229,14 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(desk.kelp.frmAcquire.datalog.Text(1, kColFiltCom), "a ");
   EXPECT_EQ(Press(grid, Qt::Key_Down), "cell frmAcquire.datalog 2,12");
 
-  // The double clicks and the mean boxes by key.
+  // The double clicks by key, and the mean boxes by key and by mouse.
   desk.platform.QueueAnswer(Answer::No);
   EXPECT_EQ(Press(grid, Qt::Key_Return, Qt::ControlModifier), "dblclick frmAcquire.datalog 2,12");
   EXPECT_EQ(Press(At<QWidget>("txtMean", 4), Qt::Key_Enter), "click frmAcquire.txtMean(4)");
   EXPECT_EQ(Press(At<QWidget>("txtMean", 4), Qt::Key_Space), "click frmAcquire.txtMean(4)");
+  QTest::mouseClick(At<QWidget>("txtMean", 5), Qt::LeftButton);
+  EXPECT_EQ(desk.events.back().Kind, EventKind::Click);
+  EXPECT_EQ(desk.events.back().Place.Index, 5);
   Open("frmWhatsNext");
   EXPECT_EQ(Press(On("frmWhatsNext", "Option1", 5), Qt::Key_Space), "key frmWhatsNext 32");
   EXPECT_TRUE(desk.kelp.frmWhatsNext.Option1[5].Value);
