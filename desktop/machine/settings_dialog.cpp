@@ -223,7 +223,7 @@ MachineSettings SettingsDialog::Settings() const {
 }
 
 QString SettingsDialog::Problem() const {
-  const QString drive = ColumnProblem(*drives_, QStringLiteral("drive letter"), IsLetter);
+  QString drive = ColumnProblem(*drives_, QStringLiteral("drive letter"), IsLetter);
   if (!drive.isEmpty()) return drive;
   return ColumnProblem(*ports_, QStringLiteral("port number"),
                        [](const QString& key) { return key.toInt() > 0; });

@@ -94,10 +94,10 @@ struct DesktopStation : testing::Test {
     Begin(options);
   }
 
-  FrmAcquire& form() { return run->program().frmAcquire; }
-  std::string& caption() { return form().Command1.Caption; }
-  QWidget* Window(const char* screen) { return run->windows().WindowOf(screen); }
-  bool IsFront(const char* screen) {
+  FrmAcquire& form() const { return run->program().frmAcquire; }
+  std::string& caption() const { return form().Command1.Caption; }
+  QWidget* Window(const char* screen) const { return run->windows().WindowOf(screen); }
+  bool IsFront(const char* screen) const {
     return Eventually([&] {
       // The offscreen platform has no window manager that hands the activity on.
       if (QApplication::activeWindow() == nullptr) Window(screen)->activateWindow();
