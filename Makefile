@@ -1,13 +1,14 @@
 # make run    builds Kelp and starts it with the simulated fluorometer; without a display it plays the
 #             demo station in the terminal
 # make test   builds everything and runs all tests
+# make package   makes the Debian package, in build/package
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 
 # Ccache finds what another folder's build has compiled already.
 export CCACHE_BASEDIR = $(CURDIR)
 export CCACHE_NOHASHDIR = 1
 
-.PHONY: run test lint format clean deps
+.PHONY: run test package lint format clean deps
 
 run: deps
 	cmake --preset release --log-level=WARNING
@@ -22,6 +23,11 @@ test: deps
 	cmake --preset dev --log-level=WARNING
 	cmake --build --preset dev -j $(JOBS)
 	ctest --test-dir build/dev --output-on-failure -j $(JOBS)
+
+package: deps
+	cmake --preset release -B build/package -DKELP_TESTS=OFF -DKELP_BENCH=OFF --log-level=WARNING
+	cmake --build build/package -j $(JOBS)
+	cd build/package && cpack
 
 lint: deps
 	tools/format --check

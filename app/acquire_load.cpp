@@ -7,6 +7,7 @@
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
+#include "files/base_file.hpp"
 #include "workflow/whats_next.hpp"
 
 namespace kelp {
@@ -15,6 +16,7 @@ namespace {
 
 void ResetRun(Kelp& kelp) {
   RunState& run = kelp.run;
+  CloseStationFiles(run);
   run.RunStarted = false;
   run.StartUp = true;
   run.BeginBlankText.clear();
@@ -144,6 +146,16 @@ void TellSetUpFailure(Kelp& kelp, const std::string& failure) {
 }
 
 }  // namespace
+
+bool ClaimDrives(Kelp& kelp) {
+  kelp.platform.disk().MakeFolder("c:\\kelp");
+  if (kelp.platform.disk().Claim("c:\\kelp\\kelp.lck")) return true;
+  Tell(kelp,
+       "Another copy of KElp is running on these drives, and both would write into the same files. Go on "
+       "there, or quit it and try again.",
+       "KElp is running already!", Icon::Critical);
+  return false;
+}
 
 void frmAcquire_Load(Kelp& kelp) {
   HideScreen(kelp, "frmAcquire");

@@ -10,4 +10,8 @@ namespace kelp {
 /// is told in the words of the port failure and named in the status bar; the login comes up all the same.
 void frmAcquire_Load(Kelp& kelp);
 
+/// Claims the drives for a run. False after a message when another copy of the program has a run on them:
+/// both would write into the same files. Throws FileError when the drive can't be written.
+bool ClaimDrives(Kelp& kelp);
+
 }  // namespace kelp

@@ -1,5 +1,7 @@
 #include "app/door.hpp"
 
+#include <optional>
+
 #include "acquire/read_loop.hpp"
 #include "app/clicks.hpp"
 #include "app/focus.hpp"
@@ -13,16 +15,20 @@ namespace kelp {
 
 namespace {
 
-// Runs a handler; what goes wrong in it is reported, never silent, and never ends the program.
-template <class Handler>
-void Guarded(Kelp& kelp, const Handler& handler) {
+// Runs a handler; what goes wrong in it is reported, never silent, and never ends the program. The report
+// may stay on the screen for hours: `before` is done first.
+template <class Handler, class Before>
+void Guarded(Kelp& kelp, const Handler& handler, const Before& before) {
+  std::optional<RunTimeError> failure;
   try {
     handler();
   } catch (const RunTimeError& error) {
-    ReportError(kelp, error);
+    failure = error;
   } catch (const std::exception& error) {
-    ReportError(kelp, RunTimeError(ErrorKind::InvalidCall, std::string("unexpected: ") + error.what()));
+    failure = RunTimeError(ErrorKind::InvalidCall, std::string("unexpected: ") + error.what());
   }
+  before();
+  if (failure) ReportError(kelp, *failure);
 }
 
 bool Paused(const Kelp& kelp) { return kelp.frmAcquire.Command2.Caption == "&Resume"; }
@@ -69,7 +75,8 @@ void Handle(Kelp& kelp, const Event& event) {
 }  // namespace
 
 void Start(Kelp& kelp) {
-  Guarded(kelp, [&] { FrmMain_Load(kelp); });
+  Guarded(
+      kelp, [&] { FrmMain_Load(kelp); }, [] {});
 }
 
 bool Post(Kelp& kelp, const Event& event) {
@@ -81,8 +88,8 @@ bool Post(Kelp& kelp, const Event& event) {
   } else if (!CanBeUsed(kelp, event.Place)) {
     return false;
   }
-  Guarded(kelp, [&] { Handle(kelp, event); });
-  KeepJournal(kelp);
+  Guarded(
+      kelp, [&] { Handle(kelp, event); }, [&] { KeepJournal(kelp); });
   return true;
 }
 
@@ -90,14 +97,16 @@ bool WantsPasses(const Kelp& kelp) { return kelp.loop.Running && !Paused(kelp) &
 
 void Pass(Kelp& kelp) {
   if (!WantsPasses(kelp)) return;
-  std::string before;
-  Guarded(kelp, [&] {
+  std::string caption;
+  const auto pass = [&] {
     if (!ReadPass(kelp)) return;
-    before = kelp.frmAcquire.Command1.Caption;
+    caption = kelp.frmAcquire.Command1.Caption;
     SaveReading(kelp);
-  });
+  };
   // Every save moves the button on; most passes save nothing and need no look at the station.
-  if (!before.empty() && kelp.frmAcquire.Command1.Caption != before) KeepJournal(kelp);
+  Guarded(kelp, pass, [&] {
+    if (!caption.empty() && kelp.frmAcquire.Command1.Caption != caption) KeepJournal(kelp);
+  });
 }
 
 bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
@@ -109,8 +118,11 @@ void Tick(Kelp& kelp) {
     kelp.Timer1.Enabled = false;
     return;
   }
-  Guarded(kelp, [&] { AppendReadLog(kelp); });
-  if (kelp.journal.Failed) KeepJournal(kelp);
+  Guarded(
+      kelp, [&] { AppendReadLog(kelp); },
+      [&] {
+        if (kelp.journal.Failed) KeepJournal(kelp);
+      });
 }
 
 }  // namespace kelp

@@ -56,6 +56,7 @@ void CancelToAcquisition(Kelp& kelp) {
   // From the main window this loads the acquisition screen, which starts its station set-up: the login
   // stays in front, since no station is open yet.
   const bool loaded = kelp.frmAcquire.Form.Loaded;
+  if (!loaded && !ClaimDrives(kelp)) return;
   if (!loaded) frmAcquire_Load(kelp);
   ShowScreen(kelp, "frmAcquire");
   if (!loaded) ShowScreen(kelp, "frmLogin");

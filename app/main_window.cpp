@@ -34,6 +34,7 @@ void ViewDataFile(Kelp& kelp) {
 }
 
 void RunSamples(Kelp& kelp) {
+  if (!ClaimDrives(kelp)) return;
   HideScreen(kelp, "frmMain");
   frmAcquire_Load(kelp);
 }

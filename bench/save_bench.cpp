@@ -40,8 +40,17 @@ struct StationOnDisk {
     std::string text = std::string(kCruiseCsvHeader) + "\r\n";
     for (; count > 0; count -= kelp.run.SampCount) text += rows;
     folder.Write("drive_q/vault/2007/0707/chl/0707SLChldb.csv", text);
+    // Flushed, so that the first save does not pay for all that was written here.
+    disk->Append(CruiseCsvPath(kelp.run), rows);
   }
 };
+
+// The floor: what one line costs that is flushed to this disk. A save flushes eleven times.
+void OneFlushedLine(benchmark::State& state) {
+  StationOnDisk station;
+  for (auto _ : state) station.disk->Append(station.kelp.run.TmpFile, "one line\r\n");
+}
+BENCHMARK(OneFlushedLine)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void SaveOf100Samples(benchmark::State& state) {
   StationOnDisk station;

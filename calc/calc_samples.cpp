@@ -38,11 +38,8 @@ std::string ResultsText(const Kelp& kelp, int row) {
 }
 
 void AppendResults(Kelp& kelp, const std::string& lines) {
-  Disk& disk = kelp.platform.disk();
-  const std::string& path = kelp.run.PrnBackupFile;
-  std::string text;
-  if (!disk.Exists(path)) text = std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n";
-  disk.Append(path, text + lines);
+  AppendUnderHead(kelp.platform.disk(), kelp.run.PrnBackupFile,
+                  std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n", lines);
 }
 
 // The sample just finished: the pointer has moved on to the next sample unless the run stands at

@@ -39,7 +39,7 @@ ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptio
   host.Printer = PrintLine;
   Watch watch(kelp, PrintLine);
   if (options.Watch) host.Changed = [&] { watch.Look(); };
-  const ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);
+  ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);
   if (options.Watch) watch.Conclude(disk.Written());
   return result;
 }
@@ -74,7 +74,9 @@ ScriptResult PlayOnDevice(const ConsoleOptions& options, NotingDisk& disk) {
 ScriptResult RunConsole(const ConsoleOptions& options) {
   try {
     const DriveMap drives = MapDrives(options);
-    const auto hostDisk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
+    // Simulated readings can be had again, so that no line of them has to wait for the disk.
+    const bool quick = options.Quick || options.Instrument == InstrumentKind::Simulated;
+    const auto hostDisk = MakeHostDisk(drives, quick ? Appends::Quick : Appends::Flushed);
     NotingDisk disk(*hostDisk);
     return options.Instrument == InstrumentKind::Device ? PlayOnDevice(options, disk)
                                                         : PlayInOwnTime(options, disk);

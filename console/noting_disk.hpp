@@ -37,6 +37,7 @@ class NotingDisk : public Disk {
     std::erase_if(written_, [&](const std::string& known) { return SameIgnoringCase(known, path); });
   }
   bool MakeFolder(const std::string& path) override { return disk_.MakeFolder(path); }
+  bool Claim(const std::string& path) override { return disk_.Claim(path); }
 
  private:
   void Note(const std::string& path) {

@@ -49,7 +49,10 @@ void ScriptPlayer::PostTo(const Target& target, Event event) {
   if (!host_.Post(event)) ScriptIsWrong("an operator can't do this: " + WhyNot(host_.program(), target));
 }
 
-void ScriptPlayer::DoStart(std::string_view rest) { ExpectEnd(rest); }
+void ScriptPlayer::DoStart(std::string_view rest) {
+  ExpectEnd(rest);
+  StartOnce();
+}
 
 void ScriptPlayer::DoClick(std::string_view rest) {
   const Target target = FindControlTarget(host_.program(), TakeWord(rest));

@@ -21,7 +21,7 @@ struct ScriptPlayer::Command {
 };
 
 const ScriptPlayer::Command ScriptPlayer::kCommands[] = {
-    {"start", &ScriptPlayer::DoStart},
+    {"start", &ScriptPlayer::DoStart, true},
     {"click", &ScriptPlayer::DoClick},
     {"dblclick", &ScriptPlayer::DoDblClick},
     {"key", &ScriptPlayer::DoKey},

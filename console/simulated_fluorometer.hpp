@@ -43,7 +43,7 @@ class SimulatedFluorometer {
 
  private:
   double Uniform();
-  double Steady() const;
+  [[nodiscard]] double Steady() const;
   void ShuffleNoise();
 
   std::uint32_t seed_;

@@ -4,7 +4,6 @@
 
 #include "core/config.hpp"
 #include "core/numbers.hpp"
-#include "core/option.hpp"
 #include "core/text.hpp"
 #include "files/ctd_import.hpp"
 #include "files/database_csv.hpp"
@@ -26,7 +25,7 @@ enum class Found { File, Nothing, CreateScreen };
 // The number of a file that the operator chose: its last three characters, as all stations have them.
 std::string ProcNumOf(const std::string& path) {
   const std::string station = StationPath(path);
-  const std::string procNum(Right(station, 3));
+  std::string procNum(Right(station, 3));
   if (!UsableProcNum(procNum) || Contains(station.substr(station.rfind('\\') + 1), "."))
     throw FileError(
         path, "is no base file: its name is to end in a processing number; choose a file such as chl007");
@@ -101,7 +100,7 @@ void SetPaths(Kelp& kelp, const std::string& path) {
   const bool backup = disk.AnyFileIn(run.BackupDir);
   run.TmpFile = (backup ? run.BackupDir : "C:\\kelp\\" + run.CruiseID) + "chl" + run.ProcNum + ".tmp";
   run.PrnBackupFile = (backup ? run.BackupDir : "C:\\kElp\\" + run.CruiseID) + "chl" + run.ProcNum + ".prn";
-  if (!disk.Exists(run.CsvFile)) disk.Append(run.CsvFile, std::string(kReadLogHeader) + "\r\n");
+  AppendUnderHead(disk, run.CsvFile, std::string(kReadLogHeader) + "\r\n", "");
 }
 
 // A non-empty Rb field in the first sample's row marks a station that was saved with results. The field
@@ -183,45 +182,20 @@ void RefreshStandardDisplays(Kelp& kelp) {
   form.txtStaInfo[kStaCopro2].Text = CfgValue(kelp.run, kCfgCoproHighAve);
 }
 
-void MoveEndValues(Kelp& kelp) {
-  RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  // Without an end blank the begin blank goes on to serve.
-  if (!run.EndBlankText.empty()) {
-    run.BeginBlankText = run.EndBlankText;
-    form.txtBlank[kBoxBeginBlank].Text = run.EndBlankText;
-    form.txtStaInfo[kStaAveBlank].Text.clear();
-  }
-  run.EndBlankText.clear();
-  form.txtBlank[kBoxEndBlank].Text = "0";
-  for (const int box : {kBoxCopro1, kBoxCopro2}) {
-    if (Val(form.txtBlank[box + 1].Text) != 0) form.txtBlank[box].Text = form.txtBlank[box + 1].Text;
-    form.txtBlank[box + 1].Text = "0";
-  }
-  SetStatus(kelp, "End values moved to beginning");
-}
-
-// Until a base file is read no station is open, and nothing may be measured into the last one's files.
-void CloseStationFiles(RunState& run) {
-  ClearTable(run);
-  run.SampCount = 0;
-  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
-    path->clear();
-}
-
 // Without a station there is nothing that could be saved under another one's number.
 void HoldNoStation(Kelp& kelp) {
   kelp.run.SampNum = 1;
   ClearGrid(kelp.frmAcquire.datalog);
 }
 
-Counter16 NextBottle(const Kelp& kelp) {
-  const int last = kelp.run.SampCount;
-  if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
-  return static_cast<long long>(ToInt16(Val(kelp.frmAcquire.datalog.Text(last, kColBottle)))) + 1;
-}
-
 }  // namespace
+
+void CloseStationFiles(RunState& run) {
+  ClearTable(run);
+  run.SampCount = 0;
+  for (std::string* path : {&run.CsvFile, &run.RawFile, &run.PrnFile, &run.TmpFile, &run.PrnBackupFile})
+    path->clear();
+}
 
 bool LoadBaseFile(Kelp& kelp, std::string& path) {
   bool saved = false;
@@ -236,53 +210,6 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
     RefreshStandardDisplays(kelp);
   });
   return saved;
-}
-
-void OpenNextStation(Kelp& kelp) {
-  RunState& run = kelp.run;
-  auto& header = kelp.frmAcquire.txtStaInfo;
-  KeepingStation(kelp, [&] {
-    const std::string typed(Trim(header[kStaProcNum].Text));
-    run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
-    header[kStaProcNum].Text = run.ProcNum;
-    run.SampNum = 1;
-    run.StepName = "BLANK";
-    run.LabCalRun = false;
-    // The capital C is as the files are named here; names are found without regard to letter case.
-    run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
-    const bool saved = LoadBaseFile(kelp, run.BaseFile);
-    // A station that was run already brings its own blanks and copros.
-    if (!saved) MoveEndValues(kelp);
-    kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
-    kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
-    run.ProcNumEdited = false;
-    run.ResultsSaved = false;
-  });
-}
-
-void AddSample(Kelp& kelp) {
-  RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  if (run.SampCount >= kMaxSamples) {
-    Tell(kelp, "100 Samples is max!  Split your samples into separate runs...");
-    return;
-  }
-  const Counter16 bottle = NextBottle(kelp);
-  ++run.SampCount;
-  run.SampNum = run.SampCount;
-  const int row = SampleRow(run);
-  for (int col = 0; col < StationTable::kCols; ++col) run.SampTbl(row, col).clear();
-  run.SampTbl(row, kTblCode) = "2";
-  run.SampTbl(row, kTblBottle) = Padded(std::to_string(int{bottle}), 2, "L", "0");
-  run.SampTbl(row, kTblDepth) = "3";
-  run.SampTbl(row, kTblFilV) = CfgValue(run, kCfgFiltrVol);
-  run.SampTbl(row, kTblExV) = CfgValue(run, kCfgExtractVol);
-  LayOutAddedSample(kelp);
-  SelectOption(form.Option1, kStepSamples);
-  form.Command1.Caption = "Load Added Sample";
-  form.Command1.ToolTipText = "Load Sample, when stable <Click>";
-  form.Text4.Text = "Load Sample, when stable <Click>";
-  run.TraceColor = kTraceMagenta;
 }
 
 }  // namespace kelp

@@ -18,6 +18,10 @@ void ShowCreateBase(Kelp& kelp);
 /// the acquisition screen and loads the station. Throws FileError when it can't be written.
 void CreateBaseFile(Kelp& kelp);
 
+/// No station is open any more: until a base file is read nothing can be measured into the files of the last
+/// one, and its journal stays as it is.
+void CloseStationFiles(RunState& run);
+
 /// Loads a base file. When it is missing the operator creates it, searches for one, or goes on to the
 /// next processing number; `path` is then the file that was read. True for a station that was saved
 /// or is restored, which brings its own readings, blanks and copros. When none is read, no station is open.

@@ -105,8 +105,7 @@ std::string DatabaseRows(const Kelp& kelp, std::string_view header) {
 
 void AppendDatabaseRows(Disk& disk, const std::string& path, std::string_view header,
                         const std::string& rows) {
-  const std::string text = disk.Exists(path) ? rows : std::string(header) + "\r\n" + rows;
-  if (!text.empty()) disk.Append(path, text);
+  AppendUnderHead(disk, path, std::string(header) + "\r\n", rows);
 }
 
 }  // namespace kelp

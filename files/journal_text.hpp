@@ -19,11 +19,18 @@ struct JournalLine {
 /// A line with its check sum, CR LF included. Line breaks in the value become blanks.
 std::string JournalText(const JournalLine& line);
 
+/// The line that begins a section: whose values follow, and in which version of this format.
+std::string SectionHead(const std::string& station);
+
 /// Reads a line; nothing when its check sum or its form is wrong.
 std::optional<JournalLine> ParseJournalLine(std::string_view text);
 
-/// The lines of a journal's last section (each begins with a line of the kind "station"), up to the
-/// first damaged one; empty when there is none.
-std::vector<JournalLine> LastSection(std::string_view content);
+/// The lines of the last section of a station, head included, up to the first damaged one; empty when
+/// there is none. A section in another version of the format counts as none.
+std::vector<JournalLine> LastSection(std::string_view content, std::string_view station);
+
+/// The journal without the sections of a station: stations of the same number on other cruises share the
+/// file. What no head says whose it is goes too.
+std::string WithoutStation(std::string_view content, std::string_view station);
 
 }  // namespace kelp

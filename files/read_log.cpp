@@ -2,6 +2,7 @@
 
 #include "core/date_time.hpp"
 #include "core/text.hpp"
+#include "files/journal.hpp"
 
 namespace kelp {
 
@@ -52,6 +53,8 @@ void AppendReadLog(Kelp& kelp) {
 }
 
 void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& mark) {
+  // The journal first: a share that hangs, or the message about it, must not keep the value from the disk.
+  KeepJournal(kelp);
   Disk& disk = kelp.platform.disk();
   const std::string text = OneField(line, false);
   const auto append = [&](const std::string& path, const std::string& record) {

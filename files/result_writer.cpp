@@ -55,6 +55,7 @@ void Print(Kelp& kelp, const std::vector<std::string>& report) {
     try {
       kelp.platform.EndDocument();
     } catch (const RunTimeError&) {
+      // What the printer has is told already.
     }
     throw;
   }

@@ -41,6 +41,21 @@ class Disk {
 
   /// Creates a folder and those above it. False when it existed already.
   virtual bool MakeFolder(const std::string& path) = 0;
+
+  /// This copy of the program holds the file, which is created when it is missing, until it ends, however
+  /// it ends; once more for the same copy is fine. False when another copy holds it. On a file system that
+  /// can't tell it is true.
+  virtual bool Claim(const std::string& path) = 0;
 };
+
+/// Appends `text` to a file; one that does not exist yet begins with `head` and comes to be in one step, so
+/// that no crash leaves half a head that later lines would follow.
+inline void AppendUnderHead(Disk& disk, const std::string& path, const std::string& head,
+                            const std::string& text) {
+  if (!disk.Exists(path))
+    disk.Replace(path, head + text);
+  else if (!text.empty())
+    disk.Append(path, text);
+}
 
 }  // namespace kelp

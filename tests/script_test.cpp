@@ -71,7 +71,7 @@ TEST(Script, EndsWithTheStatusOfWhatWentWrong) {
           {"expect printed x", 1, "1: no printed line is \"x\" (0 lines were printed)", main},
           {"expect error Overflow", 1, "1: the last command reported no run-time error \"Overflow\"", main},
           {"\nlaunch", 2, "2: unknown command \"launch\""},
-          {"start now", 2, "1: there is more on the line than the command takes: \"now\"", main},
+          {"start now", 2, "1: there is more on the line than the command takes: \"now\""},
           {"run 1 s", 2, "1: there is more on the line than the command takes: \"s\"", main},
           {"run fast", 2, "1: \"fast\" is no number of seconds from 0 to 1000000", main},
           {"run -1", 2, "1: \"-1\" is no number of seconds from 0 to 1000000", main},

@@ -41,6 +41,19 @@ TEST(StartUp, TheMainWindowShowsTheLastStationAndReloadsWithOtherWidths) {
   EXPECT_TRUE(program.kelp.Ended) << "the window's frame asks the same question";
 }
 
+TEST(StartUp, ASecondCopyOnTheSameDrivesStartsNoRun) {
+  Program program;
+  program.disk.AnotherCopyRuns = true;
+  Start(program.kelp);
+  program.Answers({Answer::Ok, Answer::Ok});
+  program.Click("frmMain", "Command1", 0);
+  program.Click("frmMain", "Command1", 1);
+  program.Click("frmEditCFG", "Command1", 1);
+  EXPECT_EQ(program.platform.Boxes.size(), 2U);
+  EXPECT_TRUE(StartsWith(program.LastBox(), "Another copy of KElp is running on these drives"));
+  EXPECT_EQ(program.kelp.Shown, std::vector<std::string>{"frmMain"});
+}
+
 TEST(StartUp, ALoginNeedsInitialsAndLeadsToAStationThatIsSetUp) {
   Program program;
   program.Configure(kCfgProcNum, "9");

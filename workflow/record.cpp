@@ -54,13 +54,13 @@ void RecordSampleReading(Kelp& kelp, int code) {
     form.Text4.Text = "ACIDIFY - ONE squirt 10% HCL using Repipettor";
     return;
   }
-  AppendSampleLine(kelp, line, ",**");
-  if (run.SampNum < run.SampCount) {
-    ++run.SampNum;
-  } else {
+  const bool last = run.SampNum >= run.SampCount;
+  if (last)
     form.Command1.Caption = "What's Next";
-    ShowScreen(kelp, "frmWhatsNext");
-  }
+  else
+    ++run.SampNum;
+  AppendSampleLine(kelp, line, ",**");
+  if (last) ShowScreen(kelp, "frmWhatsNext");
 }
 
 }  // namespace kelp

@@ -32,7 +32,8 @@ void SkipCopro(Kelp& kelp) {
   }
 }
 
-void MarkSample(Kelp& kelp) {
+// Returns the sample's line for the log.
+std::string MarkSample(Kelp& kelp) {
   RunState& run = kelp.run;
   Grid& grid = kelp.frmAcquire.datalog;
   const int row = SampleRow(run);
@@ -44,7 +45,7 @@ void MarkSample(Kelp& kelp) {
   run.SampTbl(row, kTblRa) = kSampleNotRead;
   std::string line;
   for (int col = 0; col < StationTable::kCols; ++col) line += "," + run.SampTbl(row, col);
-  AppendSampleLine(kelp, line, ",*");
+  return line;
 }
 
 void RenumberRemainingVials(Kelp& kelp) {
@@ -58,7 +59,7 @@ void RenumberRemainingVials(Kelp& kelp) {
 void SkipSample(Kelp& kelp) {
   RunState& run = kelp.run;
   FrmAcquire& form = kelp.frmAcquire;
-  MarkSample(kelp);
+  const std::string line = MarkSample(kelp);
   run.TraceColor = kTraceRed;
   run.ReadCount = 0;
   run.ReadIndex = 0;
@@ -66,9 +67,11 @@ void SkipSample(Kelp& kelp) {
   if (run.SampNum < run.SampCount) {
     ++run.SampNum;
     form.Command1.Caption = "Load Next Sample";
+    AppendSampleLine(kelp, line, ",*");
   } else {
     form.Command1.Caption = "What's Next";
     RenumberRemainingVials(kelp);
+    AppendSampleLine(kelp, line, ",*");
     ShowScreen(kelp, "frmWhatsNext");
   }
 }

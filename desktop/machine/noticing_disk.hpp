@@ -32,6 +32,7 @@ class NoticingDisk : public Disk {
   }
   void Remove(const std::string& path) override { disk_->Remove(path); }
   bool MakeFolder(const std::string& path) override { return disk_->MakeFolder(path); }
+  bool Claim(const std::string& path) override { return disk_->Claim(path); }
 
  private:
   std::unique_ptr<Disk> disk_;

@@ -34,13 +34,13 @@ class FrmAcquireWindow : public ScreenWindow {
   // The fluorometer's side.
   QWidget* MakeFluorometer();
   QWidget* MakeReading();
-  QLayout* MakeRunButtons() const;
-  QLayout* MakeStepSelector() const;
+  [[nodiscard]] QLayout* MakeRunButtons() const;
+  [[nodiscard]] QLayout* MakeStepSelector() const;
   QLayout* MakeHistory();
 
   // The station's side.
-  QWidget* MakeHeader() const;
-  QWidget* MakeStandards() const;
+  [[nodiscard]] QWidget* MakeHeader() const;
+  [[nodiscard]] QWidget* MakeStandards() const;
 
   QWidget* MakeStatusBar(QAbstractButton* soundSwitch);
   void ShowPanel();

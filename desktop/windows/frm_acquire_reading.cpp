@@ -56,7 +56,7 @@ QWidget* FrmAcquireWindow::MakeReading() {
   Fade(Controls("Text1"));
 
   auto* stats = new QGridLayout;
-  stats->setHorizontalSpacing(8);
+  stats->setHorizontalSpacing(6);
   stats->setVerticalSpacing(1);
   const auto row = [&](int at, int col, int index, QWidget* beside) {
     stats->addWidget(Controls("lblStats", index), at, col);
@@ -71,7 +71,7 @@ QWidget* FrmAcquireWindow::MakeReading() {
   stats->setColumnStretch(2, 1);
 
   auto* layout = new QVBoxLayout(panel);
-  layout->setContentsMargins(10, 4, 10, 6);
+  layout->setContentsMargins(8, 4, 8, 6);
   layout->setSpacing(2);
   step_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, panel);
   step_->setAccessibleName("Step");

@@ -31,7 +31,7 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
     static_cast<QLabel*>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label, at / kHeaderColumns, col);
     layout->addWidget(box, at / kHeaderColumns, col + 1);
-    box->setMinimumWidth(DigitsWidth(*box, 6));
+    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : 8));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->setColumnStretch(col + 1, 1);
   };
@@ -67,7 +67,10 @@ QWidget* FrmAcquireWindow::MakeStandards() const {
 }
 
 ValueBox* FrmAcquireWindow::MakeStatusText(int digits) {
-  return new ValueBox(digits, ValueBox::Frame::None, Qt::AlignLeft, this);
+  auto* text = new ValueBox(digits, ValueBox::Frame::None, Qt::AlignLeft, this);
+  // On a narrow screen the status texts are cut before the window is too wide for it.
+  text->setMinimumWidth(DigitsWidth(*this, 4));
+  return text;
 }
 
 QWidget* FrmAcquireWindow::MakeStatusBar(QAbstractButton* soundSwitch) {

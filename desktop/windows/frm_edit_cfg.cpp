@@ -43,7 +43,7 @@ void FillGroup(QGroupBox* group, const std::vector<int>& lines, const Binder& co
     }
     const int index = FrmEditCFG::kFirstBox + line;
     AddField(fields, row++, 0, controls, "Label1", index, "Text1", index);
-    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, 22));
+    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, 26));
     chain.push_back(controls("Text1", index));
   }
   fields->setColumnStretch(1, 1);

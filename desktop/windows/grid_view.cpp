@@ -13,6 +13,7 @@ namespace kelp {
 namespace {
 
 constexpr int kCellPad = 4;
+constexpr QRgb kLine = 0xFFC6C6C6;
 
 // Draws a cell with the colours of the grid, whatever the desktop's scheme is: dark text on its light
 // cells.
@@ -23,7 +24,7 @@ class CellPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const bool marked = index.row() + 1 == view_->MarkedRow();
     const QColor accent = option.palette.color(QPalette::Highlight);
-    QColor back = index.data(Qt::BackgroundRole).value<QColor>();
+    auto back = index.data(Qt::BackgroundRole).value<QColor>();
     if (marked) back = Mixed(back, accent, 0.22);
     painter->fillRect(option.rect, back);
     const QString text = index.data(Qt::DisplayRole).toString();
@@ -36,6 +37,10 @@ class CellPainter : public QStyledItemDelegate {
       painter->fillRect(QRect(option.rect.left(), option.rect.top(), option.rect.width(), 2), accent);
       painter->fillRect(QRect(option.rect.left(), option.rect.bottom() - 1, option.rect.width(), 2), accent);
     }
+    painter->fillRect(QRect(option.rect.right(), option.rect.top(), 1, option.rect.height()), QColor(kLine));
+    if (!marked)
+      painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
+                        QColor(kLine));
     DrawFrames(painter, option, index, marked && index.column() == view_->MarkedCol());
   }
 
@@ -99,6 +104,7 @@ GridView::GridView(const Grid& grid, FocusPlace place, Report report, QWidget* p
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
   setWordWrap(false);
+  setShowGrid(false);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   verticalHeader()->setHighlightSections(false);

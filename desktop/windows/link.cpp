@@ -2,15 +2,14 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QStyle>
 
+#include "desktop/windows/choice_buttons.hpp"
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/value_widget.hpp"
@@ -119,8 +118,8 @@ void ReportClicks(LinkTo<Control>* link, QAbstractButton* button, const Report& 
   // run's own button.
   button->setFocusPolicy(Qt::TabFocus);
   if (auto* option = qobject_cast<QRadioButton*>(button)) option->setAutoExclusive(false);
-  QObject::connect(button, &QAbstractButton::clicked, button, [link, button, report] {
-    if constexpr (requires { link->Shown.Value; }) link->Shown.Value = button->isChecked();
+  QObject::connect(button, &QAbstractButton::clicked, button, [link, report]([[maybe_unused]] bool checked) {
+    if constexpr (requires { link->Shown.Value; }) link->Shown.Value = checked;
     report({.Kind = EventKind::Click, .Place = link->Place});
   });
 }
@@ -174,7 +173,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, TextBox& control, QWidget* widg
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, OptionButton& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* button = widget == nullptr ? new QRadioButton(parent) : static_cast<QAbstractButton*>(widget);
+  auto* button = widget == nullptr ? new ChoiceButton(parent) : static_cast<QAbstractButton*>(widget);
   button->setCheckable(true);
   if (auto* option = qobject_cast<QRadioButton*>(button)) option->setAutoExclusive(false);
   auto link = std::make_unique<LinkTo<OptionButton>>(std::move(place), control, button);
@@ -184,7 +183,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, OptionButton& control, QWidget*
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, CheckBox& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* button = widget == nullptr ? new QCheckBox(parent) : static_cast<QAbstractButton*>(widget);
+  auto* button = widget == nullptr ? new TickBox(parent) : static_cast<QAbstractButton*>(widget);
   auto link = std::make_unique<LinkTo<CheckBox>>(std::move(place), control, button);
   ReportClicks(link.get(), button, report);
   return link;

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "desktop/windows/look.hpp"
@@ -20,6 +21,13 @@ void ScreenWindow::ShowChanges() {
     setWindowTitle(FromProgram(shownCaption_));
   }
   Controls.ShowChanges();
+}
+
+QSize ScreenWindow::sizeHint() const {
+  QSize size = QWidget::sizeHint();
+  for (const QScrollArea* scroll : findChildren<QScrollArea*>())
+    size += scroll->widget()->sizeHint().expandedTo(scroll->sizeHint()) - scroll->sizeHint();
+  return size;
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

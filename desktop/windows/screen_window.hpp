@@ -19,6 +19,9 @@ class ScreenWindow : public QWidget {
   /// Shows what changed in the screen since the last time.
   virtual void ShowChanges();
 
+  /// A scroll area counts as large as what it holds.
+  [[nodiscard]] QSize sizeHint() const override;
+
   [[nodiscard]] const std::string& Screen() const { return Controls.Screen(); }
 
   Binder Controls;

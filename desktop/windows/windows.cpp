@@ -100,7 +100,7 @@ void Windows::Show(const std::string& screen) {
     window->ShowChanges();
     Place(*window);
     const FocusPlace place = FocusOn(kelp_, screen);
-    if (QWidget* widget = window->Controls.Find(place.Control, place.Index)) widget->setFocus();
+    if (QWidget* widget = window->Controls.Find(place.Control, place.Index)) GiveFocus(widget);
     window->show();
   }
   window->raise();

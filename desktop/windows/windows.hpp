@@ -61,12 +61,13 @@ class Windows : public QObject {
   void Send(const Event& event);
   std::unique_ptr<ScreenWindow> Make(const std::string& screen);
   void Place(ScreenWindow& window);
-  ScreenWindow* Built(const std::string& screen) const;
+  [[nodiscard]] ScreenWindow* Built(const std::string& screen) const;
   /// The window that a widget belongs to, or null for message boxes and other windows.
-  ScreenWindow* WindowAround(const QWidget* widget) const;
+  [[nodiscard]] ScreenWindow* WindowAround(const QWidget* widget) const;
   void TakeFocus(const FocusPlace& place);
   void SendFocus();
   void ShowFocus();
+  static void GiveFocus(QWidget* widget);
 
   Kelp& kelp_;
   std::function<bool(const Event&)> post_;

@@ -22,6 +22,7 @@ bool SamePlace(const FocusPlace& a, const FocusPlace& b) {
 void Windows::Send(const Event& event) {
   // While an event is handled (a message box is up, a station is being saved) there is no other.
   if (sending_ || kelp_.Ended) return;
+  if (event.Kind == EventKind::Edit) TakeFocus(event.Place);
   SendFocus();
   {
     const QScopedValueRollback sending(sending_, true);
@@ -48,14 +49,17 @@ void Windows::SendFocus() {
   Send({.Kind = EventKind::Focus, .Place = place});
 }
 
-// Puts the focus where the program moved it. A box that is reached in this way is ready to be typed
-// over.
+// Puts the focus where the program moved it.
 void Windows::ShowFocus() {
   const FocusPlace& now = kelp_.Focus;
   if (SamePlace(now, shownFocus_)) return;
   shownFocus_ = now;
   QWidget* widget = WidgetOf(now);
-  if (widget == nullptr || widget->window()->focusWidget() == widget) return;
+  if (widget != nullptr && widget->window()->focusWidget() != widget) GiveFocus(widget);
+}
+
+// A box that is reached in this way is ready to be typed over.
+void Windows::GiveFocus(QWidget* widget) {
   widget->setFocus(Qt::OtherFocusReason);
   if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
   if (auto* combo = qobject_cast<QComboBox*>(widget)) combo->lineEdit()->selectAll();
@@ -90,7 +94,10 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
   // A key held down is one key press: a second save must be meant.
   const bool typing = meaning->Kind == EventKind::Key && meaning->Key < 256 && meaning->Key != kKeyEnter &&
                       dynamic_cast<GridView*>(widget) != nullptr;
-  if (!key.isAutoRepeat() || typing) Send(*meaning);
+  if (key.isAutoRepeat() && !typing) return true;
+  // The key is meant for the widget that has it, whatever the window system told of the focus so far.
+  if (place != nullptr) TakeFocus(*place);
+  Send(*meaning);
   return true;
 }
 

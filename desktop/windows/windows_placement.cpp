@@ -24,8 +24,10 @@ bool BelongsToRun(const std::string& screen) {
 // Where a window comes up: where it was the last time, else over the window in front.
 void Windows::Place(ScreenWindow& window) {
   const std::string& screen = window.Screen();
-  window.winId();
   QWidget* owner = BelongsToRun(screen) && acquire_ != nullptr && acquire_->isVisible() ? acquire_ : nullptr;
+  const Qt::WindowType type = owner == nullptr ? Qt::Window : Qt::Dialog;
+  if (window.windowType() != type) window.setWindowFlags(type);
+  window.winId();
   window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
   if (const auto kept = geometry_.find(screen);
       kept != geometry_.end() && window.restoreGeometry(kept->second))

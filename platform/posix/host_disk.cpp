@@ -1,15 +1,13 @@
-// The real disk. What it writes is on the disk before it returns: content first, then the name. A value
-// that was read once can't be read again, so every failure is told and leaves the old file.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <set>
 #include <vector>
 
 #include "platform/error.hpp"
-#include "platform/host.hpp"
+#include "platform/host_disk.hpp"
 #include "platform/posix/temporary.hpp"
 
 namespace kelp {
@@ -20,34 +18,32 @@ namespace fs = std::filesystem;
 
 constexpr long long kLargest = 64LL << 20;
 
-class HostDisk : public Disk {
- public:
-  HostDisk(const DriveMap& drives, Appends appends)
-      : drives_(drives), flushes_(appends == Appends::Flushed) {}
-  bool Exists(const std::string& path) override;
-  bool IsFolder(const std::string& path) override;
-  bool AnyFileIn(const std::string& folder) override;
-  std::string Read(const std::string& path) override;
-  void Replace(const std::string& path, const std::string& content) override;
-  void Append(const std::string& path, const std::string& text) override;
-  void Keep(const std::string& path, const std::string& newPath) override;
-  void Remove(const std::string& path) override;
-  bool MakeFolder(const std::string& path) override;
-
- private:
-  // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
-  // line goes with all the others into a new file.
-  std::set<fs::path> doubtful_ = {};
-  const DriveMap& drives_;
-  bool flushes_;
-};
-
 // False when there is nothing of that name.
 bool Look(const std::string& path, const fs::path& place, struct stat& status) {
   if (::stat(place.c_str(), &status) == 0) return true;
   if (errno != ENOENT && errno != ENOTDIR) Fail(path, errno, Doing::Reading);
   return false;
 }
+
+// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
+// read, however long the file has become.
+std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
+  char last = '\n';
+  if (size > 0 && ::pread(file.fd(), &last, 1, size - 1) != 1) Fail(path, EIO, Doing::Reading);
+  if (last == '\n') return {};
+  return last == '\r' ? "\n" : "\r\n";
+}
+
+// One write, so that a line is there whole or not at all. 0 or the error number.
+int WriteAtOnce(const Handle& file, const std::string& text) {
+  ssize_t written = 0;
+  do written = ::write(file.fd(), text.data(), text.size());
+  while (written < 0 && errno == EINTR);
+  if (written < 0) return errno;
+  return static_cast<std::size_t>(written) == text.size() ? 0 : ENOSPC;
+}
+
+}  // namespace
 
 bool HostDisk::Exists(const std::string& path) {
   struct stat status {};
@@ -102,24 +98,6 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
   if (exists && ::fchmod(temporary.file().fd(), old.st_mode & 07777U) != 0) Fail(path, errno, Doing::Writing);
   temporary.Become(path, place, content);
   doubtful_.erase(place);
-}
-
-// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
-// read, however long the file has become.
-std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
-  char last = '\n';
-  if (size > 0 && ::pread(file.fd(), &last, 1, size - 1) != 1) Fail(path, EIO, Doing::Reading);
-  if (last == '\n') return {};
-  return last == '\r' ? "\n" : "\r\n";
-}
-
-// One write, so that a line is there whole or not at all. 0 or the error number.
-int WriteAtOnce(const Handle& file, const std::string& text) {
-  ssize_t written = 0;
-  do written = ::write(file.fd(), text.data(), text.size());
-  while (written < 0 && errno == EINTR);
-  if (written < 0) return errno;
-  return static_cast<std::size_t>(written) == text.size() ? 0 : ENOSPC;
 }
 
 void HostDisk::Append(const std::string& path, const std::string& text) {
@@ -197,7 +175,20 @@ bool HostDisk::MakeFolder(const std::string& path) {
   return true;
 }
 
-}  // namespace
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  Handle file = OpenFile(place, O_RDWR | O_CREAT);
+  // Another user's file can be held without the right to write it.
+  if (!file.IsOpen() && errno == EACCES) file = OpenFile(place, O_RDONLY);
+  if (!file.IsOpen()) Fail(path, errno, Doing::Writing);
+  int locked = -1;
+  do locked = ::flock(file.fd(), LOCK_EX | LOCK_NB);
+  while (locked != 0 && errno == EINTR);
+  if (locked != 0 && errno == EWOULDBLOCK) return false;
+  claims_.emplace(place, std::make_shared<Handle>(std::move(file)));
+  return true;
+}
 
 std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
   return std::make_unique<HostDisk>(drives, appends);

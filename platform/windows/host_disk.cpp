@@ -1,10 +1,7 @@
-// The real disk. What it writes is on the disk before it returns: content first, then the name. A value
-// that was read once can't be read again, so every failure is told and leaves the old file.
-#include <set>
 #include <vector>
 
 #include "platform/error.hpp"
-#include "platform/host.hpp"
+#include "platform/host_disk.hpp"
 #include "platform/windows/handle.hpp"
 
 namespace kelp {
@@ -16,28 +13,6 @@ namespace fs = std::filesystem;
 constexpr long long kLargest = 64LL << 20;
 constexpr std::wstring_view kTemporaryMark = L".kelp-new-";
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-class HostDisk : public Disk {
- public:
-  HostDisk(const DriveMap& drives, Appends appends)
-      : drives_(drives), flushes_(appends == Appends::Flushed) {}
-  bool Exists(const std::string& path) override;
-  bool IsFolder(const std::string& path) override;
-  bool AnyFileIn(const std::string& folder) override;
-  std::string Read(const std::string& path) override;
-  void Replace(const std::string& path, const std::string& content) override;
-  void Append(const std::string& path, const std::string& text) override;
-  void Keep(const std::string& path, const std::string& newPath) override;
-  void Remove(const std::string& path) override;
-  bool MakeFolder(const std::string& path) override;
-
- private:
-  // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
-  // line goes with all the others into a new file.
-  std::set<fs::path> doubtful_ = {};
-  const DriveMap& drives_;
-  bool flushes_;
-};
 
 // The attributes of a file or folder; INVALID_FILE_ATTRIBUTES when there is nothing of that name.
 DWORD Attributes(const std::string& path, const fs::path& place) {
@@ -78,6 +53,29 @@ void WriteBeside(const std::string& path, const fs::path& place, const std::stri
   ::DeleteFileW(name.c_str());
   Fail(path, error);
 }
+
+// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
+// read, however long the file has become.
+std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
+  char last = '\n';
+  DWORD count = 0;
+  LARGE_INTEGER place{};
+  place.QuadPart = size - 1;
+  if (size > 0 && (::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == 0 ||
+                   ::ReadFile(file.get(), &last, 1, &count, nullptr) == 0))
+    Fail(path, ::GetLastError());
+  if (last == '\n') return {};
+  return last == '\r' ? "\n" : "\r\n";
+}
+
+// Makes the file as long as it was.
+bool TakeBack(const Handle& file, long long size) {
+  LARGE_INTEGER place{};
+  place.QuadPart = size;
+  return ::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file.get()) != 0;
+}
+
+}  // namespace
 
 bool HostDisk::Exists(const std::string& path) {
   return Attributes(path, drives_.HostPath(path)) != INVALID_FILE_ATTRIBUTES;
@@ -125,27 +123,6 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
     Fail(path, ERROR_ACCESS_DENIED);
   WriteBeside(path, place, content, true);
   doubtful_.erase(place);
-}
-
-// What is missing at the end of the last line, as a crash or an editor left it: only the last byte is
-// read, however long the file has become.
-std::string MissingLineEnd(const std::string& path, const Handle& file, long long size) {
-  char last = '\n';
-  DWORD count = 0;
-  LARGE_INTEGER place{};
-  place.QuadPart = size - 1;
-  if (size > 0 && (::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) == 0 ||
-                   ::ReadFile(file.get(), &last, 1, &count, nullptr) == 0))
-    Fail(path, ::GetLastError());
-  if (last == '\n') return {};
-  return last == '\r' ? "\n" : "\r\n";
-}
-
-// Makes the file as long as it was.
-bool TakeBack(const Handle& file, long long size) {
-  LARGE_INTEGER place{};
-  place.QuadPart = size;
-  return ::SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file.get()) != 0;
 }
 
 void HostDisk::Append(const std::string& path, const std::string& text) {
@@ -204,7 +181,18 @@ bool HostDisk::MakeFolder(const std::string& path) {
   return true;
 }
 
-}  // namespace
+bool HostDisk::Claim(const std::string& path) {
+  const fs::path place = drives_.HostPath(path);
+  if (claims_.contains(place)) return true;
+  RefuseFolder(path, place);
+  // Nobody else can open it while it is open without a share.
+  const HANDLE file = ::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_SHARING_VIOLATION) return false;
+  if (file == INVALID_HANDLE_VALUE) Fail(path, ::GetLastError());
+  claims_.emplace(place, std::make_shared<Handle>(file));
+  return true;
+}
 
 std::unique_ptr<Disk> MakeHostDisk(const DriveMap& drives, Appends appends) {
   return std::make_unique<HostDisk>(drives, appends);

@@ -7,7 +7,7 @@ rm -rf "$folder"
 play() {  # name script
   mkdir -p "$folder/$1/drive_c/kelp"
   cp "$demo/kelp.cfg" "$folder/$1/drive_c/kelp/"
-  "$console" --quick --watch --drives "$folder/$1" --instrument sim --clock 2007-07-14T14:00:00 "$demo/$2" \
+  "$console" --watch --drives "$folder/$1" --instrument sim --clock 2007-07-14T14:00:00 "$demo/$2" \
     >"$folder/$1.out"
 }
 # What the two ways have in common: all but the time of the last reading.

@@ -1,12 +1,16 @@
 // The acquisition screen as an instrument panel.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 
 #include "app/panel.hpp"
 #include "desktop/windows/grid_view.hpp"
+#include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
 #include "desktop/windows/value_widget.hpp"
 #include "tests/desktop/desk.hpp"
@@ -21,23 +25,22 @@ TEST(Panel, SaysWhereTheNextValueGoesAndWhetherItIsGood) {
     const char* step;
     const char* caption;
     const char* blank;  ///< caption of the step selector's blank
-    int sample;
     const char* told;
-    int row, col, box;
+    int sample, row, col, box;
   };
   const Row rows[] = {
-      {"BLANK", "Load Blank", "Begin Blank", 1, "BLANK: Begin Blank", 1, -1, 0},
-      {"BLANK", "Save &Blank", "End Blank", 3, "BLANK: End Blank", 3, -1, 1},
-      {"STANDARD", "Load Low Standard", "Begin Blank", 1, "STANDARD: Low Standard", 1, -1, 2},
-      {"STANDARD", "Save High Standard", "Begin Blank", 1, "STANDARD: High Standard", 1, -1, 4},
-      {"COPROS", "Load Copro 3-1", "Begin Blank", 1, "COPROS: Copro 3-1", 1, -1, 6},
-      {"COPROS", "Reading 2-5", "Begin Blank", 1, "COPROS: Copro 2-5", 1, -1, 8},
-      {"SAMPLE", "Load Station Sample", "Begin Blank", 2, "SAMPLE 2: Rb", 2, 3, -1},
-      {"SAMPLE", "Save Rb", "Begin Blank", 2, "SAMPLE 2: Rb", 2, 3, -1},
-      {"SAMPLE", "Acidified", "Begin Blank", 2, "SAMPLE 2: Ra", 2, 4, -1},
-      {"ADDED", "Save Ra", "Begin Blank", 3, "ADDED 3: Ra", 3, 4, -1},
-      {"SAMPLE", "Load Sample", "Begin Blank", 4, "SAMPLE", 0, -1, -1},
-      {"STANDBY", "&Start", "Begin Blank", 3, "STANDBY", 3, -1, -1},
+      {"BLANK", "Load Blank", "Begin Blank", "BLANK: Begin Blank", 1, 1, -1, 0},
+      {"BLANK", "Save &Blank", "End Blank", "BLANK: End Blank", 3, 3, -1, 1},
+      {"STANDARD", "Load Low Standard", "Begin Blank", "STANDARD: Low Standard", 1, 1, -1, 2},
+      {"STANDARD", "Save High Standard", "Begin Blank", "STANDARD: High Standard", 1, 1, -1, 4},
+      {"COPROS", "Load Copro 3-1", "Begin Blank", "COPROS: Copro 3-1", 1, 1, -1, 6},
+      {"COPROS", "Reading 2-5", "Begin Blank", "COPROS: Copro 2-5", 1, 1, -1, 8},
+      {"SAMPLE", "Load Station Sample", "Begin Blank", "SAMPLE 2: Rb", 2, 2, 3, -1},
+      {"SAMPLE", "Save Rb", "Begin Blank", "SAMPLE 2: Rb", 2, 2, 3, -1},
+      {"SAMPLE", "Acidified", "Begin Blank", "SAMPLE 2: Ra", 2, 2, 4, -1},
+      {"ADDED", "Save Ra", "Begin Blank", "ADDED 3: Ra", 3, 3, 4, -1},
+      {"SAMPLE", "Load Sample", "Begin Blank", "SAMPLE", 4, 0, -1, -1},
+      {"STANDBY", "&Start", "Begin Blank", "STANDBY", 3, 3, -1, -1},
   };
   auto* grid = static_cast<GridView*>(desk.windows.WidgetOf({"frmAcquire", "datalog"}));
   for (const Row& row : rows) {
@@ -120,6 +123,53 @@ TEST(Panel, CellsAreReadableInEveryScheme) {
     EXPECT_LT(lightness(3, kColQc, true), 0x60) << dark;
     EXPECT_GT(lightness(3, kColQc, false), 0xE8) << "light asterisks on it" << dark;
     QApplication::setPalette(before);
+  }
+}
+
+QString LetteringOf(const QWidget* widget) {
+  if (auto* button = qobject_cast<const QAbstractButton*>(widget)) return button->text().remove('&');
+  if (auto* edit = qobject_cast<const QLineEdit*>(widget)) return edit->text();
+  auto* label = qobject_cast<const QLabel*>(widget);
+  return label == nullptr || label->wordWrap() ? QString() : label->text().trimmed().remove('&');
+}
+
+void ExpectTextsWhole(const QWidget& window, const std::string& where) {
+  std::vector<const QWidget*> seen;
+  for (const QWidget* widget : window.findChildren<const QWidget*>()) {
+    const QString text = LetteringOf(widget);
+    if (text.isEmpty() || !widget->isVisible()) continue;
+    const QSize needed(widget->fontMetrics().horizontalAdvance(text), widget->fontMetrics().height() - 1);
+    EXPECT_EQ(needed.boundedTo(widget->size()), needed) << where << text.toStdString() << " is cut off";
+    const auto covers = [&](const QWidget* other) {
+      return other->parentWidget() == widget->parentWidget() &&
+             other->geometry().intersects(widget->geometry());
+    };
+    EXPECT_TRUE(std::none_of(seen.begin(), seen.end(), covers))
+        << where << text.toStdString() << " is covered";
+    seen.push_back(widget);
+  }
+}
+
+// On the smallest screen, and with large letters.
+TEST(Layout, ShowsEveryTextWhole) {
+  const QFont before = QApplication::font();
+  for (const double letters : {1.0, 1.5}) {
+    QApplication::setFont(Scaled(before, letters));
+    Desk desk;
+    desk.OpenStation(12);
+    desk.kelp.frmAcquire.Command1.Caption = "Reading Station Sample";
+    desk.kelp.frmAcquire.txtStaInfo[kStaFiltDate].Text = "11/23/2026";
+    VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
+      ShowScreen(desk.kelp, name);
+      QWidget* window = desk.windows.WindowOf(std::string(name));
+      window->resize(name == "frmAcquire" ? QSize(1280, 690) : window->sizeHint());
+      QApplication::processEvents();
+      for (const QScrollArea* scroll : window->findChildren<QScrollArea*>())
+        EXPECT_TRUE(letters > 1 || scroll->viewport()->size() == scroll->size()) << name << " scrolls";
+      ExpectTextsWhole(*window, std::string(name) + " at " + std::to_string(letters) + ": ");
+      HideScreen(desk.kelp, name);
+    });
+    QApplication::setFont(before);
   }
 }
 

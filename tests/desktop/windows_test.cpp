@@ -210,8 +210,8 @@ TEST_F(WindowedStation, ReportsWhatTheOperatorDoes) {
 TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   const std::string space = "key frmAcquire 32";
   const std::string f10 = "key frmAcquire 1010";
-  QWidget* start = At<QWidget>("Command1");
-  QWidget* grid = At<QWidget>("datalog");
+  auto* start = At<QWidget>("Command1");
+  auto* grid = At<QWidget>("datalog");
   desk.kelp.frmAcquire.Command1.Caption = "S&tandby";
   EXPECT_EQ(Press(start, Qt::Key_Space), space);
   EXPECT_EQ(desk.kelp.frmAcquire.Command1.Caption, "&Start") << "and the button was not clicked besides";
@@ -229,11 +229,14 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(desk.kelp.frmAcquire.datalog.Text(1, kColFiltCom), "a ");
   EXPECT_EQ(Press(grid, Qt::Key_Down), "cell frmAcquire.datalog 2,12");
 
-  // The double clicks and the mean boxes by key.
+  // The double clicks by key, and the mean boxes by key and by mouse.
   desk.platform.QueueAnswer(Answer::No);
   EXPECT_EQ(Press(grid, Qt::Key_Return, Qt::ControlModifier), "dblclick frmAcquire.datalog 2,12");
   EXPECT_EQ(Press(At<QWidget>("txtMean", 4), Qt::Key_Enter), "click frmAcquire.txtMean(4)");
   EXPECT_EQ(Press(At<QWidget>("txtMean", 4), Qt::Key_Space), "click frmAcquire.txtMean(4)");
+  QTest::mouseClick(At<QWidget>("txtMean", 5), Qt::LeftButton);
+  EXPECT_EQ(desk.events.back().Kind, EventKind::Click);
+  EXPECT_EQ(desk.events.back().Place.Index, 5);
   Open("frmWhatsNext");
   EXPECT_EQ(Press(On("frmWhatsNext", "Option1", 5), Qt::Key_Space), "key frmWhatsNext 32");
   EXPECT_TRUE(desk.kelp.frmWhatsNext.Option1[5].Value);
@@ -309,6 +312,73 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboard) {
     EXPECT_EQ(static_cast<int>(stops.size()), row.stops) << row.screen;
     HideScreen(desk.kelp, row.screen);
   }
+}
+
+// Keys go to the window in front, wherever it has its focus.
+struct Keyboard {
+  Desk& desk;
+
+  void Press(int key) {
+    QTest::keyClick(desk.windows.FrontWindow()->focusWidget(), Qt::Key(key));
+    QApplication::processEvents();
+  }
+  void Type(const char* text) { QTest::keyClicks(desk.windows.FrontWindow()->focusWidget(), text); }
+  /// The space bar begins a reading; it comes in and the space bar saves it.
+  void Measure(double value) {
+    Press(Qt::Key_Space);
+    desk.Read(value, 10);
+    Press(Qt::Key_Space);
+  }
+};
+
+TEST(Keyboard, RunsAStationWithoutTheMouse) {
+  Desk desk;
+  Keyboard hands{desk};
+  Start(desk.kelp);
+  hands.Press(Qt::Key_Space);  // [Run Samples]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmLogin");
+  hands.Press(Qt::Key_Down);
+  desk.platform.QueueAnswer(Answer::Yes);
+  hands.Press(Qt::Key_Return);
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmCreateBase");
+  for (const char* text : {"002", "93.3 70", "2", "7", "21", "11/23/2026", "21:40:00"}) {
+    hands.Type(text);
+    hands.Press(Qt::Key_Return);
+  }
+  hands.Press(Qt::Key_Return);  // [Create File]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmAcquire");
+  EXPECT_EQ(desk.kelp.run.ProcNum, "002");
+  EXPECT_EQ(desk.kelp.frmAcquire.Combo1.Text, Words(CfgValue(desk.kelp.run, kCfgInitials))[1]);
+
+  hands.Press(Qt::Key_Space);
+  for (const double value : {0.0141, 1.53, 5.03}) hands.Measure(value);
+  for (const double value : {2.5, 1.25, 3.0, 2.0}) hands.Measure(value);
+  EXPECT_EQ(desk.kelp.Shown.front(), "frmWhatsNext");
+  const Grid& grid = desk.kelp.frmAcquire.datalog;
+  const char* const rows[][4] = {{"21", "07", "2.5000", "1.2500"}, {"22", "08", "3.0000", "2.0000"}};
+  for (int row = 1; row <= 2; ++row)
+    for (int col : {kColVial, kColBottle, kColRb, kColRa})
+      EXPECT_EQ(grid.Text(row, col), rows[row - 1][col < 2 ? col : col - 1]) << row << "," << col;
+  EXPECT_FALSE(grid.Text(2, kColChla).empty());
+  EXPECT_EQ(desk.kelp.frmAcquire.txtBlank[kBoxBeginBlank].Text, "0.0141");
+  EXPECT_EQ(desk.kelp.frmAcquire.txtBlank[kBoxCopro2].Text, "5.0300");
+
+  // A remark, and the chooser's "End Blank".
+  QTest::keyClick(desk.windows.WidgetOf({"frmAcquire", "Command1"}), Qt::Key_F9);
+  ASSERT_EQ(desk.kelp.Shown.front(), "dlgRunRem");
+  hands.Type("torn filter");
+  for (int i = 0; i < 5; ++i) hands.Press(Qt::Key_Tab);
+  hands.Press(Qt::Key_Space);  // [OK]
+  EXPECT_EQ(desk.kelp.run.SampTbl(1, kTblReaderRemark), "torn filter");
+  hands.Press(Qt::Key_Tab);
+  hands.Press(Qt::Key_Return);  // [Cancel]
+  ASSERT_EQ(desk.kelp.Shown.front(), "frmWhatsNext");
+  desk.windows.WidgetOf({"frmWhatsNext", "Option1", 2})->setFocus();
+  hands.Press(Qt::Key_Space);
+  desk.windows.WidgetOf({"frmWhatsNext", "NextButton"})->setFocus();
+  hands.Press(Qt::Key_Return);
+  EXPECT_EQ(desk.kelp.frmAcquire.Command1.Caption, "Load Blank");
+  EXPECT_EQ(desk.kelp.Shown.front(), "frmAcquire");
 }
 
 TEST_F(WindowedStation, KeepsWindowsWhereTheyWere) {

@@ -21,6 +21,7 @@ class MemoryDisk : public Disk {
   /// Every write below a path with this beginning fails.
   std::string FailBelow;
   int Writes = 0;
+  bool AnotherCopyRuns = false;
 
   std::map<std::string, std::string> Files;  ///< by lower-case path
   std::set<std::string> Folders;             ///< lower case, without the backslash at the end
@@ -66,10 +67,12 @@ class MemoryDisk : public Disk {
     CountWrite(path);
     if (Files.contains(Key(path))) throw FileError(path, "is a file");
     if (IsFolder(path)) return false;
+    if (path.size() < 3 || path.compare(1, 2, ":\\") != 0) throw FileError(path, "has no drive");
     for (std::string folder = Key(path); folder.size() > 2; folder.erase(folder.rfind('\\')))
       Folders.insert(folder);
     return true;
   }
+  bool Claim(const std::string& /*path*/) override { return !AnotherCopyRuns; }
 
  private:
   static std::string Key(const std::string& path) {

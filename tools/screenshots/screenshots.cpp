@@ -40,10 +40,8 @@ class Camera {
   void Take(const std::string& screen, const char* name, QSize size = {}) {
     QWidget* window = desk_.windows.WindowOf(screen);
     if (!window->isVisible()) desk_.windows.Show(screen);
-    if (size.isValid()) {
-      window->showNormal();
-      window->resize(size);
-    }
+    window->showNormal();
+    window->resize(size.isValid() ? size : window->sizeHint());
     desk_.windows.ShowChanges();
     QApplication::processEvents();
     const QString path = folder_ + "/" + name + ".png";
@@ -94,7 +92,7 @@ void Run(Desk& desk, Camera& camera) {
   Start(desk.kelp);
   camera.Take("frmMain", "main");
   desk.Click("frmMain", "Command1", 1);
-  camera.Take("frmEditCFG", "editor", {1240, 680});
+  camera.Take("frmEditCFG", "editor");
   desk.windows.Hide("frmEditCFG");
   desk.kelp.frmEditCFG.Form.Visible = false;
   desk.Click("frmMain", "Command1", 0);
@@ -132,8 +130,11 @@ void Run(Desk& desk, Camera& camera) {
   analyst.Start();
   camera.Take("frmAcquire", "acquire-acidify", {1280, 690});
   camera.Take("frmAcquire", "acquire-1920x1080", {1920, 1040});
-  for (const char* dialog : {"frmWhatsNext", "frmChangeStep", "dlgRunRem", "frmRecalc", "frmProgress"})
-    camera.Take(dialog, dialog);
+  camera.Take("frmWhatsNext", "whats-next");
+  camera.Take("frmChangeStep", "change-step");
+  camera.Take("dlgRunRem", "remarks");
+  camera.Take("frmRecalc", "recalculate");
+  camera.Take("frmProgress", "progress");
 }
 
 }  // namespace

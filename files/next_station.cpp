@@ -1,0 +1,87 @@
+// What follows a station or its last sample: the next station, an added sample.
+#include "core/config.hpp"
+#include "core/numbers.hpp"
+#include "core/option.hpp"
+#include "core/text.hpp"
+#include "files/base_file.hpp"
+#include "files/grid_layout.hpp"
+#include "files/keeping_station.hpp"
+
+namespace kelp {
+
+namespace {
+
+void MoveEndValues(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  // Without an end blank the begin blank goes on to serve.
+  if (!run.EndBlankText.empty()) {
+    run.BeginBlankText = run.EndBlankText;
+    form.txtBlank[kBoxBeginBlank].Text = run.EndBlankText;
+    form.txtStaInfo[kStaAveBlank].Text.clear();
+  }
+  run.EndBlankText.clear();
+  form.txtBlank[kBoxEndBlank].Text = "0";
+  for (const int box : {kBoxCopro1, kBoxCopro2}) {
+    if (Val(form.txtBlank[box + 1].Text) != 0) form.txtBlank[box].Text = form.txtBlank[box + 1].Text;
+    form.txtBlank[box + 1].Text = "0";
+  }
+  SetStatus(kelp, "End values moved to beginning");
+}
+
+Counter16 NextBottle(const Kelp& kelp) {
+  const int last = kelp.run.SampCount;
+  if (last == 0) return ToInt16(CfgNumber(kelp.run, kCfgStartBottle));
+  return static_cast<long long>(ToInt16(Val(kelp.frmAcquire.datalog.Text(last, kColBottle)))) + 1;
+}
+
+}  // namespace
+
+void OpenNextStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  auto& header = kelp.frmAcquire.txtStaInfo;
+  KeepingStation(kelp, [&] {
+    const std::string typed(Trim(header[kStaProcNum].Text));
+    run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
+    header[kStaProcNum].Text = run.ProcNum;
+    run.SampNum = 1;
+    run.StepName = "BLANK";
+    run.LabCalRun = false;
+    // The capital C is as the files are named here; names are found without regard to letter case.
+    run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
+    const bool saved = LoadBaseFile(kelp, run.BaseFile);
+    // A station that was run already brings its own blanks and copros.
+    if (!saved) MoveEndValues(kelp);
+    kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
+    kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
+    run.ProcNumEdited = false;
+    run.ResultsSaved = false;
+  });
+}
+
+void AddSample(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  if (run.SampCount >= kMaxSamples) {
+    Tell(kelp, "100 Samples is max!  Split your samples into separate runs...");
+    return;
+  }
+  const Counter16 bottle = NextBottle(kelp);
+  ++run.SampCount;
+  run.SampNum = run.SampCount;
+  const int row = SampleRow(run);
+  for (int col = 0; col < StationTable::kCols; ++col) run.SampTbl(row, col).clear();
+  run.SampTbl(row, kTblCode) = "2";
+  run.SampTbl(row, kTblBottle) = Padded(std::to_string(int{bottle}), 2, "L", "0");
+  run.SampTbl(row, kTblDepth) = "3";
+  run.SampTbl(row, kTblFilV) = CfgValue(run, kCfgFiltrVol);
+  run.SampTbl(row, kTblExV) = CfgValue(run, kCfgExtractVol);
+  LayOutAddedSample(kelp);
+  SelectOption(form.Option1, kStepSamples);
+  form.Command1.Caption = "Load Added Sample";
+  form.Command1.ToolTipText = "Load Sample, when stable <Click>";
+  form.Text4.Text = "Load Sample, when stable <Click>";
+  run.TraceColor = kTraceMagenta;
+}
+
+}  // namespace kelp

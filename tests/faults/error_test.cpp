@@ -1,0 +1,224 @@
+// The disk fails at every call that changes a file, once or until the operator mends it, over a whole
+// station with save: a message each time, no value lost, and the run ends well. The program runs in this
+// process, with an operator who reads the messages and tries again. KELP_FAULTS=full tries every error at
+// every call.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <random>
+#include <set>
+
+#include "app/door.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
+#include "files/base_file.hpp"
+#include "platform/host.hpp"
+#include "platform/scripted.hpp"
+#include "tests/faults/shim.hpp"
+#include "tests/support/temp_folder.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr int kMessagesBeforeMended = 3;
+
+// Answers as an operator would who wants to get on: tries again, and mends the disk after some messages.
+class Patient : public ScriptedPlatform {
+ public:
+  using ScriptedPlatform::ScriptedPlatform;
+  int Messages = 0;
+  Answer Ask(const Message& message) override {
+    if (++Messages >= kMessagesBeforeMended) TheFaults().ForGood = false;
+    if (StartsWith(message.Text, "Missing cfg")) return Answer::No;
+    return message.Buttons == Buttons::Ok || message.Buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+  }
+};
+
+class Station {
+ public:
+  Station(const TempFolder& folder, const std::string& what) : drives_(folder.Path / "drives"), what_(what) {
+    using namespace std::chrono;
+    machine_.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
+  }
+
+  // Start-up, login, creation: whatever screen is up, the operator goes on from there.
+  void Open() {
+    Act([&] { Start(kelp_); });
+    kelp_.run.CfgLines[12].replace(0, 2, "2 ");
+    kelp_.run.CfgLines[13].replace(0, 2, "2 ");
+    for (int tries = 0; run().CsvFile.empty() && tries < 20; ++tries) {
+      if (kelp_.frmCreateBase.Form.Visible)
+        Create();
+      else if (kelp_.frmLogin.Form.Visible)
+        Click("frmLogin", "cmdOK");
+      else if (kelp_.frmMain.Form.Visible)
+        Click("frmMain", "Command1", 0);
+      else
+        Key(kKeyF1 + 9);
+    }
+    ASSERT_EQ(run().SampCount, 3) << what_;
+    Click("frmAcquire", "Command1");
+  }
+
+  void Measure() {
+    for (const double value : {0.0051, 1.531, 5.0312, 2.1234, 1.0617}) Save(value);
+    kelp_.dlgRunRem.Form.Visible = true;
+    Post({EventKind::Edit, {"dlgRunRem", "Text1"}, "torn"});
+    Click("dlgRunRem", "OKButton");
+    Click("frmAcquire", "Command5");
+    for (const double value : {3.4567, 1.9203}) Save(value);
+    accepted_.insert({"torn", "-99.000"});
+    Choose(2);
+    Save(0.0053);
+  }
+
+  void Finish() {
+    for (int tries = 0; !kelp_.Ended && tries < 10; ++tries) Choose(5);
+    EXPECT_TRUE(kelp_.Ended) << what_;
+  }
+
+  // The station is loaded anew from the disk and shows every value.
+  void ExpectSaved(const std::set<std::string>& accepted) {
+    Act([&] { Start(kelp_); });
+    EXPECT_EQ(Lines(machine_.disk().Read("c:\\kelp\\kelp.cfg")).size(), 41U) << what_;
+    Click("frmMain", "Command1", 0);
+    run().DataOutPath = "q:\\vault\\2007\\0707\\chl\\";
+    run().BaseFile = run().DataOutPath + "chl002";
+    Act([&] { LoadBaseFile(kelp_, run().BaseFile); });
+    std::set<std::string> shown;
+    for (const TextBox& box : kelp_.frmAcquire.txtBlank) shown.insert(box.Text);
+    for (int row = 1; row <= 3; ++row)
+      for (int col = 0; col < 14; ++col) shown.insert(kelp_.frmAcquire.datalog.Text(row, col));
+    for (const std::string& value : accepted) EXPECT_TRUE(shown.contains(value)) << what_ << ": " << value;
+    const std::string kept = machine_.disk().Read(run().BaseFile + "Base");
+    EXPECT_EQ(Lines(kept).size(), 8U) << what_ << ": the kept copy is the file as it was created";
+  }
+
+  [[nodiscard]] const std::set<std::string>& Accepted() const { return accepted_; }
+
+ private:
+  RunState& run() { return kelp_.run; }
+
+  // After each thing done: if the disk failed, the operator was told.
+  template <class Work>
+  void Act(const Work& work) {
+    const int failures = TheFaults().Failures;
+    const int messages = machine_.Messages;
+    work();
+    const bool safe =
+        !kelp_.journal.Failed || StartsWith(kelp_.frmAcquire.StatusBar1.Text, "READINGS ARE NOT SAFE");
+    EXPECT_TRUE(safe) << what_ << ": the warning is not on the screen";
+    if (TheFaults().Failures == failures) return;
+    const std::string& status = kelp_.frmAcquire.StatusBar1.Text;
+    const bool told = machine_.Messages > messages || Contains(status, "disk");
+    EXPECT_TRUE(told) << what_ << ": nobody was told; the status bar says \"" << status << "\"";
+    // Whoever reads in the status bar that the disk is in trouble sees to it as well.
+    if (machine_.Messages == messages && ++machine_.Messages >= kMessagesBeforeMended)
+      TheFaults().ForGood = false;
+  }
+  void Post(const Event& event) {
+    Act([&] { kelp::Post(kelp_, event); });
+  }
+  void Click(const char* screen, const char* control, int index = -1) {
+    Post({EventKind::Click, {screen, control, index}});
+  }
+  void Key(int key) { Post({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = key}); }
+
+  void Create() {
+    Post({EventKind::Edit, {"frmCreateBase", "Text1", 1}, "93.3 70"});
+    Post({EventKind::Edit, {"frmCreateBase", "Text1", 2}, "3"});
+    Click("frmCreateBase", "cmdCreateBase", 0);
+  }
+  void Save(double value) {
+    Click("frmAcquire", "Command1");
+    for (int i = 0; i < 2; ++i) {
+      machine_.Feed("\r\nA =" + Padded(Fixed(value, 4), 7, "L", "S") + " (RAW)");
+      machine_.Advance(1000);
+      Act([&] { Pass(kelp_); });
+    }
+    Act([&] { Tick(kelp_); });
+    Click("frmAcquire", "Command1");
+    accepted_.insert(Fixed(value, 4));
+  }
+  void Choose(int choice) {
+    if (!kelp_.frmWhatsNext.Form.Visible) Click("frmAcquire", "Command1");
+    Click("frmWhatsNext", "Option1", choice);
+    Click("frmWhatsNext", "NextButton");
+  }
+
+  DriveMap drives_;
+  std::unique_ptr<Disk> disk_ = MakeHostDisk(drives_);
+  Patient machine_{*disk_};
+  Kelp kelp_{machine_};
+  std::string what_;
+  std::set<std::string> accepted_ = {};
+};
+
+// What a power cut would test: content is on the disk before its name, a line before the program goes on, a
+// name before the next step; and a flush that failed is not tried again on the same file.
+void CheckOrder(const std::vector<DiskCall>& calls, const std::string& where) {
+  std::set<std::string> unflushed, doubtful;
+  for (std::size_t i = 0; i < calls.size(); ++i) {
+    const DiskCall& call = calls[i];
+    const std::string at = where + ": call " + std::to_string(i + 1) + ", " + call.Name + " " + call.Path;
+    const DiskCall next = i + 1 < calls.size() ? calls[i + 1] : DiskCall{};
+    const auto is = [&](const char* name) { return call.Name == name; };
+    EXPECT_TRUE(!(is("write") || is("open")) || unflushed.empty()) << at << ": something is not flushed";
+    EXPECT_TRUE(!is("rename") || !unflushed.contains(call.Path)) << at << ": the content is not flushed";
+    EXPECT_TRUE(!is("fdatasync") || !doubtful.contains(call.Path)) << at << ": that flush failed before";
+    if (is("write") && !call.Failed) unflushed.insert(call.Path);
+    if (is("fdatasync") || is("unlink") || is("ftruncate")) unflushed.erase(call.Path);
+    if (is("fdatasync") && call.Failed) doubtful.insert(call.Path);
+    if (call.Failed) continue;
+    const bool names = is("rename") || is("link");
+    if (is("rename") || is("unlink")) doubtful.erase(names ? call.NewPath : call.Path);
+    const std::string& name = names ? call.NewPath : call.Path;
+    const std::string flushed = "fsync " + name.substr(0, name.rfind('/'));
+    EXPECT_TRUE(!(names || is("mkdir")) || next.Name + " " + next.Path == flushed)
+        << at << ", then " << next.Name;
+  }
+}
+
+// Plays the station with a fault; the calls that were made.
+std::vector<DiskCall> Play(int at, int error, bool forGood) {
+  const std::string what =
+      std::string(std::strerror(error)) + (forGood ? " from call " : " at call ") + std::to_string(at);
+  TempFolder folder;
+  Faults& faults = TheFaults();
+  faults = {.Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood};
+  auto station = std::make_unique<Station>(folder, what);
+  station->Open();
+  station->Measure();
+  station->Finish();
+  std::vector<DiskCall> calls = faults.Calls;
+  faults = {};
+  CheckOrder(calls, what);
+  const std::set<std::string> accepted = station->Accepted();
+  station.reset();
+  Station(folder, what).ExpectSaved(accepted);
+  return calls;
+}
+
+}  // namespace
+
+TEST(Faults, ADiskThatFailsIsToldAndCostsNoValue) {
+  UseMemory();
+  const std::size_t calls = Play(0, 0, false).size();
+  const char* asked = std::getenv("KELP_FAULTS");
+  const bool full = asked != nullptr && std::string(asked) == "full";
+  unsigned turn = std::random_device()();
+  int tried = 0;
+  for (std::size_t at = 1; at <= calls && !testing::Test::HasFatalFailure(); ++at, ++turn)
+    for (unsigned kind = 0; kind < 6; ++kind) {
+      if (!full && kind != turn % 6) continue;
+      static constexpr int kErrors[] = {ENOSPC, EROFS, EIO};
+      Play(static_cast<int>(at), kErrors[kind % 3], kind >= 3);
+      ++tried;
+    }
+  std::cout << "failing calls: " << calls << ", " << tried << " stations played with a fault" << std::endl;
+}
+
+}  // namespace kelp

@@ -1,0 +1,123 @@
+#include "tests/faults/shim.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdarg>
+#include <cstdlib>
+
+namespace kelp {
+
+namespace {
+
+[[noreturn]] void Die() {
+  ::kill(::getpid(), SIGKILL);
+  for (;;) ::pause();
+}
+
+#ifdef KELP_PRELOAD
+// KELP_FAULT_AT counts from 1; with KELP_FAULT_LOG a line of each call goes to that file.
+Faults FromEnvironment() {
+  const auto get = [](const char* name) { return std::string(std::getenv(name) ? std::getenv(name) : ""); };
+  const std::string mode = get("KELP_FAULT");
+  return {.Root = get("KELP_FAULT_ROOT"),
+          .At = std::atoi(get("KELP_FAULT_AT").c_str()),
+          .Kill = true,
+          .HalfWritten = mode == "half"};
+}
+
+void Log(const DiskCall& call) {
+  static const int log = std::getenv("KELP_FAULT_LOG") == nullptr
+                             ? -1
+                             : static_cast<int>(syscall(SYS_openat, AT_FDCWD, std::getenv("KELP_FAULT_LOG"),
+                                                        O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
+  const std::string line = call.Name + " " + call.Path + " " + call.NewPath + "\n";
+  if (log >= 0) syscall(SYS_write, log, line.data(), line.size());
+}
+#else
+Faults FromEnvironment() { return {}; }
+void Log(const DiskCall& /*call*/) {}
+#endif
+
+std::string PathOf(int fd) {
+  char path[PATH_MAX];
+  const ssize_t size = ::readlink(("/proc/self/fd/" + std::to_string(fd)).c_str(), path, sizeof path);
+  return size > 0 ? std::string(path, static_cast<std::size_t>(size)) : "";
+}
+
+// True when the call is to fail; does not come back when it is to be the last one.
+bool Counted(DiskCall call, int fd = -1, const void* data = nullptr, std::size_t size = 0) {
+  Faults& faults = TheFaults();
+  if (faults.Root.empty()) return false;
+  if (fd >= 0) call.Path = PathOf(fd);
+  if (!call.Path.starts_with(faults.Root)) return false;
+  const int number = static_cast<int>(faults.Calls.size()) + 1;
+  const bool hit = faults.At > 0 && (number == faults.At || (faults.ForGood && number > faults.At));
+  Log(call);
+  if (hit && faults.Kill) {
+    if (faults.HalfWritten) syscall(SYS_write, fd, data, size / 2);
+    Die();
+  }
+  call.Failed = hit;
+  faults.Failures += hit ? 1 : 0;
+  faults.Calls.push_back(std::move(call));
+  if (hit) errno = faults.Error;
+  return hit;
+}
+
+int Result(long result) { return static_cast<int>(result); }
+
+}  // namespace
+
+Faults& TheFaults() {
+  // Never destroyed: the last writes come after the end of main.
+  static Faults& faults = *new Faults(FromEnvironment());
+  return faults;
+}
+
+}  // namespace kelp
+
+using kelp::Counted;
+
+// The program writes through these and no others; an strace of a station shows it (docs/reliability.md).
+extern "C" {
+int open(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  va_end(arguments);
+  if ((flags & (O_WRONLY | O_RDWR)) != 0 && Counted({"open", path})) return -1;
+  return kelp::Result(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+ssize_t write(int fd, const void* data, size_t size) {
+  if (Counted({"write", ""}, fd, data, size)) return -1;
+  return syscall(SYS_write, fd, data, kelp::TheFaults().ShortWrites ? (size + 1) / 2 : size);
+}
+int ftruncate(int fd, off_t size) noexcept {
+  return Counted({"ftruncate", ""}, fd) ? -1 : kelp::Result(syscall(SYS_ftruncate, fd, size));
+}
+int fdatasync(int fd) {
+  return Counted({"fdatasync", ""}, fd) ? -1 : kelp::Result(syscall(SYS_fdatasync, fd));
+}
+int fsync(int fd) { return Counted({"fsync", ""}, fd) ? -1 : kelp::Result(syscall(SYS_fsync, fd)); }
+int rename(const char* from, const char* to) noexcept {
+  return Counted({"rename", from, to})
+             ? -1
+             : kelp::Result(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+int link(const char* from, const char* to) noexcept {
+  return Counted({"link", from, to}) ? -1
+                                     : kelp::Result(syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+int unlink(const char* path) noexcept {
+  return Counted({"unlink", path}) ? -1 : kelp::Result(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+int mkdir(const char* path, mode_t mode) noexcept {
+  return Counted({"mkdir", path}) ? -1 : kelp::Result(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+}
+}

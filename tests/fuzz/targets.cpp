@@ -1,0 +1,205 @@
+#include "tests/fuzz/targets.hpp"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+
+#include "app/door.hpp"
+#include "console/script_own_time.hpp"
+#include "console/script_player.hpp"
+#include "core/config.hpp"
+#include "core/text.hpp"
+#include "files/journal_text.hpp"
+#include "platform/scripted.hpp"
+#include "tests/support/memory_disk.hpp"
+
+namespace kelp {
+
+namespace {
+
+constexpr const char* kChl = "q:\\vault\\2007\\0707\\chl\\";
+constexpr const char* kJournal = "d:\\backup\\chl002.jnl";
+constexpr const char* kBase =
+    "93.3 70\r\nZEPHOR\r\n0.0 0.0 0.0 0.0\r\n0.0 0.0 0.0 0.0\r\n002   2 0.00987 2.011\r\n"
+    "2 07    3  138 8 \r\n2 08    3  138 8 \r\n";
+
+void Promise(bool kept, const char* promise) {
+  if (kept) return;
+  std::fprintf(stderr, "broken promise: %s\n", promise);
+  std::abort();
+}
+
+// Not the report of an exception that is none of the program's own.
+bool IsKnown(const Message& message) {
+  return !StartsWith(message.Text, "Invalid procedure call\nunexpected: ");
+}
+
+// Agrees to everything; no run-time error may be one that the program does not know.
+class Agreeable : public ScriptedPlatform {
+ public:
+  using ScriptedPlatform::ScriptedPlatform;
+  Answer Ask(const Message& message) override {
+    Promise(IsKnown(message), message.Text.c_str());
+    return message.Buttons == Buttons::Ok || message.Buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+  }
+  std::optional<std::string> AskFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+};
+
+struct Stage {
+  MemoryDisk disk = {};
+  Agreeable machine{disk};
+  std::unique_ptr<Kelp> program = std::make_unique<Kelp>(machine);
+  Kelp& kelp = *program;
+
+  Stage() {
+    SetDefaultConfig(kelp.run);
+    SaveConfig(kelp);
+    disk.Files[kChl + std::string("chl002")] = kBase;
+  }
+  explicit Stage(const MemoryDisk& before) { disk.Files = before.Files, disk.Folders = before.Folders; }
+
+  void Click(const char* screen, const char* control, int index = -1) {
+    Post(kelp, {.Kind = EventKind::Click, .Place = {screen, control, index}});
+  }
+  void Open() {
+    Start(kelp);
+    Click("frmMain", "Command1", 0);
+    Click("frmLogin", "cmdOK");
+  }
+  void Save() { Post(kelp, {.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1}); }
+  [[nodiscard]] std::string Readings() const {
+    std::string text;
+    for (int row = 1; row <= kelp.run.SampCount; ++row)
+      for (const int col : {kColRb, kColRa, kColFiltCom, kColReadCom})
+        text += kelp.frmAcquire.datalog.Text(row, col) + "|";
+    return text;
+  }
+};
+
+// The two parts of a text on both sides of the first 0xFF.
+std::pair<std::string, std::string> Halves(std::string_view data) {
+  const auto cut = std::min(data.find('\xff'), data.size());
+  return {std::string(data.substr(0, cut)), std::string(data.substr(std::min(cut + 1, data.size())))};
+}
+
+}  // namespace
+
+void FuzzInstrument(std::string_view data) {
+  Stage stage;
+  stage.Open();
+  stage.Click("frmAcquire", "Check1");
+  stage.Click("frmAcquire", "Command1");
+  stage.Click("frmAcquire", "Command1");
+  for (std::string rest(data); !rest.empty();) {
+    auto [piece, more] = Halves(rest);
+    stage.machine.Feed(piece);
+    stage.machine.Advance(500);
+    Pass(stage.kelp);
+    Tick(stage.kelp);
+    Promise(stage.kelp.loop.Accumulator.size() <= 64 * 1024 + piece.size(), "the accumulator is bounded");
+    Promise(std::isfinite(stage.kelp.run.CurReading), "a reading is a number");
+    if (StartsWith(stage.kelp.frmAcquire.Command1.Caption, "Load")) stage.Click("frmAcquire", "Command1");
+    rest = std::move(more);
+  }
+}
+
+void FuzzConfig(std::string_view data) {
+  Stage stage;
+  stage.disk.Files[Lower(kConfigPath)] = data;
+  Start(stage.kelp);
+  stage.Click("frmMain", "Command1", 1);
+  stage.Click("frmEditCFG", "Command1", 0);
+  stage.Click("frmEditCFG", "Command1", 1);
+  stage.Click("frmLogin", "cmdOK");
+  stage.Click("frmCreateBase", "cmdCreateBase", 0);
+  stage.Click("frmAcquire", "Command1");
+  stage.Save();
+  const auto lines = Lines(stage.disk.Files[Lower(kConfigPath)]);
+  Promise(stage.disk.Files[Lower(kConfigPath)] == data || lines.size() == 41,
+          "a saved configuration has 41 lines");
+}
+
+void FuzzBaseFile(std::string_view data) {
+  Stage stage;
+  stage.disk.Files[kChl + std::string("chl002")] = data;
+  stage.Open();
+  const std::string readings = stage.Readings();
+  stage.Save();
+  if (!stage.kelp.run.ResultsSaved) return;
+  Promise(stage.disk.Files[kChl + std::string("chl002base")] == data, "the base file is kept as it was");
+  Stage again(stage.disk);
+  LoadConfig(again.kelp);
+  RewriteField(again.kelp.run.CfgLines[kCfgProcNum], "001");
+  SaveConfig(again.kelp);
+  again.Open();
+  Promise(again.Readings() == readings, "a saved station gives back its readings");
+}
+
+void FuzzCtd(std::string_view data) {
+  Stage stage;
+  const auto [header, mark] = Halves(data);
+  stage.disk.Files["q:\\vault\\2007\\0707\\ctd\\0707002.hdr"] = header;
+  stage.disk.Files["q:\\vault\\2007\\0707\\mrk\\0707002.mrk"] = mark;
+  stage.Open();
+  Promise(stage.kelp.run.SampCount == 2, "a bad CTD file does not keep the station from loading");
+}
+
+void FuzzJournal(std::string_view data) {
+  std::string journal = SectionHead(kChl + std::string("chl002"));
+  for (const std::string& line : Lines(data)) {
+    const auto words = Words(line);
+    const bool whole = words.size() >= 3 && !line.starts_with('!');
+    journal += whole ? JournalText({words[0], std::atoi(words[1].c_str()), std::atoi(words[2].c_str()),
+                                    words.size() > 3 ? line.substr(line.rfind(words[3])) : ""})
+                     : line + "\r\n";
+  }
+  Stage stage;
+  stage.disk.Files[kJournal] = journal;
+  stage.Open();
+  const std::string readings = stage.Readings();
+  Promise(stage.disk.Files[kJournal].starts_with(journal),
+          "nothing that a journal holds is removed by a restore");
+  Stage again(stage.disk);
+  again.Open();
+  Promise(again.Readings() == readings, "what is restored can be restored again");
+  again.Click("frmAcquire", "Command1");
+  again.Save();
+}
+
+namespace {
+
+// A script may let a million seconds pass; a fuzzer has no such time.
+class ShortHost : public OwnTimeHost {
+ public:
+  using OwnTimeHost::OwnTimeHost;
+  bool Let(std::int64_t milliseconds, const std::function<bool()>& until) override {
+    left_ -= milliseconds + 1;
+    if (left_ < 0) ScriptIsWrong("the time is over");
+    return OwnTimeHost::Let(milliseconds, until);
+  }
+
+ private:
+  std::int64_t left_ = 60000;
+};
+
+}  // namespace
+
+void FuzzScript(std::string_view data) {
+  Stage stage;
+  ScriptedPlatform machine(stage.disk);
+  const auto kelp = std::make_unique<Kelp>(machine);
+  ShortHost host(*kelp, machine);
+  std::string script;
+  for (const std::string& line : Lines(data))
+    if (!Contains(line, "include"))
+      script += line + "\n";  // a file of this machine is none of a fuzzer's business
+  std::istringstream lines(script);
+  const ScriptResult result = ScriptPlayer(host).Play("-", lines);
+  Promise(result.status == ScriptStatus::Done || StartsWith(result.message, "-:"),
+          "a failure names its line");
+  for (const auto& box : machine.Boxes) Promise(IsKnown(box.message), box.message.Text.c_str());
+}
+
+}  // namespace kelp
