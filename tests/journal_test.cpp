@@ -9,7 +9,6 @@ namespace kelp {
 namespace {
 
 constexpr const char* kJournal = "d:\\backup\\chl002.jnl";
-constexpr const char* kQuestion = "Readings of this station were recorded but not saved. Restore them? Y/N";
 
 std::vector<JournalLine> Section(const std::string& journal) {
   return LastSection(journal, "q:\\vault\\2007\\0707\\chl\\chl002");

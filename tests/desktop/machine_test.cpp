@@ -44,7 +44,7 @@ QByteArray Content(const QString& name) {
 
 // A program that writes its arguments into a file, standing in for an editor or a sound player.
 QString FakeProgram(const QTemporaryDir& folder, const QString& name, const QString& log) {
-  const QString program = folder.filePath(name);
+  QString program = folder.filePath(name);
   WriteFile(program, "#!/bin/sh\necho run \"$@\" >> " + log.toUtf8() + "\n");
   QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   return program;

@@ -94,10 +94,10 @@ struct DesktopStation : testing::Test {
     Begin(options);
   }
 
-  FrmAcquire& form() { return run->program().frmAcquire; }
-  std::string& caption() { return form().Command1.Caption; }
-  QWidget* Window(const char* screen) { return run->windows().WindowOf(screen); }
-  bool IsFront(const char* screen) {
+  [[nodiscard]] FrmAcquire& form() const { return run->program().frmAcquire; }
+  [[nodiscard]] std::string& caption() const { return form().Command1.Caption; }
+  QWidget* Window(const char* screen) const { return run->windows().WindowOf(screen); }
+  bool IsFront(const char* screen) const {
     return Eventually([&] {
       // The offscreen platform has no window manager that hands the activity on.
       if (QApplication::activeWindow() == nullptr) Window(screen)->activateWindow();
@@ -135,7 +135,7 @@ struct DesktopStation : testing::Test {
   }
 
   // Lines of the instrument; each is taken before the next one comes.
-  void Read(double value, int count) {
+  void Read(double value, int count) const {
     for (int i = 0; i < count; ++i) {
       const auto before = run->program().run.Chart.PointsAdded();
       instrument->Send(InstrumentLine(Fixed(value, 4)));
