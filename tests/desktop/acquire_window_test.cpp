@@ -28,23 +28,22 @@ TEST_F(Panel, SaysWhereTheNextValueGoes) {
   struct Row {
     const char* step;
     const char* caption;
-    const char* blank;  ///< caption of the step selector's blank
     const char* told;
     int sample, row, col, box;
   };
   const Row rows[] = {
-      {"BLANK", "Load Blank", "Begin Blank", "BLANK: Begin Blank", 1, 1, -1, 0},
-      {"BLANK", "Save &Blank", "End Blank", "BLANK: End Blank", 100, 100, -1, 1},
-      {"COPROS", "Reading 2-5", "Begin Blank", "COPROS: Copro 2-5", 1, 1, -1, 8},
-      {"SAMPLE", "Load Station Sample", "Begin Blank", "SAMPLE 60: Rb", 60, 60, 3, -1},
-      {"ADDED", "Save Ra", "Begin Blank", "ADDED 3: Ra", 3, 3, 4, -1},
-      {"SAMPLE", "Load Sample", "Begin Blank", "SAMPLE", 101, 0, -1, -1},
+      {"BLANK", "Load Blank", "BLANK: Begin Blank", 1, 1, -1, 0},
+      {"BLANK", "Save &Blank", "BLANK: End Blank", 100, 100, -1, 1},
+      {"COPROS", "Reading 2-5", "COPROS: Copro 2-5", 1, 1, -1, 8},
+      {"SAMPLE", "Load Station Sample", "SAMPLE 60: Rb", 60, 60, 3, -1},
+      {"ADDED", "Save Ra", "ADDED 3: Ra", 3, 3, 4, -1},
+      {"SAMPLE", "Load Sample", "SAMPLE", 101, 0, -1, -1},
   };
   auto* grid = Cells();
   for (const Row& row : rows) {
     desk.kelp.run.StepName = row.step;
     desk.kelp.frmAcquire.Command1.Caption = row.caption;
-    desk.kelp.frmAcquire.Option1[kStepBlank].Caption = row.blank;
+    desk.kelp.frmAcquire.Option1[kStepBlank].Caption = row.box == kBoxEndBlank ? "End Blank" : "Begin Blank";
     desk.kelp.run.SampNum = row.sample;
     desk.windows.ShowChanges();
     EXPECT_EQ(PanelOf(desk.kelp).Step, row.told);

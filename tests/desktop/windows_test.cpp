@@ -4,8 +4,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -21,11 +19,8 @@ namespace {
 
 QString TextOn(QWidget* widget) {
   if (auto* box = dynamic_cast<ValueWidget*>(widget)) return box->ShownText();
-  if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();
-  if (auto* button = qobject_cast<QAbstractButton*>(widget)) return button->text();
-  if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
-  if (auto* group = qobject_cast<QGroupBox*>(widget)) return group->title();
-  if (auto* combo = qobject_cast<QComboBox*>(widget)) return combo->currentText();
+  for (const char* name : {"text", "title", "currentText"})
+    if (const QVariant text = widget->property(name); text.isValid()) return text.toString();
   return "(no such widget)";
 }
 
@@ -39,61 +34,57 @@ struct Checker {
 
   template <class Control>
   void operator()(std::string_view name, Control& control, int /*alias*/ = -1) {
-    Check(name, -1, control);
+    Visit(name, -1, control);
   }
   template <class Control, int Count, int First>
   void operator()(std::string_view name, ControlArray<Control, Count, First>& controls) {
-    for (int i = First; i <= controls.kLast; ++i) Check(name, i, controls[i]);
+    for (int i = First; i <= controls.kLast; ++i) Visit(name, i, controls[i]);
+  }
+  template <class Control>
+  void Visit(std::string_view name, int index, Control& control) {
+    const std::string what = screen + "." + std::string(name) + "(" + std::to_string(index) + ")";
+    QWidget* widget = desk.windows.WidgetOf({screen, std::string(name), index});
+    ASSERT_NE(widget, nullptr) << what;
+    Check(what, *widget, control);
   }
 
-  void Check(std::string_view name, int index, Grid& grid) {
-    auto* view = dynamic_cast<GridView*>(Widget(name, index));
-    ASSERT_NE(view, nullptr);
+  void Check(const std::string& what, QWidget& widget, Grid& grid) {
+    const auto* cells = dynamic_cast<GridView&>(widget).model();
     for (int row = 0; row < grid.Rows; ++row)
       for (int col = 0; col < grid.Cols; ++col) {
-        const auto shown = row == 0 ? view->model()->headerData(col, Qt::Horizontal)
-                                    : view->model()->index(row - 1, col).data();
+        const auto shown =
+            row == 0 ? cells->headerData(col, Qt::Horizontal) : cells->index(row - 1, col).data();
         if (fill)
           grid.Text(row, col) = std::to_string(++count);
         else
-          ASSERT_EQ(shown.toString().toStdString(), grid.Text(row, col)) << row << "," << col;
+          ASSERT_EQ(shown.toString().toStdString(), grid.Text(row, col)) << what << row << "," << col;
       }
   }
 
   template <class Control>
-  void Check(std::string_view name, int index, Control& control) {
+  void Check(const std::string& what, QWidget& widget, Control& control) {
+    std::string* text = nullptr;
     if constexpr (requires { control.Caption; })
-      CheckText(name, index, control, control.Caption);
+      text = &control.Caption;
     else
-      CheckText(name, index, control, control.Text);
+      text = &control.Text;
     if constexpr (requires { control.Value; }) {
       if (fill) control.Value = !control.Value;
-      ASSERT_EQ(static_cast<QAbstractButton*>(Widget(name, index))->isChecked(), control.Value != fill);
+      ASSERT_EQ(static_cast<QAbstractButton&>(widget).isChecked(), control.Value != fill) << what;
     }
-  }
-
-  template <class Control>
-  void CheckText(std::string_view name, int index, Control& control, std::string& text) {
-    const std::string what = screen + "." + std::string(name) + "(" + std::to_string(index) + ")";
-    QWidget* widget = Widget(name, index);
-    ASSERT_NE(widget, nullptr) << what;
-    EXPECT_TRUE(seen.insert(widget).second) << what << " shares its widget";
-    EXPECT_EQ(TextOn(widget).toStdString(), text) << what;
-    EXPECT_EQ(fill ? widget->isVisible() : !widget->isHidden(), control.Visible) << what;
-    EXPECT_EQ(widget->isEnabledTo(widget->parentWidget()), control.Enabled) << what;
     if (fill) {
       // "&" starts an access key, "<" is no markup, a quote and a letter beyond ASCII stay what they are.
-      text = "&v<" + std::to_string(++count) + "> \"\xC3\xA9";
+      *text = "&v<" + std::to_string(++count) + "> \"\xC3\xA9";
       control.ToolTipText = "tip " + std::to_string(count);
       control.Enabled = !control.Enabled;
       control.Visible = !control.Visible;
-    } else {
-      EXPECT_EQ(widget->toolTip().toStdString(), control.ToolTipText) << what;
+      return;
     }
-  }
-
-  QWidget* Widget(std::string_view name, int index) {
-    return desk.windows.WidgetOf({screen, std::string(name), index});
+    EXPECT_TRUE(seen.insert(&widget).second) << what << " shares its widget";
+    EXPECT_EQ(TextOn(&widget).toStdString(), *text) << what;
+    EXPECT_EQ(!widget.isHidden(), control.Visible) << what;
+    EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), control.Enabled) << what;
+    EXPECT_EQ(widget.toolTip().toStdString(), control.ToolTipText) << what;
   }
 };
 
@@ -152,10 +143,6 @@ struct WindowedStation : ::testing::Test {
   template <class Widget = QWidget>
   Widget* At(const std::string& control, int index = -1, const std::string& screen = "frmAcquire") {
     return static_cast<Widget*>(desk.windows.WidgetOf({screen, control, index}));
-  }
-  void Open(const std::string& screen) {
-    ShowScreen(desk.kelp, screen);
-    WaitFor(screen);
   }
   /// Gives a widget the focus and presses a key there.
   std::string Press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -224,7 +211,8 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(Press(grid, Qt::Key_Return, Qt::ControlModifier), "dblclick frmAcquire.datalog 2,12");
   for (const int key : {Qt::Key_Enter, Qt::Key_Space})
     EXPECT_EQ(Press(At("txtMean", 4), key), "click frmAcquire.txtMean(4)");
-  Open("frmWhatsNext");
+  ShowScreen(desk.kelp, "frmWhatsNext");
+  WaitFor("frmWhatsNext");
   EXPECT_EQ(Press(At("Option1", 5, "frmWhatsNext"), Qt::Key_Space), "key frmWhatsNext 32");
   EXPECT_TRUE(desk.kelp.frmWhatsNext.Option1[5].Value);
   EXPECT_EQ(Press(At("Option1", 1, "frmWhatsNext"), Qt::Key_Return, Qt::ControlModifier),
@@ -284,7 +272,7 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboard) {
 }
 
 TEST_F(WindowedStation, KeepsWindowsWhereTheyWere) {
-  Open("dlgRunRem");
+  ShowScreen(desk.kelp, "dlgRunRem");
   desk.windows.WindowOf("dlgRunRem")->setGeometry(40, 60, 500, 300);
   const QByteArray kept = desk.windows.Geometry();
   Desk later;
