@@ -224,6 +224,17 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(Reported(desk, [&] { QApplication::sendEvent(start, &held); }), "");
 }
 
+TEST_F(WindowedStation, LeavesTheKeysOfADialogAlone) {
+  QWidget dialog;
+  QPushButton button("No", &dialog);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  bool clicked = false;
+  QObject::connect(&button, &QPushButton::clicked, &button, [&] { clicked = true; });
+  EXPECT_EQ(Press(&button, Qt::Key_Space), "");
+  EXPECT_TRUE(clicked);
+}
+
 TEST_F(WindowedStation, FocusGoesBothWays) {
   const auto focus = [&] { return desk.windows.WindowOf("frmAcquire")->focusWidget(); };
   EXPECT_EQ(focus(), At("Command1"));
