@@ -178,8 +178,8 @@ class Operator {
     const std::string& now = kelp_->frmAcquire.Command1.Caption;
     const bool known = std::any_of(std::begin(kCaptions), std::end(kCaptions),
                                    [&](const CaptionRow& row) { return now == row.caption; });
-    const std::string& low = run.CoproLowStd;
-    ASSERT_TRUE(known || low != "3-1") << "caption \"" << now << "\" is in no table";
+    const bool otherCopros = run.CoproLowStd != "3-1" || run.CoproHighStd != "2-5";
+    ASSERT_TRUE(known || otherCopros) << "caption \"" << now << "\" is in no table";
     captions.insert(now);
     if (loads != run.StationLoads || kelp_->journal.Failed) return;
     // A save that the event made: the caption has moved on and the grid has the value. A value equal to that
