@@ -280,7 +280,8 @@ int main(int argc, char** argv) {
     const double median = values[values.size() / 2];
     const bool over = row.bound > 0 && median > row.bound;
     if (over) status = 1;
-    std::printf("%-50s %8.3f %-3s%s\n", row.text, median, row.unit, over ? "  OVER ITS BOUND" : "");
+    std::printf("%-50s %8.3f %-3s  best %8.3f%s\n", row.text, median, row.unit, values.front(),
+                over ? "  OVER ITS BOUND" : "");
   }
   return status;
 }

@@ -21,40 +21,46 @@ const char* const kDesktopHelp =
 
 namespace {
 
-bool StartsWithOption(const std::string& word, const std::string& option) {
+bool Is(const std::string& word, const std::string& option) {
   return word == option || word.starts_with(option + "=");
 }
 
+bool TakesNext(const std::string& word) {
+  return word == "--drives" || word == "--drive" || word == "--port" || word == "--clock";
+}
+
 // Takes the words that only the desktop knows; the others are for the console's reader.
-struct DesktopWords {
+class DesktopWords {
+ public:
   std::vector<std::string> others = {};
   std::string script = {};
-  std::string simulate = {};  ///< as the console's --instrument names it
   std::string problem = {};
 
   explicit DesktopWords(const std::vector<std::string>& words) {
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      const std::string& word = words[i];
-      const std::string value = i + 1 < words.size() ? words[i + 1] : "";
-      const std::size_t sign = word.find('=');
-      if (word == "-platform" || word == "-style" || word == "-display") {
-        ++i;
-      } else if (StartsWithOption(word, "--simulate")) {
-        simulate = sign == std::string::npos ? "sim" : "sim:" + word.substr(sign + 1);
-      } else if (StartsWithOption(word, "--script")) {
-        script = sign == std::string::npos ? value : word.substr(sign + 1);
-        if (sign == std::string::npos) ++i;
-        if (script.empty()) problem = "--script wants a file";
-      } else if (StartsWithOption(word, "--instrument") || word == "--watch" || !word.starts_with("-")) {
-        problem = "unknown option \"" + word + "\"; --help lists the options";
-      } else {
-        others.push_back(word);
-        const bool takesNext =
-            word == "--drives" || word == "--drive" || word == "--port" || word == "--clock";
-        if (takesNext && i + 1 < words.size()) others.push_back(words[++i]);
-      }
+    for (std::size_t i = 0; i < words.size(); ++i)
+      i += Take(words[i], i + 1 < words.size() ? words[i + 1] : "");
+  }
+
+ private:
+  // Returns how many words behind this one were taken too.
+  std::size_t Take(const std::string& word, const std::string& next) {
+    const std::size_t sign = word.find('=');
+    if (word == "-platform" || word == "-style" || word == "-display") return 1;
+    if (Is(word, "--simulate")) {
+      others.push_back("--instrument=sim" + (sign == std::string::npos ? "" : ":" + word.substr(sign + 1)));
+    } else if (Is(word, "--script")) {
+      script = sign == std::string::npos ? next : word.substr(sign + 1);
+      if (script.empty()) problem = "--script wants a file";
+      return sign == std::string::npos ? 1 : 0;
+    } else if (Is(word, "--instrument") || word == "--watch" || !word.starts_with("-")) {
+      problem = "unknown option \"" + word + "\"; --help lists the options";
+    } else {
+      others.push_back(word);
+      if (!TakesNext(word) || next.empty()) return 0;
+      others.push_back(next);
+      return 1;
     }
-    if (!simulate.empty()) others.push_back("--instrument=" + simulate);
+    return 0;
   }
 };
 

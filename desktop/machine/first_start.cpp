@@ -9,13 +9,12 @@ FirstChoice AskFirstChoice(const QString& folder, const QString& device) {
   QMessageBox box;
   box.setWindowTitle(QStringLiteral("Welcome to Kelp"));
   box.setTextFormat(Qt::PlainText);
-  box.setText(
-      QStringLiteral("This is the first start on this machine.\n\n"
-                     "Drive c, where kelp.cfg lies, is the folder\n%1\nThe other drives lie beside it.\n\n"
-                     "Port 1 of the fluorometer is the device\n%2\n\n"
-                     "Both can be changed in Machine settings, now or later. Without a fluorometer "
-                     "at hand, a simulated one lets you try the program.")
-          .arg(folder, device));
+  box.setText(QStringLiteral("This is the first start on this machine.\n\n"
+                             "Drive c, where kelp.cfg lies, is the folder\n%1\n\n"
+                             "Port 1 of the fluorometer is the device\n%2\n\n"
+                             "Both can be changed in Machine settings, now or later. Without a fluorometer "
+                             "at hand, a simulated one lets you try the program.")
+                  .arg(folder, device));
   QPushButton* start = box.addButton(QStringLiteral("&Start"), QMessageBox::AcceptRole);
   const QPushButton* simulate =
       box.addButton(QStringLiteral("Try the simulated &fluorometer"), QMessageBox::ActionRole);

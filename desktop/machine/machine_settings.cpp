@@ -79,6 +79,12 @@ DriveMap DrivesFor(const MachineSettings& settings, const Options& options) {
   return drives;
 }
 
+QString WhereDrivesLie() {
+  const std::filesystem::path data = HostDataFolder();
+  if (data.empty()) return QStringLiteral("A drive that is not listed is the machine's own.");
+  return "A drive that is not listed lies in " + FromPath(data) + ": drive c is drive_c there.";
+}
+
 std::string DeviceFor(int port, const MachineSettings& settings, const Options& options) {
   if (const auto given = options.Ports.find(port); given != options.Ports.end()) return given->second;
   if (const auto kept = settings.Ports.find(port); kept != settings.Ports.end())

@@ -39,6 +39,9 @@ void KeepGeometry(const QByteArray& geometry);
 /// when a folder can't be made.
 DriveMap DrivesFor(const MachineSettings& settings, const Options& options);
 
+/// Where a drive lies that the settings do not name, as a sentence.
+QString WhereDrivesLie();
+
 /// The device of a port number in this run.
 std::string DeviceFor(int port, const MachineSettings& settings, const Options& options);
 

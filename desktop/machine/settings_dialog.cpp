@@ -8,6 +8,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSerialPortInfo>
 #include <QSet>
 #include <QVBoxLayout>
@@ -20,11 +22,16 @@ namespace kelp {
 
 namespace {
 
+constexpr int kWidth = 480;
+
 QTableWidget* MakeTable(const QString& name, const QStringList& headings) {
   auto* table = new QTableWidget(0, 2);
   table->setAccessibleName(name);
   table->setHorizontalHeaderLabels(headings);
+  table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+  table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+  table->setMinimumHeight(4 * table->fontMetrics().height());
   table->verticalHeader()->hide();
   table->setSelectionMode(QAbstractItemView::SingleSelection);
   table->setTabKeyNavigation(false);
@@ -84,7 +91,8 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
                                bool simulate)
     : QDialog(parent), settings_(settings) {
   setWindowTitle(QStringLiteral("Machine settings"));
-  auto* layout = new QVBoxLayout(this);
+  auto* content = new QWidget;
+  auto* layout = new QVBoxLayout(content);
   layout->addWidget(DrivesBox());
   layout->addWidget(PortsBox());
   layout->addWidget(EditorBox());
@@ -99,18 +107,30 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
-  layout->addWidget(buttons);
 
   for (const auto& [letter, folder] : settings.Drives) AddDrive(QString(QLatin1Char(letter)), folder);
   for (const auto& [port, device] : settings.Ports) AddPort(QString::number(port), device);
   editor_->setText(settings.Editor);
+  FitToScreen(content, buttons);
+}
+
+// All of it where the screen has the room, else it scrolls above the buttons.
+void SettingsDialog::FitToScreen(QWidget* content, QWidget* buttons) {
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(content);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(scroll);
+  layout->addWidget(buttons);
+  const QSize wanted = content->sizeHint().expandedTo({kWidth, 0}) + sizeHint() - scroll->sizeHint();
+  resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 QWidget* SettingsDialog::DrivesBox() {
   auto* box = new QGroupBox(QStringLiteral("Drives"));
   auto* layout = new QVBoxLayout(box);
-  const QString folder = FromPath(HostDataFolder());
-  auto* hint = new QLabel("A drive that is not listed lies in " + folder + ": drive c is drive_c there.");
+  auto* hint = new QLabel(WhereDrivesLie());
   hint->setWordWrap(true);
   layout->addWidget(hint);
   drives_ = MakeTable(QStringLiteral("Drives"), {QStringLiteral("Drive"), QStringLiteral("Folder")});
@@ -224,7 +244,7 @@ MachineSettings SettingsDialog::Settings() const {
 }
 
 QString SettingsDialog::Problem() const {
-  const QString drive = ColumnProblem(*drives_, QStringLiteral("drive letter"), IsLetter);
+  QString drive = ColumnProblem(*drives_, QStringLiteral("drive letter"), IsLetter);
   if (!drive.isEmpty()) return drive;
   return ColumnProblem(*ports_, QStringLiteral("port number"),
                        [](const QString& key) { return key.toInt() > 0; });

@@ -36,6 +36,7 @@ class SettingsDialog : public QDialog {
   QWidget* DrivesBox();
   QWidget* PortsBox();
   QWidget* EditorBox();
+  void FitToScreen(QWidget* content, QWidget* buttons);
   void ChooseFolder();
   void FindPorts();
 

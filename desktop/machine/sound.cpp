@@ -83,10 +83,10 @@ QString Sound::FileOf(Cue cue) {
 
 void Sound::Play(Cue cue) {
   if (!On) return;
-  static const QString player = Player();
-  if (!player.isEmpty()) {
+  if (!player_) player_ = Player();
+  if (!player_->isEmpty()) {
     QProcess process;
-    process.setProgram(player);
+    process.setProgram(*player_);
     process.setArguments({FileOf(cue)});
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <memory>
+#include <optional>
 
 namespace kelp {
 
@@ -24,6 +25,7 @@ class Sound {
  private:
   QString FileOf(Cue cue);
 
+  std::optional<QString> player_ = {};
   std::unique_ptr<QTemporaryDir> folder_ = {};
 };
 

@@ -1,8 +1,10 @@
 #include "desktop/windows/value_widget.hpp"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/windows/look.hpp"
 
@@ -80,7 +82,12 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(inner, static_cast<int>(align_ | Qt::AlignVCenter) | Qt::TextSingleLine, text);
 }
 
-void ValueBox::mouseDoubleClickEvent(QMouseEvent* /*event*/) { Use(); }
+void ValueBox::mousePressEvent(QMouseEvent* event) { pressed_ = event->button() == Qt::LeftButton; }
+
+// A press that is dragged off the box is no click, and the second half of a double click no second one.
+void ValueBox::mouseReleaseEvent(QMouseEvent* event) {
+  if (std::exchange(pressed_, false) && rect().contains(event->position().toPoint())) Use();
+}
 
 InstructionBox::InstructionBox(QWidget* parent) : ValueWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -27,7 +27,7 @@ class ValueBox : public ValueWidget {
   /// `digits` is the width asked for; 0 takes the width that is there.
   ValueBox(int digits, Frame frame, Qt::Alignment align, QWidget* parent);
 
-  /// The box can take the focus, and a double click, Enter or the space bar uses its value.
+  /// The box can take the focus, and a click, Enter or the space bar uses its value.
   void SetUsable();
   [[nodiscard]] bool Usable() const { return usable_; }
   void OnUse(std::function<void()> use) { use_ = std::move(use); }
@@ -43,7 +43,8 @@ class ValueBox : public ValueWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   [[nodiscard]] QFont FittedFont() const;
@@ -55,6 +56,7 @@ class ValueBox : public ValueWidget {
   double largest_ = 0;
   bool marked_ = false;
   bool usable_ = false;
+  bool pressed_ = false;
   std::function<void()> use_;
 };
 
