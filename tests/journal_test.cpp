@@ -163,6 +163,18 @@ TEST(Journal, OutlivesResetsMessagesAndWhatBecomesOfItsFile) {
   again.Answers({Answer::Yes});
   again.Key("frmAcquire", kKeyF1 + 1);
   EXPECT_EQ(again.disk.Files[kJournal], JournalOf("q:\\other\\chl002"));
+
+  // What is emptied after the save stays empty, however often it is restored.
+  again.cell(1, kColRa).clear();
+  again.Click("frmAcquire", "Command4");
+  again.Configure(kCfgProcNum, "1");
+  disk = again.disk;
+  for (int crash = 0; crash < 2; ++crash) {
+    Program restored;
+    restored.LogIn({Answer::Yes}, &disk);
+    EXPECT_EQ(restored.cell(1, kColRb) + restored.cell(1, kColRa), "2.0000");
+    disk = restored.disk;
+  }
 }
 
 TEST(Journal, ADiskThatFailsKeepsAWarningOnTheScreenUntilAllIsWrittenAnew) {

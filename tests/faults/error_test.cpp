@@ -39,7 +39,8 @@ class Patient : public ScriptedPlatform {
 
 class Station {
  public:
-  Station(const TempFolder& folder, const std::string& what) : drives_(folder.Path / "drives"), what_(what) {
+  Station(const TempFolder& folder, std::string what)
+      : drives_(folder.Path / "drives"), what_(std::move(what)) {
     using namespace std::chrono;
     machine_.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
   }

@@ -170,6 +170,7 @@ TEST(Faults, AKillAtAnyCallLosesNoAcceptedValue) {
   ASSERT_EQ(unharmed.Accepted().size(), 11U) << unharmed.out;
   const std::vector<std::string> calls = Lines(whole.Read("log"));
   const std::string fresh = whole.Text(std::string(kChl) + "chl002Base");
+  ASSERT_EQ(Lines(fresh).size(), 8U);
   Toll toll;
   AtEachCall(calls, [&](int at, const char* mode, const std::string& where) {
     Drives drives;

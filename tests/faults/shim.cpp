@@ -23,12 +23,14 @@ namespace {
 #ifdef KELP_PRELOAD
 // KELP_FAULT_AT counts from 1; with KELP_FAULT_LOG a line of each call goes to that file.
 Faults FromEnvironment() {
-  const auto get = [](const char* name) { return std::string(std::getenv(name) ? std::getenv(name) : ""); };
-  const std::string mode = get("KELP_FAULT");
+  const auto get = [](const char* name) {
+    const char* value = std::getenv(name);
+    return std::string(value != nullptr ? value : "");
+  };
   return {.Root = get("KELP_FAULT_ROOT"),
           .At = std::atoi(get("KELP_FAULT_AT").c_str()),
           .Kill = true,
-          .HalfWritten = mode == "half"};
+          .HalfWritten = get("KELP_FAULT") == "half"};
 }
 
 void Log(const DiskCall& call) {
@@ -89,7 +91,7 @@ extern "C" {
 int open(const char* path, int flags, ...) {
   va_list arguments;
   va_start(arguments, flags);
-  const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+  const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;  // NOLINT: va_start is above
   va_end(arguments);
   if ((flags & (O_WRONLY | O_RDWR)) != 0 && Counted({"open", path})) return -1;
   return kelp::Result(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
