@@ -4,14 +4,12 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QWindow>
 
@@ -21,15 +19,11 @@
 #include "desktop/machine/desktop_run.hpp"
 #include "desktop/machine/settings_dialog.hpp"
 #include "desktop/windows/value_widget.hpp"
+#include "tests/desktop/host_files.hpp"
 #include "tests/desktop/modal.hpp"
 
 namespace kelp {
 namespace {
-
-QByteArray Content(const QString& name) {
-  QFile file(name);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-}
 
 // Every file below a folder by its name there, in lower case. Dates and times become "#": two runs never
 // have the same.
@@ -62,17 +56,6 @@ int RunProgram(const QString& program, const QStringList& words, QByteArray* err
   process.waitForFinished(60000);
   if (errors != nullptr) *errors = process.readAllStandardError();
   return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-}
-
-void WriteScript(const QString& name, const QByteArray& script) {
-  QFile file(name);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(script);
-}
-
-void WriteProgram(const QString& name, const QByteArray& commands) {
-  WriteScript(name, "#!/bin/sh\n" + commands + "\n");
-  QFile::setPermissions(name, QFile::ReadOwner | QFile::ExeOwner);
 }
 
 struct DesktopStation : testing::Test {
@@ -233,7 +216,7 @@ TEST_F(DesktopStation, AStationByKeyboardAlone) {
   EXPECT_EQ(Content(sounds).count("ask"), 4) << Content(sounds).toStdString();
 
   const Drives console;
-  WriteScript(console.Path("station.ks"), kStation);
+  WriteFile(console.Path("station.ks"), kStation);
   QByteArray errors;
   ASSERT_EQ(
       RunProgram(KELP_CONSOLE, {"--drives", console.folder.path(), console.Path("station.ks")}, &errors), 0)
@@ -335,7 +318,7 @@ TEST_F(DesktopStation, FilesOpenInTheEditorOfTheSettings) {
   const QString editor = drives.Path("editor");
   WriteProgram(editor, "echo \"$1\" >> " + log.toUtf8());
   QDir(drives.folder.path()).mkpath("drive_q/vault/2007/0707/chl");
-  WriteScript(drives.Path("drive_q/vault/2007/0707/chl/chl001"), "x");
+  WriteFile(drives.Path("drive_q/vault/2007/0707/chl/chl001"), "x");
   Begin();
   WhenModal<SettingsDialog>([&](SettingsDialog& dialog) {
     dialog.findChild<QLineEdit*>("editor")->setText(editor);
@@ -380,7 +363,7 @@ TEST(Scripts, PlayInTheWindowsAsOnTheConsole) {
     for (int i = 0; i < 2; ++i) {
       const Drives drives;
       const QTemporaryDir place;
-      WriteScript(place.filePath("s.ks"), row.script);
+      WriteFile(place.filePath("s.ks"), row.script);
       const QStringList words{"--drives", drives.folder.path(), "--clock=2026-11-24T03:00:00", "--quick"};
       const int status =
           i == 0 ? RunProgram(KELP_CONSOLE, words + QStringList{place.filePath("s.ks")}, &errors[i])
