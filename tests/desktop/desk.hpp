@@ -1,7 +1,6 @@
 // The whole program in its windows, on a scripted platform and a disk in memory.
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "app/door.hpp"
@@ -42,21 +41,12 @@ struct Desk {
     SaveConfig(kelp);
   }
 
-  void Configure(int line, const std::string& value) {
-    RewriteField(kelp.run.CfgLines[static_cast<std::size_t>(line)], Padded(value, 35, "R", "S"));
-    SaveConfig(kelp);
-  }
-
-  bool Do(const Event& event) {
-    const bool done = Post(kelp, event);
+  void Do(const Event& event) {
+    Post(kelp, event);
     windows.ShowChanges();
-    return done;
   }
-  bool Click(const std::string& screen, const std::string& control, int index = -1) {
-    return Do({.Kind = EventKind::Click, .Place = {screen, control, index}});
-  }
-  void Type(const std::string& screen, const std::string& control, int index, const std::string& text) {
-    Do({.Kind = EventKind::Edit, .Place = {screen, control, index}, .Text = text});
+  void Click(const std::string& screen, const std::string& control, int index = -1) {
+    Do({.Kind = EventKind::Click, .Place = {screen, control, index}});
   }
 
   /// `count` instrument lines, a second apart, each followed by a pass.
@@ -70,13 +60,12 @@ struct Desk {
   }
 
   /// Start-up, login and a new station of `samples` samples; "&Start" is up afterwards.
-  void OpenStation(int samples, const std::string& station = "93.3 70") {
+  void OpenStation(int samples) {
     Start(kelp);
     Click("frmMain", "Command1", 0);
     platform.QueueAnswer(Answer::Yes);
     Click("frmLogin", "cmdOK");
-    Type("frmCreateBase", "Text1", 1, station);
-    Type("frmCreateBase", "Text1", 2, std::to_string(samples));
+    Do({.Kind = EventKind::Edit, .Place = {"frmCreateBase", "Text1", 2}, .Text = std::to_string(samples)});
     Click("frmCreateBase", "cmdCreateBase", 0);
   }
 };

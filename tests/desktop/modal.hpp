@@ -1,10 +1,14 @@
-// Answers a modal dialog from inside its own event loop, as an operator would.
+// Answers a modal dialog from inside its own event loop, as an operator would; files for the tests.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -34,5 +38,24 @@ inline void ChooseIn(QFileDialog& dialog, const QString& file) {
 
 /// Waits, with the event loop running, until `condition` holds; false after five seconds.
 inline bool Eventually(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 5000); }
+
+inline QByteArray Content(const QString& name) {
+  QFile file(name);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+}
+
+inline void WriteFile(const QString& name, const QByteArray& content) {
+  QFile file(name);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(content);
+}
+
+/// The text of a PDF as it stands on the page.
+inline QString PdfText(const QString& pdf) {
+  QProcess reader;
+  reader.start("pdftotext", {"-layout", pdf, "-"});
+  reader.waitForFinished();
+  return QString::fromUtf8(reader.readAllStandardOutput());
+}
 
 }  // namespace kelp

@@ -168,7 +168,9 @@ TEST(LineFaults, NoiseAndFloodsLeaveMemoryFlatAndReadingsResume) {
   const long grown = ResidentKiB() - before;
   std::printf("%.0f lines a second for %zu s: memory grown by %ld KiB, slowest event %.1f ms\n", rate,
               seconds, grown, std::chrono::duration<double, std::milli>(slowest).count());
+#ifndef __SANITIZE_ADDRESS__  // it keeps what was freed
   EXPECT_LT(grown, 4096);
+#endif
   EXPECT_LT(slowest, std::chrono::milliseconds(500)) << "the operator waits";
 }
 

@@ -2,6 +2,8 @@
 // again in another run of the program.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include "calc/calc_samples.hpp"
 #include "tests/support/program.hpp"
 
@@ -25,11 +27,15 @@ struct StationFiles : Program {
     disk.Folders = other.disk.Folders;
     LoadConfig(kelp);
     Configure(kCfgProcNum, std::to_string(static_cast<int>(Val(other.kelp.run.ProcNum)) - 1));
-    Start(kelp);
-    Click("frmMain", "Command1", 0);
-    Click("frmLogin", "cmdOK");
+    LogIn({});
   }
 };
+
+inline void ExpectSameGrid(Program& opened, Program& saved) {
+  for (int row = 1; row <= saved.run().SampCount; ++row)
+    for (int col = 0; col < saved.form().datalog.Cols; ++col)
+      EXPECT_EQ(opened.cell(row, col), saved.cell(row, col)) << row << "," << col;
+}
 
 struct FinishedStation : StationFiles {
   explicit FinishedStation(int samples = 3) {
@@ -38,11 +44,12 @@ struct FinishedStation : StationFiles {
     run().EndBlankText = form().txtBlank[1].Text = "0.0054";
     const char* copros[] = {"1.5310", "1.5290", "5.0310", "5.0290"};
     for (int i = 0; i < 4; ++i) form().txtBlank[kBoxCopro1 + i].Text = copros[i];
-    form().txtStaInfo[kStaAveBlank].Text = "0.0052";
-    form().txtStaInfo[kStaF].Text = "0.109";
-    form().txtStaInfo[kStaTau].Text = "2.288";
-    form().txtStaInfo[kStaFiltDate].Text = "11/23/2026";
-    form().txtStaInfo[kStaFiltTime].Text = "11:30:00 PM";
+    const std::pair<int, const char*> header[] = {{kStaAveBlank, "0.0052"},
+                                                  {kStaF, "0.109"},
+                                                  {kStaTau, "2.288"},
+                                                  {kStaFiltDate, "11/23/2026"},
+                                                  {kStaFiltTime, "11:30:00 PM"}};
+    for (const auto& [box, text] : header) form().txtStaInfo[box].Text = text;
     run().RunDate = "11/24/2026,02:59:58";
     for (int row = 1; row <= samples; ++row) {
       cell(row, kColRb) = Fixed(2.0 + row, 4);

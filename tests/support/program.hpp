@@ -62,12 +62,6 @@ struct Program {
     Key(screen, kKeyTab);
   }
 
-  /// `count` lines of which the first lies 0.0002 above: equal readings alone give no new SD.
-  void ReadWithNoise(double value, int count) {
-    Read(value + 0.0002);
-    Read(value, count - 1);
-  }
-
   /// `count` instrument lines, a second apart, each followed by a pass.
   void Read(double value, int count = 1) {
     for (int i = 0; i < count; ++i) {
@@ -77,13 +71,19 @@ struct Program {
     }
   }
 
-  /// Start-up, login and a new station of `samples` samples; "&Start" is up afterwards.
-  void OpenStation(int samples, const std::string& station = "93.3 70") {
+  /// Start-up and login, with the answers to what is asked then; on another program's disk if one is given.
+  void LogIn(std::initializer_list<Answer> answers, const MemoryDisk* other = nullptr) {
+    if (other != nullptr) disk.Files = other->Files, disk.Folders = other->Folders;
     Start(kelp);
     Click("frmMain", "Command1", 0);
-    Answers({Answer::Yes});
+    Answers(answers);
     Click("frmLogin", "cmdOK");
-    Type("frmCreateBase", "Text1", 1, station);
+  }
+
+  /// A new station of `samples` samples; "&Start" is up afterwards.
+  void OpenStation(int samples) {
+    LogIn({Answer::Yes});
+    Type("frmCreateBase", "Text1", 1, "93.3 70");
     Type("frmCreateBase", "Text1", 2, std::to_string(samples));
     Click("frmCreateBase", "cmdCreateBase", 0);
   }

@@ -81,12 +81,22 @@ class Analyst {
   int noise_ = 0;
 };
 
+void Configure(Desk& desk, int line, const std::string& value) {
+  RewriteField(desk.kelp.run.CfgLines[static_cast<std::size_t>(line)], Padded(value, 35, "R", "S"));
+  SaveConfig(desk.kelp);
+}
+
+// A box of the create screen.
+void FillIn(Desk& desk, int box, const std::string& text) {
+  desk.Do({.Kind = EventKind::Edit, .Place = {"frmCreateBase", "Text1", box}, .Text = text});
+}
+
 void Run(Desk& desk, Camera& camera) {
   FrmAcquire& form = desk.kelp.frmAcquire;
-  desk.Configure(kCfgStation, "90.90");
-  desk.Configure(kCfgAnalyst, "PWQ");
-  desk.Configure(kCfgRunDate, "11/24/2026 02:41:10");
-  desk.Configure(kCfgTube, "42");
+  Configure(desk, kCfgStation, "90.90");
+  Configure(desk, kCfgAnalyst, "PWQ");
+  Configure(desk, kCfgRunDate, "11/24/2026 02:41:10");
+  Configure(desk, kCfgTube, "42");
   desk.windows.SetPortState("COM1 open  9600,n,8,1");
   desk.windows.SetLastFile("q:\\vault\\2007\\0707\\chl\\chl008.csv");
   Start(desk.kelp);
@@ -99,12 +109,12 @@ void Run(Desk& desk, Camera& camera) {
   camera.Take("frmLogin", "login");
   desk.platform.QueueAnswer(Answer::Yes);
   desk.Click("frmLogin", "cmdOK");
-  desk.Type("frmCreateBase", "Text1", 1, "93.3 70");
-  desk.Type("frmCreateBase", "Text1", 2, "24");
-  desk.Type("frmCreateBase", "Text1", 3, "1");
-  desk.Type("frmCreateBase", "Text1", 4, "43");
-  desk.Type("frmCreateBase", "Text1", 5, "11/23/2026");
-  desk.Type("frmCreateBase", "Text1", 6, "21:40:00");
+  FillIn(desk, 1, "93.3 70");
+  FillIn(desk, 2, "24");
+  FillIn(desk, 3, "1");
+  FillIn(desk, 4, "43");
+  FillIn(desk, 5, "11/23/2026");
+  FillIn(desk, 6, "21:40:00");
   camera.Take("frmCreateBase", "create");
   desk.Click("frmCreateBase", "cmdCreateBase", 0);
   camera.Take("frmAcquire", "acquire-start", {1280, 690});
