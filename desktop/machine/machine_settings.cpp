@@ -79,10 +79,12 @@ DriveMap DrivesFor(const MachineSettings& settings, const Options& options) {
   return drives;
 }
 
-QString WhereDrivesLie() {
+QString WhereDrivesLie() try {
   const std::filesystem::path data = HostDataFolder();
   if (data.empty()) return QStringLiteral("A drive that is not listed is the machine's own.");
   return "A drive that is not listed lies in " + FromPath(data) + ": drive c is drive_c there.";
+} catch (const FileError& error) {
+  return QStringLiteral("A drive that is not listed has no place: ") + error.what();
 }
 
 std::string DeviceFor(int port, const MachineSettings& settings, const Options& options) {

@@ -42,7 +42,11 @@ QPrinter& ReportPrinter::Printer() {
   if (!printer_) {
     printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer_->setDocName(QStringLiteral("Fluorometer data log"));
-    if (QPrinterInfo::availablePrinterNames().contains(name_)) printer_->setPrinterName(name_);
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (names.contains(name_))
+      printer_->setPrinterName(name_);
+    else if (!names.isEmpty() && printer_->outputFormat() == QPrinter::PdfFormat)
+      printer_->setPrinterName(names.constFirst());  // the machine has named no default one
   }
   return *printer_;
 }
