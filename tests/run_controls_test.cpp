@@ -185,6 +185,8 @@ TEST(RunControls, RelocationMovesTheRunAfterTwoWarnings) {
   EXPECT_TRUE(program.run().ReadFlag);
   EXPECT_EQ(program.run().RbReading, 2.0F) << "the Ra is compared with this sample's Rb";
   EXPECT_EQ(at(4, kColRb, Answer::Yes), "4 Load Station Sample");
+  program.Key("frmAcquire", kKeySpace);
+  EXPECT_EQ(program.cell(4, kColRb), "2.0000") << "the space bar starts the reading and types nothing";
 }
 
 TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {

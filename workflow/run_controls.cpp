@@ -113,6 +113,8 @@ void datalog_DblClick(Kelp& kelp) {
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
   const bool ra = form.datalog.Col == kColRa;
   form.Command1.Caption = ra ? "Acidify" : "Load Station Sample";
+  // The next space bar is to go on with this sample, not to be typed into its cell.
+  kelp.Focus = {"frmAcquire", "Command1"};
   kelp.run.TraceColor = ra ? kTraceBlue : kTraceMagenta;
   kelp.run.ReadFlag = ra;
   // The Ra is to be compared with this sample's Rb, not with that of the sample left.
