@@ -63,7 +63,7 @@ void FrmAcquireWindow::MakeOwnWidgets() {
   ValueBox* reading = plain("txtReading", -1, 6, Qt::AlignHCenter);
   SetLook(reading, 1, true);
   reading->FillWithText(16);
-  for (int i = 0; i < 3; ++i) SetLook(plain("txtStats", i, 6, Qt::AlignRight), 1.25, true);
+  for (int i = 0; i < 3; ++i) SetLook(plain("txtStats", i, i == 0 ? 5 : 6, Qt::AlignRight), 1.25, true);
   plain("Text1", -1, 0, Qt::AlignLeft);
   for (int i = 0; i < 10; ++i) box("txtRead", i, 7, Qt::AlignRight);
   for (int k = 1; k <= 20; ++k) box("txtMean", k, 7, Qt::AlignRight)->SetUsable();
