@@ -49,8 +49,12 @@ void SetWarning(Kelp& kelp, std::string_view warning) {
 }
 
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
-  return kelp.platform.Ask({text, title, buttons, icon}) == Answer::Yes;
+  Message question{text, title, buttons, icon};
+  question.DefaultNo = icon == Icon::Critical;
+  return AskYes(kelp, question);
 }
+
+bool AskYes(Kelp& kelp, const Message& question) { return kelp.platform.Ask(question) == Answer::Yes; }
 
 void Tell(Kelp& kelp, const std::string& text, const std::string& title, Icon icon) {
   kelp.platform.Ask({text, title, Buttons::Ok, icon});

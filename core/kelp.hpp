@@ -12,6 +12,7 @@
 #include "core/screens/dialogs.hpp"
 #include "core/screens/editor.hpp"
 #include "core/screens/main_window.hpp"
+#include "core/store_note.hpp"
 #include "platform/platform.hpp"
 
 namespace kelp {
@@ -46,6 +47,7 @@ struct Kelp {
   /// Names of the visible screens, front first.
   std::vector<std::string> Shown;
   FocusPlace Focus;
+  StoreNote Note;       ///< how the value that this event stores came to be
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended
   bool Ended = false;   ///< the program has ended: front ends stop
@@ -87,9 +89,12 @@ void SetStatus(Kelp& kelp, std::string_view text);
 /// Sets, or with "" takes back, a warning that stays in front of every status text.
 void SetWarning(Kelp& kelp, std::string_view warning);
 
-/// Asks Yes/No (or Yes/No/Cancel); true for Yes only.
+/// Asks Yes/No (or Yes/No/Cancel); true for Yes only. No is the default under a critical icon.
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
             Buttons buttons = Buttons::YesNo);
+
+/// The same with every field of the message in the caller's hand.
+bool AskYes(Kelp& kelp, const Message& question);
 
 /// Tells something with an OK button.
 void Tell(Kelp& kelp, const std::string& text, const std::string& title = "", Icon icon = Icon::None);

@@ -25,6 +25,8 @@ struct Message {
   bool ReportsError = false;
   /// Tells of a failure that the program has dealt with: nothing is asked, and it is no run-time error.
   bool ReportsFailure = false;
+  /// Yes discards, overrides or leaves: the button that Enter presses is No.
+  bool DefaultNo = false;
 };
 
 /// A question for the file-open dialog: `Filter` is "Text|pattern" ("cfg Files (*.cfg)|*.cfg"),

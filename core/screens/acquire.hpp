@@ -71,6 +71,7 @@ struct FrmAcquire {
       "Jumps back one sample step - can be clicked multiple times to the beginning of the sample run"};
   Button Command5{"S&kip", "Skips to the next sample (enters -99 for both reads)"};
   Button Command6{"What's Next Tester"};
+  Button cmdUndo{"Undo", "Nothing to take back", false};
   ControlArray<OptionButton, 4> Option1{{{
       {"Begin Blank", "Run Blank(s)"},
       {"Standard", "Run Standard(s)"},
@@ -112,6 +113,7 @@ struct FrmAcquire {
     visit("Command4", self.Command4);
     visit("Command5", self.Command5);
     visit("Command6", self.Command6);
+    visit("cmdUndo", self.cmdUndo);
     visit("Option1", self.Option1);
     visit("Frame2", self.Frame2);
     visit("txtStaInfo", self.txtStaInfo);

@@ -100,7 +100,7 @@ void FrmAcquireWindow::NameWidgets() const {
 void FrmAcquireWindow::SetTabs(QWidget* soundSwitch) const {
   std::vector<QWidget*> chain;
   const auto add = [&](const char* control, int index = -1) { chain.push_back(Controls(control, index)); };
-  for (const char* button : {"Command1", "Command2", "Command4", "Command5", "Command6", "Command3"})
+  for (const char* button : {"Command1", "Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"})
     add(button);
   for (int i = 0; i < kelp_.frmAcquire.Option1.kCount; ++i) add("Option1", i);
   add("Check1");

@@ -91,7 +91,7 @@ QLayout* FrmAcquireWindow::MakeRunButtons() const {
   start->setMinimumHeight(start->fontMetrics().height() * 2);
   auto* others = new QHBoxLayout;
   others->setSpacing(4);
-  for (const char* button : {"Command2", "Command4", "Command5", "Command6", "Command3"}) {
+  for (const char* button : {"Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"}) {
     QWidget* widget = Controls(button);
     // [Pause] and [Resume] take the same room.
     widget->setMinimumWidth(
