@@ -1,43 +1,66 @@
-# make run    builds Kelp and starts it with the simulated fluorometer; without a display it plays the
-#             demo station in the terminal
-# make test   builds everything and runs all tests
-# make package   makes the Debian package, in build/package
+# make run       builds Kelp and starts it with the simulated fluorometer; without a display it plays the
+#                demo station in the terminal
+# make test      builds everything and runs all tests
+# make package   makes the Debian package, in build/package, and lets lintian look at it
+# make lint      checks format and code
+# make format    formats the code
+# make bench     builds the benchmarks, in build/bench
+# make sanitize  runs the tests below the desktop under AddressSanitizer and UndefinedBehaviorSanitizer
+# make clean     removes build/
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+
+# Warnings stop a build only where somebody looks after them: KELP_WERROR=ON make test
+KELP_WERROR ?= OFF
+CONFIGURE = cmake --log-level=WARNING -DKELP_WERROR=$(KELP_WERROR)
 
 # Ccache finds what another folder's build has compiled already.
 export CCACHE_BASEDIR = $(CURDIR)
 export CCACHE_NOHASHDIR = 1
 
-.PHONY: run test package lint format clean deps
+.PHONY: run test package lint format bench sanitize clean
 
-run: deps
-	cmake --preset release --log-level=WARNING
-	cmake --build --preset release -j $(JOBS) --target kelp_programs
+run:
+	@tools/install-deps run
+	$(CONFIGURE) --preset release
+	cmake --build --preset release -j $(JOBS)
 	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ] && [ -x build/release/desktop/kelp ]; then \
 	  build/release/desktop/kelp --simulate; \
 	else \
 	  demo/run build/release; \
 	fi
 
-test: deps
-	cmake --preset dev --log-level=WARNING
+test:
+	@tools/install-deps test
+	$(CONFIGURE) --preset dev
 	cmake --build --preset dev -j $(JOBS)
 	ctest --test-dir build/dev --output-on-failure -j $(JOBS)
 
-package: deps
-	cmake --preset release -B build/package -DKELP_TESTS=OFF -DKELP_BENCH=OFF --log-level=WARNING
+sanitize:
+	@tools/install-deps test
+	$(CONFIGURE) --preset sanitize -DKELP_DESKTOP=OFF
+	cmake --build --preset sanitize -j $(JOBS)
+	ctest --test-dir build/sanitize --output-on-failure -j $(JOBS)
+
+bench:
+	@tools/install-deps bench
+	$(CONFIGURE) --preset bench
+	cmake --build --preset bench -j $(JOBS)
+
+package:
+	@tools/install-deps package
+	$(CONFIGURE) --preset release -B build/package
 	cmake --build build/package -j $(JOBS)
 	cd build/package && cpack
+	lintian --fail-on error,warning build/package/kelp_*.deb
 
-lint: deps
+lint:
+	@tools/install-deps lint
 	tools/format --check
 	tools/lint
 
-format: deps
+format:
+	@tools/install-deps lint
 	tools/format
 
 clean:
 	rm -rf build
-
-deps:
-	@tools/install-deps
