@@ -1,6 +1,7 @@
 // kelp: the desktop program.
 #include <QApplication>
 #include <QIcon>
+#include <cstdlib>
 #include <iostream>
 
 #include "desktop/machine/command_line.hpp"
@@ -11,6 +12,15 @@
 namespace {
 
 constexpr int kWrong = 2;
+
+// Qt aborts where it finds no display; an operator wants a word and a plain end.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type != QtFatalMsg) return;
+  std::cerr << "kelp: there is no display to open a window on (DISPLAY is \""
+            << qgetenv("DISPLAY").toStdString() << "\"). kelp-console runs stations in a terminal.\n"
+            << text.toStdString() << std::endl;
+  std::_Exit(1);
+}
 
 int Play(const kelp::Options& options) {
   const kelp::ScriptResult result = kelp::PlayInWindows(options);
@@ -40,9 +50,11 @@ int main(int argc, char** argv) {
               << std::endl;
     return kWrong;
   }
+  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("kelp"));
-  QApplication::setDesktopFileName(QStringLiteral("kelp"));
+  QApplication::setDesktopFileName(QStringLiteral("org.kelp.Kelp"));
   try {
     return options.Script.empty() ? Run(options) : Play(options);
   } catch (const std::exception& error) {
