@@ -14,11 +14,10 @@ namespace {
 constexpr int kWrong = 2;
 
 // Qt aborts where it finds no display; an operator wants a word and a plain end.
-void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
   std::cerr << "kelp: there is no display to open a window on (DISPLAY is \""
-            << qgetenv("DISPLAY").toStdString() << "\"). kelp-console runs stations in a terminal.\n"
-            << text.toStdString() << std::endl;
+            << qgetenv("DISPLAY").toStdString() << "\"). kelp-console runs stations in a terminal." << std::endl;
   std::_Exit(1);
 }
 
