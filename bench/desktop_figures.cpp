@@ -23,7 +23,7 @@
 #include <fstream>
 #include <thread>
 
-#include "console/instrument_line.hpp"
+#include "acquire/instrument_line.hpp"
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/numbers.hpp"
 #include "desktop/machine/desktop_run.hpp"

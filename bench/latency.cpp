@@ -23,9 +23,9 @@
 #include <vector>
 
 #include "console/device_host.hpp"
-#include "console/instrument_line.hpp"
+#include "acquire/instrument_line.hpp"
 #include "console/posix/pseudo_terminal.hpp"
-#include "console/script_player.hpp"
+#include "script/player.hpp"
 #include "core/numbers.hpp"
 #include "platform/host.hpp"
 

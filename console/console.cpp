@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "console/noting_disk.hpp"
-#include "console/script_own_time.hpp"
-#include "console/script_player.hpp"
-#include "console/simulated_operator.hpp"
+#include "script/own_time.hpp"
+#include "script/player.hpp"
+#include "simulator/simulated_operator.hpp"
 #include "console/watch.hpp"
 #include "platform/host.hpp"
 #ifdef KELP_SERIAL

@@ -2,8 +2,8 @@
 // the script that plays on them.
 #pragma once
 
-#include "console/options.hpp"
-#include "console/script_failure.hpp"
+#include "script/options.hpp"
+#include "script/failure.hpp"
 
 namespace kelp {
 

@@ -2,7 +2,7 @@
 #include <iostream>
 
 #include "console/console.hpp"
-#include "console/options.hpp"
+#include "script/options.hpp"
 
 int main(int argc, char** argv) {
   const kelp::ConsoleOptions options = kelp::ReadOptions({argv + 1, argv + argc});

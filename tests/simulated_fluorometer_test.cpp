@@ -3,7 +3,7 @@
 
 #include <set>
 
-#include "console/simulated_fluorometer.hpp"
+#include "simulator/simulated_fluorometer.hpp"
 
 namespace kelp {
 

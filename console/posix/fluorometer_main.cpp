@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "console/posix/pseudo_terminal.hpp"
-#include "console/script_words.hpp"
-#include "console/simulated_fluorometer.hpp"
+#include "script/words.hpp"
+#include "simulator/simulated_fluorometer.hpp"
 
 namespace kelp {
 

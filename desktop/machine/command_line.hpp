@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "console/options.hpp"
+#include "script/options.hpp"
 
 namespace kelp {
 

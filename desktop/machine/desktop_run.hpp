@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "console/simulated_operator.hpp"
+#include "simulator/simulated_operator.hpp"
 #include "desktop/machine/fluorometer_line.hpp"
 #include "desktop/machine/machine_settings.hpp"
 #include "desktop/machine/noticing_disk.hpp"

@@ -6,8 +6,8 @@
 #include <iostream>
 
 #include "app/focus.hpp"
-#include "console/script_player.hpp"
-#include "console/simulated_operator.hpp"
+#include "script/player.hpp"
+#include "simulator/simulated_operator.hpp"
 #include "desktop/machine/desktop_run.hpp"
 #include "platform/host.hpp"
 

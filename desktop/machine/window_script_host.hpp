@@ -5,8 +5,8 @@
 
 #include <QElapsedTimer>
 
-#include "console/script_failure.hpp"
-#include "console/script_own_time.hpp"
+#include "script/failure.hpp"
+#include "script/own_time.hpp"
 #include "desktop/machine/command_line.hpp"
 #include "desktop/machine/script_machine.hpp"
 #include "desktop/windows/windows.hpp"

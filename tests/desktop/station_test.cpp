@@ -13,7 +13,7 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "console/instrument_line.hpp"
+#include "acquire/instrument_line.hpp"
 #include "console/posix/pseudo_terminal.hpp"
 #include "desktop/machine/desktop_run.hpp"
 #include "desktop/machine/machine_settings.hpp"

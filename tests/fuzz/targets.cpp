@@ -7,8 +7,8 @@
 #include <sstream>
 
 #include "app/door.hpp"
-#include "console/script_own_time.hpp"
-#include "console/script_player.hpp"
+#include "script/own_time.hpp"
+#include "script/player.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
 #include "files/journal_text.hpp"

@@ -9,7 +9,7 @@
 #include <random>
 
 #include "console/device_host.hpp"
-#include "console/instrument_line.hpp"
+#include "acquire/instrument_line.hpp"
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"

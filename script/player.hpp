@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "console/script_failure.hpp"
-#include "console/script_host.hpp"
-#include "console/script_target.hpp"
+#include "script/failure.hpp"
+#include "script/host.hpp"
+#include "script/target.hpp"
 
 namespace kelp {
 

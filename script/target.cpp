@@ -1,8 +1,8 @@
-#include "console/script_target.hpp"
+#include "script/target.hpp"
 
 #include <charconv>
 
-#include "console/script_words.hpp"
+#include "script/words.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

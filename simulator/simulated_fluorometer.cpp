@@ -1,10 +1,10 @@
-#include "console/simulated_fluorometer.hpp"
+#include "simulator/simulated_fluorometer.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "console/instrument_line.hpp"
+#include "acquire/instrument_line.hpp"
 #include "core/numbers.hpp"
 
 namespace kelp {

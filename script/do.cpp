@@ -1,8 +1,8 @@
 // The commands that do to the screens what an operator would do, and let time pass.
 #include "app/focus.hpp"
-#include "console/instrument_line.hpp"
-#include "console/script_player.hpp"
-#include "console/script_words.hpp"
+#include "acquire/instrument_line.hpp"
+#include "script/player.hpp"
+#include "script/words.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

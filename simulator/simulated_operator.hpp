@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "console/simulated_fluorometer.hpp"
+#include "simulator/simulated_fluorometer.hpp"
 #include "core/kelp.hpp"
 
 namespace kelp {

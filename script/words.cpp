@@ -1,4 +1,4 @@
-#include "console/script_words.hpp"
+#include "script/words.hpp"
 
 #include <charconv>
 #include <cmath>

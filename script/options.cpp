@@ -1,4 +1,4 @@
-#include "console/options.hpp"
+#include "script/options.hpp"
 
 #include <cctype>
 #include <charconv>

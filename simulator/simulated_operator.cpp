@@ -1,4 +1,4 @@
-#include "console/simulated_operator.hpp"
+#include "simulator/simulated_operator.hpp"
 
 #include "acquire/captions.hpp"
 #include "core/config.hpp"

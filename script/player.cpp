@@ -1,10 +1,10 @@
-#include "console/script_player.hpp"
+#include "script/player.hpp"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
-#include "console/script_words.hpp"
+#include "script/words.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

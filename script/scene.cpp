@@ -1,6 +1,6 @@
 // The commands that set the scene: answers to come, the serial line, the printer, files.
-#include "console/script_player.hpp"
-#include "console/script_words.hpp"
+#include "script/player.hpp"
+#include "script/words.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "console/script_host.hpp"
-#include "console/script_timer.hpp"
+#include "script/host.hpp"
+#include "script/timer.hpp"
 
 namespace kelp {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "console/script_failure.hpp"
+#include "script/failure.hpp"
 
 namespace kelp {
 

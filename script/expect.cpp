@@ -1,6 +1,6 @@
 // The commands that look at what the operator sees.
-#include "console/script_player.hpp"
-#include "console/script_words.hpp"
+#include "script/player.hpp"
+#include "script/words.hpp"
 #include "core/text.hpp"
 
 namespace kelp {

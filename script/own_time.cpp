@@ -1,4 +1,4 @@
-#include "console/script_own_time.hpp"
+#include "script/own_time.hpp"
 
 #include <algorithm>
 
