@@ -4,6 +4,7 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "core/text.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -94,7 +95,8 @@ void frmEditCFG_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) UpdateConfig(kelp);
   if (index == 1) CancelToAcquisition(kelp);
   if (index == 2 && AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
-                           Buttons::YesNoCancel))
+                           Buttons::YesNoCancel) &&
+      MayLeave(kelp))
     EndProgram(kelp);
 }
 

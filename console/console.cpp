@@ -21,10 +21,10 @@ void PrintLine(const std::string& line) { std::cout << line << std::endl; }
 
 DriveMap MapDrives(const ConsoleOptions& options) {
   const auto data = options.Drives ? std::filesystem::absolute(*options.Drives) : HostDataFolder();
-  if (!data.empty()) std::filesystem::create_directories(data);
+  if (!data.empty()) MakeHostFolder(data);
   DriveMap drives(data);
   for (const auto& [letter, folder] : options.Drive) {
-    std::filesystem::create_directories(folder);
+    MakeHostFolder(std::filesystem::absolute(folder));
     drives.SetDrive(letter, std::filesystem::absolute(folder));
   }
   return drives;
@@ -36,6 +36,8 @@ ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptio
                     const NotingDisk& disk) {
   machine.Echo = PrintLine;
   machine.SetClock(options.Clock.value_or(HostNow()));
+  machine.Machine = HostMachineName();
+  machine.User = HostUserName();
   host.Printer = PrintLine;
   Watch watch(kelp, PrintLine);
   if (options.Watch) host.Changed = [&] { watch.Look(); };

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/record_state.hpp"
 #include "core/run_state.hpp"
 #include "core/screens/acquire.hpp"
 #include "core/screens/dialogs.hpp"
@@ -31,7 +32,7 @@ struct Kelp {
   RunState run;
   ReadLoopState loop;
   TimerState Timer1;
-  JournalState journal;
+  RecordState record;
 
   FrmMain frmMain;
   FrmLogin frmLogin;

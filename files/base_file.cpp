@@ -8,11 +8,11 @@
 #include "files/ctd_import.hpp"
 #include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"
-#include "files/journal.hpp"
 #include "files/keeping_station.hpp"
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
 #include "files/table_field.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
