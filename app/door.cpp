@@ -8,6 +8,7 @@
 #include "app/main_window.hpp"
 #include "app/typing.hpp"
 #include "files/read_log.hpp"
+#include "files/station_lock.hpp"
 #include "record/record.hpp"
 #include "workflow/steps.hpp"
 
@@ -100,6 +101,7 @@ StoreNote NoteOf(const Kelp& kelp, const Event& event) {
 // stops.
 void After(Kelp& kelp, bool loggedBefore) {
   if (KeepRecord(kelp) || (loggedBefore && !Logs(kelp))) FlushReadLog(kelp);
+  kelp.Ended ? ReleaseStation(kelp) : RefreshStationLock(kelp);
 }
 
 }  // namespace
@@ -155,7 +157,11 @@ void Tick(Kelp& kelp) {
     return;
   }
   Guarded(
-      kelp, [&] { AppendReadLog(kelp); }, [&] { WriteRecord(kelp); });
+      kelp, [&] { AppendReadLog(kelp); },
+      [&] {
+        WriteRecord(kelp);
+        RefreshStationLock(kelp);
+      });
 }
 
 }  // namespace kelp

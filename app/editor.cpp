@@ -43,7 +43,11 @@ void UpdateConfig(Kelp& kelp) {
   const auto before = kelp.run.CfgLines;
   kelp.run.CfgLines = EditedLines(kelp);
   try {
-    SaveConfig(kelp);
+    if (!SaveConfig(kelp)) {
+      // What was typed stays in the boxes.
+      kelp.run.CfgLines = before;
+      return;
+    }
   } catch (const FileError&) {
     kelp.run.CfgLines = before;
     throw;

@@ -9,6 +9,7 @@
 #include "console/simulated_operator.hpp"
 #include "console/watch.hpp"
 #include "platform/host.hpp"
+#include "record/record.hpp"
 #ifdef KELP_SERIAL
 #include "console/device_host.hpp"
 #endif
@@ -76,6 +77,12 @@ ScriptResult PlayOnDevice(const ConsoleOptions& options, NotingDisk& disk) {
 ScriptResult RunConsole(const ConsoleOptions& options) {
   try {
     const DriveMap drives = MapDrives(options);
+    if (options.Record) {
+      const auto disk = MakeHostDisk(drives);
+      for (const std::string& line : ListRecord(*disk, options.Script == "-" ? "" : options.Script))
+        PrintLine(line);
+      return {};
+    }
     // Simulated readings can be had again, so that no line of them has to wait for the disk.
     const bool quick = options.Quick || options.Instrument == InstrumentKind::Simulated;
     const auto hostDisk = MakeHostDisk(drives, quick ? Appends::Quick : Appends::Flushed);

@@ -168,6 +168,14 @@ void TakeUp(Kelp& kelp) {
   Add(kelp, std::move(event));
 }
 
+// Relocated readings may lie there.
+bool HasReadingsBehindTheLastSample(const Kelp& kelp) {
+  const Grid& grid = kelp.frmAcquire.datalog;
+  for (int row = kelp.run.SampCount + 1; row < grid.Rows; ++row)
+    if (!grid.Text(row, kColRb).empty() || !grid.Text(row, kColRa).empty()) return true;
+  return false;
+}
+
 bool Keep(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
   if (StationOf(kelp.run).empty()) {
@@ -224,6 +232,11 @@ bool KeepRecord(Kelp& kelp) {
 void RecordSaved(Kelp& kelp, const std::string& rows) {
   RecordBook& book = BookOf(kelp);
   KeepRecord(kelp);
+  if (StationOf(kelp.run).empty()) return;
+  if (HasReadingsBehindTheLastSample(kelp)) {
+    SetStatus(kelp, "Readings behind the last sample are not part of the station; the record keeps them.");
+    return;
+  }
   RecordedEvent event = NewEvent(kelp, kSaved, How::Loaded);
   event.How = "";
   event.Mark = MarkOfBase(kelp);
