@@ -168,6 +168,7 @@ void frmAcquire_Load(Kelp& kelp) {
   if (!failure.empty()) TellSetUpFailure(kelp, failure);
   kelp.frmWhatsNext = FrmWhatsNext();
   frmWhatsNext_Load(kelp);
+  kelp.record.CarriedOver = false;
   OfferUnfinished(kelp);
   frmLogin_Load(kelp);
 }

@@ -159,6 +159,7 @@ void TakeUp(Kelp& kelp) {
     event.Values = AllValues(kelp);
   }
   Know(kelp);
+  kelp.record.CarriedOver = false;
   event.Mark = MarkOfBase(kelp);
   try {
     kelp.record.SavedRows = OpenRecord(kelp).SavedRows(book.Station);
@@ -222,7 +223,6 @@ bool KeepRecord(Kelp& kelp) {
     kelp.record.Unsafe = true;
     SetWarning(kelp, "READINGS ARE NOT SAFE ON THE DISK: " + std::string(error.what()) + ". ");
   }
-  kelp.record.CarriedOver = false;
   BookOf(kelp).Restored.clear();
   BookOf(kelp).Undoing = 0;
   ShowUndo(kelp);

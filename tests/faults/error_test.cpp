@@ -110,7 +110,7 @@ class Station {
     const int messages = machine_.Messages;
     work();
     const bool safe =
-        !kelp_.journal.Failed || StartsWith(kelp_.frmAcquire.StatusBar1.Text, "READINGS ARE NOT SAFE");
+        !kelp_.record.Unsafe || StartsWith(kelp_.frmAcquire.StatusBar1.Text, "READINGS ARE NOT SAFE");
     EXPECT_TRUE(safe) << what_ << ": the warning is not on the screen";
     if (TheFaults().Failures == failures) return;
     const std::string& status = kelp_.frmAcquire.StatusBar1.Text;
