@@ -60,6 +60,10 @@ Database::Database(Disk& disk, std::string path, Opening opening) : disk_(disk),
   connection_->Run(
       "PRAGMA journal_mode=PERSIST; PRAGMA synchronous=EXTRA; PRAGMA temp_store=MEMORY; PRAGMA foreign_keys=ON;");
   CheckVersion();
+  // A file that was cut off in its last page opens, and gives the rows there as if they had never been.
+  const auto size = inMemory_ ? disk.Exists(path_) ? disk.Read(path_).size() : 0 : std::filesystem::file_size(place);
+  if (size % static_cast<std::size_t>(connection_->Number("PRAGMA page_size")) != 0)
+    throw RecordError(path_, "is damaged: its end is missing", true);
 }
 
 void Database::CheckVersion() {

@@ -87,13 +87,15 @@ std::string MarkOfBase(Kelp& kelp) {
   }
 }
 
+int Rank(const std::string& place) { return place == "SampCount" ? 2 : IsCounted(place) ? 1 : 0; }
+
 // The first value of a doing that people would miss gives it its name.
 const RecordedValue* Named(const std::vector<RecordedEvent>& step) {
   const RecordedValue* named = nullptr;
   for (const RecordedEvent& event : step)
     for (const RecordedValue& value : event.Values)
       if (!value.Moved && !value.What.empty() &&
-          (named == nullptr || (!IsCounted(named->Place) && IsCounted(value.Place))))
+          (named == nullptr || Rank(value.Place) > Rank(named->Place)))
         named = &value;
   return named;
 }
@@ -110,7 +112,8 @@ std::string InWords(const std::vector<RecordedEvent>& step) {
 bool GoesOnTyping(const std::vector<RecordedEvent>& step, const RecordedEvent& event) {
   const std::string typed(WordsFor(How::Typed));
   const RecordedValue* before = Named(step);
-  const RecordedValue* now = Named({event});
+  const std::vector<RecordedEvent> alone = {event};
+  const RecordedValue* now = Named(alone);
   return step.front().How == typed && event.How == typed && before != nullptr && now != nullptr &&
          before->Place == now->Place;
 }

@@ -113,6 +113,15 @@ void PutAside(Kelp& kelp, const RunSoFar& run) {
   Add(kelp, std::move(event));
 }
 
+// What waits to be written belongs to the run as well.
+std::vector<RecordedEvent> EventsOf(Kelp& kelp, std::int64_t run) {
+  Database& record = OpenRecord(kelp);
+  std::vector<RecordedEvent> events = record.EventsOf(run);
+  for (const RecordedEvent& event : BookOf(kelp).Pending)
+    if (event.Run == run && !record.Has(event.Uid)) events.push_back(event);
+  return events;
+}
+
 // The newest run of a station with values that are in no file; one that was set aside counts too until the
 // station is saved.
 std::vector<RecordedEvent> UnsavedRun(Kelp& kelp, const std::string& station) {
@@ -121,7 +130,7 @@ std::vector<RecordedEvent> UnsavedRun(Kelp& kelp, const std::string& station) {
   for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
     if (run->Last.Kind == kSaved) return {};
     if (run->Last.Kind == kLoad) continue;
-    std::vector<RecordedEvent> events = record.EventsOf(run->Begun.Uid);
+    std::vector<RecordedEvent> events = EventsOf(kelp, run->Begun.Uid);
     if (FoldRun(events).Unsaved > 0) return events;
     for (const RecordedEvent& event : events)
       if (event.Kind == kSaved) return {};
@@ -131,9 +140,8 @@ std::vector<RecordedEvent> UnsavedRun(Kelp& kelp, const std::string& station) {
 
 void OfferEach(Kelp& kelp) {
   TakeOver(kelp);
-  Database& record = OpenRecord(kelp);
-  for (const Database::Run& open : record.OpenRuns()) {
-    const RunSoFar run = FoldRun(OpenRecord(kelp).EventsOf(open.Begun.Uid));
+  for (const Database::Run& open : OpenRecord(kelp).OpenRuns()) {
+    const RunSoFar run = FoldRun(EventsOf(kelp, open.Begun.Uid));
     if (run.Unsaved == 0 || run.IsAside) continue;
     if (AskToGoOn(kelp, run)) {
       kelp.record.Chosen = {run.Begun.Station, run.Begun.Number, run.Begun.Cruise};

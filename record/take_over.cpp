@@ -49,6 +49,7 @@ void TakeJournal(Kelp& kelp, const std::string& path) {
     RecordedEvent event = NewEvent(kelp, kWhole, How::Restored);
     event.Uid = event.Step = event.Run = UidOf(station.BaseFile + "\n" + content);
     event.Station = station.BaseFile;
+    event.Name.clear();
     event.Number = station.BaseFile.substr(station.BaseFile.rfind('\\') + 1).substr(3);
     for (const auto& [place, value] : station.Values) {
       event.Values.push_back({place, "", "", value});
