@@ -8,6 +8,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
+#include "record/record.hpp"
 #include "workflow/whats_next.hpp"
 
 namespace kelp {
@@ -167,6 +168,8 @@ void frmAcquire_Load(Kelp& kelp) {
   if (!failure.empty()) TellSetUpFailure(kelp, failure);
   kelp.frmWhatsNext = FrmWhatsNext();
   frmWhatsNext_Load(kelp);
+  kelp.record.CarriedOver = false;
+  OfferUnfinished(kelp);
   frmLogin_Load(kelp);
 }
 

@@ -51,7 +51,10 @@ void OpenNextStation(Kelp& kelp) {
     run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
     const bool saved = LoadBaseFile(kelp, run.BaseFile);
     // A station that was run already brings its own blanks and copros.
-    if (!saved) MoveEndValues(kelp);
+    if (!saved) {
+      MoveEndValues(kelp);
+      kelp.record.CarriedOver = true;
+    }
     kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
     kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
     run.ProcNumEdited = false;

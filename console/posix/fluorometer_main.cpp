@@ -61,7 +61,7 @@ class Bench {
   explicit Bench(Options options) : options_(std::move(options)), fluorometer_(options_.seed) { PlugIn(); }
   ~Bench() {
     std::error_code ignored;
-    if (!options_.link.empty()) std::filesystem::remove(options_.link, ignored);
+    if (std::filesystem::is_symlink(options_.link, ignored)) std::filesystem::remove(options_.link, ignored);
   }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
@@ -87,7 +87,14 @@ void Bench::PlugIn() {
   terminal_.reset();
   terminal_ = std::make_unique<PseudoTerminal>();
   if (!options_.link.empty()) {
-    std::filesystem::remove(options_.link);
+    // Only a link of an earlier time gives way: anything else there is somebody's file.
+    std::error_code missing;
+    const auto status = std::filesystem::symlink_status(options_.link, missing);
+    if (std::filesystem::is_symlink(status))
+      std::filesystem::remove(options_.link);
+    else if (std::filesystem::exists(status))
+      throw std::runtime_error("--link " + options_.link +
+                               ": a file or folder of that name is there; choose a name that is free");
     std::filesystem::create_symlink(terminal_->Path(), options_.link);
   }
   std::cout << terminal_->Path() << std::endl;

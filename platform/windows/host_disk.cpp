@@ -44,7 +44,7 @@ void WriteBeside(const std::string& path, const fs::path& place, const std::stri
       ::CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
   if (!file.IsOpen()) Fail(path, ::GetLastError());
   DWORD error = WriteAtOnce(file, content);
-  if (error == 0) error = Flush(file);
+  if (error == 0) error = kelp::Flush(file);
   file.Close();
   if (error == 0 && ::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL) == 0) error = ::GetLastError();
   const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0U);
@@ -83,18 +83,22 @@ bool HostDisk::Exists(const std::string& path) {
 
 bool HostDisk::IsFolder(const std::string& path) { return IsFolderThere(path, drives_.HostPath(path)); }
 
-bool HostDisk::AnyFileIn(const std::string& folder) {
-  if (!IsFolder(folder)) return false;
+bool HostDisk::AnyFileIn(const std::string& folder) { return !FilesIn(folder).empty(); }
+
+std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  if (!IsFolder(folder)) return names;
   std::error_code error;
   for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && entry != end;
        entry.increment(error)) {
     std::error_code unknown;
+    const std::u8string name = entry->path().filename().u8string();
     if (entry->is_regular_file(unknown) &&
         entry->path().filename().wstring().find(kTemporaryMark) == std::wstring::npos)
-      return true;
+      names.emplace_back(name.begin(), name.end());
   }
   if (error) Fail(folder, static_cast<DWORD>(error.value()));
-  return false;
+  return names;
 }
 
 std::string HostDisk::Read(const std::string& path) {
@@ -125,7 +129,7 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
   doubtful_.erase(place);
 }
 
-void HostDisk::Append(const std::string& path, const std::string& text) {
+void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
   if (doubtful_.contains(place) && Exists(path)) {
@@ -140,13 +144,26 @@ void HostDisk::Append(const std::string& path, const std::string& text) {
   // After the last byte was read the file stands at its end.
   DWORD error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = flushes_ ? Flush(file) : 0;
+    error = flush ? kelp::Flush(file) : 0;
+    if (error == 0 && flush) unflushed_.erase(path);
     if (error == 0) return;
     doubtful_.insert(place);
   }
   // No half line stays, and a line that is told as lost is not there twice when it is written again.
   if (!TakeBack(file, size))
     throw FileError(path, Reason(error) + " (a part of the line may be in the file)");
+  Fail(path, error);
+}
+
+void HostDisk::Flush(const std::string& path) {
+  if (unflushed_.erase(path) == 0) return;
+  const fs::path place = drives_.HostPath(path);
+  const Handle file(
+      ::CreateFileW(place.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file.IsOpen() && ::GetLastError() == ERROR_FILE_NOT_FOUND) return;
+  const DWORD error = file.IsOpen() ? kelp::Flush(file) : ::GetLastError();
+  if (error == 0) return;
+  doubtful_.insert(place);
   Fail(path, error);
 }
 
@@ -159,6 +176,16 @@ void HostDisk::Keep(const std::string& path, const std::string& newPath) {
   if (::CreateHardLinkW(newPlace.c_str(), place.c_str(), nullptr) != 0) return;
   // A memory stick knows no second names: a copy serves as well.
   WriteBeside(newPath, newPlace, Read(path), false);
+}
+
+void HostDisk::Move(const std::string& path, const std::string& newPath) {
+  const fs::path place = drives_.HostPath(path);
+  const fs::path newPlace = drives_.HostPath(newPath);
+  if (!Exists(path)) throw FileError(path, "does not exist");
+  if (Exists(newPath)) throw FileError(newPath, "exists already; choose another name");
+  if (::MoveFileExW(place.c_str(), newPlace.c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+    Fail(newPath, ::GetLastError());
+  doubtful_.erase(place);
 }
 
 void HostDisk::Remove(const std::string& path) {
