@@ -47,7 +47,8 @@ struct Kelp {
   /// Names of the visible screens, front first.
   std::vector<std::string> Shown;
   FocusPlace Focus;
-  StoreNote Note;       ///< how the value that this event stores came to be
+  StoreNote Note;         ///< how the value that this event stores came to be
+  long StoresBefore = 0;  ///< `run.Stores` when the event began
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended
   bool Ended = false;   ///< the program has ended: front ends stop
@@ -93,13 +94,18 @@ void SetWarning(Kelp& kelp, std::string_view warning);
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
             Buttons buttons = Buttons::YesNo);
 
+/// The same for a Yes that discards, overrides or leaves: the default is No.
+bool AskRisky(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
+              Buttons buttons = Buttons::YesNo);
+
 /// The same with every field of the message in the caller's hand.
 bool AskYes(Kelp& kelp, const Message& question);
 
 /// Tells something with an OK button.
 void Tell(Kelp& kelp, const std::string& text, const std::string& title = "", Icon icon = Icon::None);
 
-/// Reports a run-time error in a message box that says what failed and where.
+/// Reports a run-time error in a message box that says what failed and where, and whether anything that is
+/// stored has changed since the event began.
 void ReportError(Kelp& kelp, const RunTimeError& error);
 
 /// Ends the program: the port is left as it is, screens stay, front ends stop.

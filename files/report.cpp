@@ -17,8 +17,8 @@ std::string Halves(const std::string& left, const std::string& right) {
 }
 
 // The copros stand under the blanks, in the right half.
-std::string CoproLine(const FrmAcquire& form, const std::string& name, int box) {
-  return Halves("", "Copro " + name + ": " + form.txtBlank[box].Text + "/" + form.txtBlank[box + 1].Text);
+std::string CoproLine(const Kelp& kelp, const std::string& name, int box) {
+  return Halves("", "Copro " + name + ": " + BoxText(kelp, box) + "/" + BoxText(kelp, box + 1));
 }
 
 }  // namespace
@@ -40,14 +40,18 @@ std::vector<std::string> ReportLines(const Kelp& kelp) {
       Halves("    Read: " + read.Date + " " + read.Time, "F=" + box(kStaF) + ", tau=" + box(kStaTau)),
       Halves("    Read by: " + std::string(Trim(form.Combo1.Text)),
              "begin/end: " + BlankText(kelp, kBoxBeginBlank) + "/" + BlankText(kelp, kBoxEndBlank)),
-      CoproLine(form, run.CoproLowStd, kBoxCopro1),
-      CoproLine(form, run.CoproHighStd, kBoxCopro2),
+      CoproLine(kelp, run.CoproLowStd, kBoxCopro1),
+      CoproLine(kelp, run.CoproHighStd, kBoxCopro2),
       "",
       kResultsHeading,
       kResultsRule,
   };
   // Four blanks put the results line of the local results file under the heading.
-  for (int row = 1; row <= run.SampCount; ++row) lines.push_back("    " + ResultsLine(form.datalog, row));
+  Grid datalog = form.datalog;
+  for (int row = 1; row <= run.SampCount; ++row) {
+    for (const int col : {kColRb, kColRa}) datalog.Text(row, col) = CellText(kelp, row, col);
+    lines.push_back("    " + ResultsLine(datalog, row));
+  }
   return lines;
 }
 
