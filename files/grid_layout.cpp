@@ -51,11 +51,11 @@ void LayOutRow(Kelp& kelp, int sample, bool reopened) {
     const auto blank = code.find(' ');
     if (blank != std::string::npos) grid.Text(sample, kColFlV) = code.substr(blank + 1);
     code = CodeOf(code);
+    // Its rows have their tubes, and count none.
+    return;
   }
-  // A row that has its tube counts none.
-  if (!grid.Text(sample, kColVial).empty()) return;
   ++kelp.run.TubeNum;
-  grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
+  if (grid.Text(sample, kColVial).empty()) grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
 }
 
 // A starting bottle or vial that the operator typed numbers the rows of the station now set up.
