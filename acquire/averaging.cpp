@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kReadsBeforeOffscale = 10;
 constexpr double kLeastLimitForOffscale = 40;
+const std::string kMendLine13 = "; write 10 into configuration line 13 (number of reads to average)";
 
 // The mean of the Read boxes that hold something above 0: what is shown until the buffer is full.
 void ShowDisplayAverage(FrmAcquire& form) {
@@ -32,15 +33,21 @@ void ShowDisplayAverage(FrmAcquire& form) {
 void StoreRead(RunState& run, float reading) {
   const int slot = run.ReadIndex;
   if (slot >= static_cast<int>(run.RawReads.size()))
-    throw RunTimeError(ErrorKind::Subscript, "the number of reads to average (configuration line 13) is 0");
+    throw RunTimeError(ErrorKind::Subscript, "the number of reads to average is 0" + kMendLine13);
   run.RawReads[static_cast<std::size_t>(slot)] = reading;
+  run.ReadsInBuffer = std::min(run.ReadsInBuffer + 1, static_cast<int>(run.RawReads.size()));
   run.ReadIndex = slot == static_cast<int>(run.RawReads.size()) - 1 ? 0 : slot + 1;
 }
 
+// The box waits for the eleventh read, by when the value may be saved: mark and status bar say it at once.
 void WarnOffscale(Kelp& kelp, float reading) {
-  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit ||
-      kelp.run.LabCalRun || kelp.run.ReadCount <= kReadsBeforeOffscale)
+  std::string& mark = kelp.frmAcquire.txtStats[1].Problem;
+  mark.clear();
+  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit || kelp.run.LabCalRun)
     return;
+  mark = "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
+  SetStatus(kelp, RawText(static_cast<double>(reading)) + " is " + mark + ".");
+  if (kelp.run.ReadCount <= kReadsBeforeOffscale) return;
   const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK",
                         "Dilute the sample! Offscale!", Buttons::Ok, Icon::Critical};
   while (kelp.platform.Ask(warning) != Answer::Ok) {
@@ -58,14 +65,17 @@ double ShowSlots(FrmAcquire& form, const std::vector<float>& reads) {
   return sumsq;
 }
 
-void UpdateSd(ReadLoopState& loop, std::size_t n, double sum, double sumsq) {
-  const Counter16 divisor = static_cast<long long>(n) * (static_cast<long long>(n) - 1);
-  // A single read has no SD: the previous one stays.
-  if (divisor == 0) return;
+void UpdateSd(Kelp& kelp, std::size_t n, double sum, double sumsq) {
+  kelp.run.SdIsValid = false;
+  const long long product = static_cast<long long>(n) * (static_cast<long long>(n) - 1);
+  if (product > 32767)
+    throw RunTimeError(ErrorKind::Overflow, "no SD can be had of " + std::to_string(n) + " reads" + kMendLine13);
+  if (product == 0) throw RunTimeError(ErrorKind::DivisionByZero, "a single read has no SD" + kMendLine13);
   // The 10 is a constant and not N: with N = 10 this is the sample variance, with any other N it
   // stays as the analysts' criterion was tuned to it.
-  const double q = std::abs((10 * sumsq - sum * sum) / divisor);
-  if (q > 0) loop.Sd = std::sqrt(q);
+  const double q = std::abs((10 * sumsq - sum * sum) / static_cast<double>(product));
+  if (q > 0) kelp.loop.Sd = std::sqrt(q);
+  kelp.run.SdIsValid = true;
 }
 
 void FillMeanBox(Kelp& kelp) {
@@ -87,7 +97,7 @@ void UpdateStatistics(Kelp& kelp) {
   for (const float read : run.RawReads) sum += read;
   run.CurReading = static_cast<float>(sum / static_cast<double>(run.RawReads.size()));
   const double sumsq = ShowSlots(kelp.frmAcquire, run.RawReads);
-  UpdateSd(kelp.loop, run.RawReads.size(), sum, sumsq);
+  UpdateSd(kelp, run.RawReads.size(), sum, sumsq);
   kelp.frmAcquire.txtReading.Text = SavedText(run.CurReading);
   FillMeanBox(kelp);
 }
@@ -96,16 +106,14 @@ void UpdateStatistics(Kelp& kelp) {
 
 void SizeReadBuffer(RunState& run) {
   run.RawReads.assign(static_cast<std::size_t>(std::max(0, int{run.ReadsToAverage})), 0);
-  run.ReadIndex = 0;
+  ClearRawReads(run);
 }
 
-void ClearRawReads(RunState& run) {
-  std::fill(run.RawReads.begin(), run.RawReads.end(), 0.0F);
-  run.ReadCount = 0;
-  run.ReadIndex = 0;
+bool AverageExists(const RunState& run) {
+  if (run.RawReads.empty() || run.ReadsInBuffer < static_cast<int>(run.RawReads.size())) return false;
+  return run.RawReads.back() != 0 ||
+         std::all_of(run.RawReads.begin(), run.RawReads.end(), [](float read) { return read == 0; });
 }
-
-bool AverageExists(const RunState& run) { return !run.RawReads.empty() && run.RawReads.back() != 0; }
 
 void TakeReading(Kelp& kelp, float reading) {
   RunState& run = kelp.run;
@@ -117,9 +125,17 @@ void TakeReading(Kelp& kelp, float reading) {
   DropRead(kelp.loop.Accumulator);
   const auto start = Left(form.Command1.Caption, 4);
   if (start == "Read" || start == "Save") ++run.ReadCount;
-  StoreRead(run, reading);
-  WarnOffscale(kelp, reading);
-  UpdateStatistics(kelp);
+  try {
+    StoreRead(run, reading);
+    WarnOffscale(kelp, reading);
+    UpdateStatistics(kelp);
+  } catch (const RunTimeError&) {
+    // Told once: at every reading there would be no way to a mended configuration.
+    if (!run.ErrorIsTold) {
+      run.ErrorIsTold = true;
+      throw;
+    }
+  }
   form.txtStats[2].Text = SdText(kelp.loop.Sd);
   UpdateSaveCaption(kelp);
 }

@@ -9,16 +9,13 @@ namespace kelp {
 /// Gives the ring buffer N = `ReadsToAverage` slots, all 0.
 void SizeReadBuffer(RunState& run);
 
-/// Sets every slot of the ring buffer and the read counter and index to 0, so that the next item's
-/// mean begins with its own first read.
-void ClearRawReads(RunState& run);
-
-/// True when the ring buffer has been filled: an average exists. A last slot of exactly 0 counts as
-/// not yet filled.
+/// True when the ring buffer has been filled since it was cleared: an average exists. A last slot of exactly 0
+/// counts as not yet filled, unless all reads are 0, as those of a zeroed instrument on acetone are.
 bool AverageExists(const RunState& run);
 
 /// Takes one reading through display, chart, counter, ring buffer, mean and SD, in that order.
-/// Overflow when N x (N - 1) leaves 16 bits (N of 182 or more), Subscript when N is 0.
+/// Throws, once a step, what configuration line 13 makes impossible: Overflow when N x (N - 1) leaves 16 bits
+/// (N of 182 or more), Division by zero when N is 1, Subscript when N is 0. There is no SD then.
 void TakeReading(Kelp& kelp, float reading);
 
 /// Empties the statistics, Mean and Read boxes.

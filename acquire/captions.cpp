@@ -1,83 +1,87 @@
 #include "acquire/captions.hpp"
 
 #include "core/numbers.hpp"
-#include "core/text.hpp"
+#include "core/start_button.hpp"
 
 namespace kelp {
 
 namespace {
 
 constexpr float kRaMargin = 0.1F;
+constexpr const char* kRaIsHigh = "Ra greater than Rb... Wait...\nor press spacebar to accept Ra value.";
 constexpr const char* kWaitTip = "Wait for minimum number of reads";
-
-void SetButton(FrmAcquire& form, const std::string& caption, const std::string& tip) {
-  form.Command1.Caption = caption;
-  form.Command1.ToolTipText = tip;
-}
 
 void WaitForFall(Kelp& kelp) {
   if (!kelp.frmAcquire.Check1.Value || kelp.run.RaAccepted) return;
   const auto shown = static_cast<float>(Val(kelp.frmAcquire.txtReading.Text));
-  if (shown <= kelp.run.RbReading + kRaMargin) return;
+  if (shown <= kelp.run.RbReading + kRaMargin) {
+    if (Said(kelp) == kRaIsHigh) Say(kelp, "Press <spacebar> when reading is stable or wait for Autoread.");
+    return;
+  }
   kelp.run.ReadCount = 0;
-  kelp.frmAcquire.Text4.Text = "Ra greater than Rb... Wait...\nor press spacebar to accept Ra value.";
+  Say(kelp, kRaIsHigh);
+}
+
+// The button came to read an item that nobody has loaded: what is in the holder is something else.
+std::string NotLoaded(const Kelp& kelp) {
+  return "Sample " + std::to_string(int{kelp.run.SampNum}) +
+         " was not loaded. Put it in, then press <spacebar> or click [" + kelp.frmAcquire.Command1.Caption + "].";
 }
 
 }  // namespace
 
-bool HoldsName(std::string_view text, std::string_view name) { return !name.empty() && Contains(text, name); }
+bool WaitsForRa(const Kelp& kelp) {
+  return ButtonRow(kelp).What == Item::Ra && Said(kelp) == kRaIsHigh;
+}
 
 void UpdateSaveCaption(Kelp& kelp) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  const std::string caption = form.Command1.Caption;
   if (run.ReadCount < run.MinReads) return;
-  if (run.StepName == "STANDARD") {
-    if (Contains(caption, "High"))
-      SetButton(form, "Save High Standard", "Click to Save High Standard");
-    else if (Contains(caption, "Low"))
-      SetButton(form, "Save Low Standard", "Click to Save Low Standard");
-  } else if (run.StepName == "COPROS") {
-    for (const std::string& name : {run.CoproHighStd, run.CoproLowStd}) {
-      if (!HoldsName(caption, name)) continue;
-      SetButton(form, "Save " + name, "Click to Save Reading of " + name);
-      break;
-    }
-  } else if (run.StepName == "SAMPLE" || run.StepName == "ADDED") {
-    if (!run.ReadFlag) {
-      SetButton(form, "Save Rb", "Click to Save Rb");
+  const CaptionRow& row = ButtonRow(kelp);
+  // Only what is being read turns into a save: a "Load..." caption waits for its click, whatever the count.
+  if (row.Does != Phase::Read || !run.Loaded) return;
+  const auto set = [&](const std::string& caption, const std::string& tip) {
+    SetButton(kelp, {.Caption = caption, .Tip = tip, .SecondCopro = row.What == Item::Copro2});
+  };
+  switch (row.What) {
+    case Item::HighStandard: set("Save High Standard", "Click to Save High Standard"); break;
+    case Item::LowStandard: set("Save Low Standard", "Click to Save Low Standard"); break;
+    case Item::Copro1: set("Save " + run.CoproLowStd, "Click to Save Reading of " + run.CoproLowStd); break;
+    case Item::Copro2: set("Save " + run.CoproHighStd, "Click to Save Reading of " + run.CoproHighStd); break;
+    case Item::Rb:
+      set("Save Rb", "Click to Save Rb");
       run.ReadFlag = true;
-    } else if (StartsWith(caption, "Read")) {
-      SetButton(form, "Save Ra", "Click to Save Ra");
-    }
-  } else if (run.StepName == "BLANK") {
-    SetButton(form, "Save &Blank", "Click to Save Blank");
+      break;
+    case Item::Ra: set("Save Ra", "Click to Save Ra"); break;
+    case Item::Blank: set("Save &Blank", "Click to Save Blank"); break;
+    case Item::None: break;
   }
 }
 
 void UpdateInstruction(Kelp& kelp) {
-  FrmAcquire& form = kelp.frmAcquire;
-  const std::string& caption = form.Command1.Caption;
-  if (!StartsWith(caption, "Reading ")) return;
-  const std::string_view item = std::string_view(caption).substr(8);
-  const auto say = [&](const std::string& what) { form.Text4.Text = "Reading and averaging " + what; };
-  if (item == "Low Standard") {
-    say("low standard signal...");
-  } else if (item == "High Standard") {
-    say("high standard signal...");
-  } else if (item == "Station Sample") {
-    say("initial sample signal...");
-    form.Command1.ToolTipText = kWaitTip;
-  } else if (item == "Sample") {
-    say("sample signal...Wait.");
-    form.Command1.ToolTipText = kWaitTip;
-  } else if (item == "Ra") {
-    form.Command1.ToolTipText = kWaitTip;
-    WaitForFall(kelp);
-  } else if (item == kelp.run.CoproLowStd) {
-    say(kelp.run.CoproLowStd + "...");
-  } else if (item == "Copro2" || item == kelp.run.CoproHighStd) {
-    say(kelp.run.CoproHighStd + "...");
+  const CaptionRow& row = ButtonRow(kelp);
+  if (row.Does != Phase::Read) return;
+  if (!kelp.run.Loaded) {
+    Say(kelp, NotLoaded(kelp));
+    return;
+  }
+  const std::string& caption = kelp.frmAcquire.Command1.Caption;
+  const auto say = [&](const std::string& what) { Say(kelp, "Reading and averaging " + what); };
+  switch (row.What) {
+    case Item::LowStandard: say("low standard signal..."); break;
+    case Item::HighStandard: say("high standard signal..."); break;
+    case Item::Copro1: say(kelp.run.CoproLowStd + "..."); break;
+    case Item::Copro2: say(kelp.run.CoproHighStd + "..."); break;
+    case Item::Rb:
+      if (caption == "Reading Station Sample") say("initial sample signal...");
+      if (caption == "Reading Sample") say("sample signal...Wait.");
+      kelp.frmAcquire.Command1.ToolTipText = kWaitTip;
+      break;
+    case Item::Ra:
+      kelp.frmAcquire.Command1.ToolTipText = kWaitTip;
+      WaitForFall(kelp);
+      break;
+    default: break;
   }
 }
 

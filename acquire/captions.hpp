@@ -6,14 +6,14 @@
 
 namespace kelp {
 
-/// A text holds the name of a copro; an empty name is held by nothing.
-bool HoldsName(std::string_view text, std::string_view name);
-
-/// Turns the button into the step's Save button once the minimum number of reads is reached.
+/// Turns the button into the step's Save button once the minimum number of reads of a loaded item is reached.
 void UpdateSaveCaption(Kelp& kelp);
 
 /// Sets the instruction text by the caption. With Autoread on, an Ra above Rb + 0.1 that was not
 /// accepted starts its count again.
 void UpdateInstruction(Kelp& kelp);
+
+/// The screen offers the space bar for an Ra above Rb.
+bool WaitsForRa(const Kelp& kelp);
 
 }  // namespace kelp

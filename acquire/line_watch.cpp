@@ -13,7 +13,7 @@ void TryAgain(Kelp& kelp, std::int64_t now) {
   ReadLoopState& loop = kelp.loop;
   if (now - loop.LastTryAt < kRetryAfter) return;
   loop.LastTryAt = now;
-  const int port = ToInt16(CfgNumber(kelp.run, kCfgComport));
+  const int port = CfgInt16(kelp.run, kCfgComport);
   const std::string trouble = kelp.platform.OpenPort(port, CfgValue(kelp.run, kCfgPortSettings));
   loop.Silent = true;
   if (trouble.empty()) {

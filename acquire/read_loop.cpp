@@ -46,8 +46,7 @@ void StartReadLoop(Kelp& kelp) {
   loop.StopFlag = false;
   loop.Sd = 0;
   loop.UpperLimit = static_cast<float>(CfgNumber(kelp.run, kCfgUpperLimit, 6));
-  kelp.run.ReadCount = 0;
-  kelp.run.ReadIndex = 0;
+  ClearRawReads(kelp.run);
   kelp.run.ReadFlag = false;
   kelp.run.ReadInProgress = false;
   StartLineWatch(kelp);
@@ -67,7 +66,7 @@ bool ReadPass(Kelp& kelp) {
 
 bool OpenSerialPort(Kelp& kelp) {
   if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
-  const int number = ToInt16(CfgNumber(kelp.run, kCfgComport));
+  const int number = CfgInt16(kelp.run, kCfgComport);
   const std::string trouble = kelp.platform.OpenPort(number, CfgValue(kelp.run, kCfgPortSettings));
   if (trouble.empty()) {
     kelp.loop.PortOpened = true;

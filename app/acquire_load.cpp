@@ -5,6 +5,7 @@
 #include "acquire/averaging.hpp"
 #include "app/main_window.hpp"
 #include "core/config.hpp"
+#include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
@@ -15,26 +16,17 @@ namespace kelp {
 
 namespace {
 
+// Nothing of the run before is found in the next, whatever it was doing.
 void ResetRun(Kelp& kelp) {
   RunState& run = kelp.run;
-  CloseStationFiles(run);
-  run.RunStarted = false;
-  run.StartUp = true;
-  run.BeginBlankText.clear();
-  run.EndBlankText.clear();
-  run.ResultsSaved = false;
-  run.StepName = "BLANK";
-  run.LabCalRun = false;
-  run.SampNum = 1;
-  run.TraceColor = kTraceMagenta;
-  run.RaAccepted = false;
-  run.ReadFlag = false;
-  run.ReadInProgress = false;
-  run.BottleEdited = false;
-  run.VialEdited = false;
-  run.ProcNumEdited = false;
+  const std::string procNum = run.ProcNum;
+  run.station() = {};
+  run.ProcNum = procNum;
+  const DateAndTime filtered = SplitDateTime(CfgValue(run, kCfgFiltration));
+  run.CtdDate = filtered.Date;
+  run.CtdTime = filtered.Time;
+  ++run.Stores;
   run.TubeNum = ToInt16(Val(kelp.frmMain.Text1[4].Text));
-  run.ReadCount = 0;
 }
 
 void FillHeaderBoxes(Kelp& kelp) {
@@ -105,9 +97,9 @@ void TakeProcNum(Kelp& kelp) {
 }
 
 void TakeReadSettings(RunState& run) {
-  run.ReadsToAverage = ToInt16(CfgNumber(run, kCfgReadsToAverage));
+  run.ReadsToAverage = CfgInt16(run, kCfgReadsToAverage);
   SizeReadBuffer(run);
-  run.MinReads = ToInt16(CfgNumber(run, kCfgMinReads));
+  run.MinReads = CfgInt16(run, kCfgMinReads);
 }
 
 // Each step is carried out even when one before it failed: what can be set up is set up. Returns what
@@ -122,7 +114,7 @@ std::string SetUp(Kelp& kelp) {
       [&] { TakeReadSettings(run); },
       [&] { TakeProcNum(kelp); },
       [&] { TakeStandards(kelp); },
-      [&] { run.ReadInterval = ToInt16(CfgNumber(run, kCfgReadInterval)); },
+      [&] { run.ReadInterval = CfgInt16(run, kCfgReadInterval); },
       [&] { CheckLocalBackup(kelp); },
       [&] { FillOperators(kelp); },
   };
@@ -137,13 +129,14 @@ std::string SetUp(Kelp& kelp) {
   return failure;
 }
 
-// The words of the port failure serve for any failure of the set-up; a positive number has its leading
-// blank here.
+// The words of the port failure serve for any failure of the set-up, whose reason stands in the title; a positive
+// number has its leading blank here.
 void TellSetUpFailure(Kelp& kelp, const std::string& failure) {
   SetStatus(kelp, failure);
   const std::string port = Fixed(CfgNumber(kelp.run, kCfgComport), 0);
   Tell(kelp, std::string(" CommPort") + (port.starts_with('-') ? "" : " ") + port +
-                 " is not talking, fix then restart.");
+                 " is not talking, fix then restart.",
+       failure);
 }
 
 }  // namespace
@@ -159,11 +152,14 @@ bool ClaimDrives(Kelp& kelp) {
 }
 
 void frmAcquire_Load(Kelp& kelp) {
-  HideScreen(kelp, "frmAcquire");
+  // A dialog of the run before would stay as a window that nothing belongs to.
+  for (const char* screen : {"frmAcquire", "frmWhatsNext", "dlgRunRem", "frmChangeStep", "frmRecalc",
+                             "frmCreateBase", "frmProgress"})
+    HideScreen(kelp, screen);
   kelp.frmAcquire = FrmAcquire();
   kelp.frmAcquire.Form.Loaded = true;
   kelp.Timer1.Enabled = false;
-  kelp.loop.Running = false;
+  kelp.loop = {.PortOpened = kelp.loop.PortOpened};
   const std::string failure = SetUp(kelp);
   if (!failure.empty()) TellSetUpFailure(kelp, failure);
   kelp.frmWhatsNext = FrmWhatsNext();

@@ -21,6 +21,8 @@ namespace {
 template <class Handler, class Before>
 void Guarded(Kelp& kelp, const Handler& handler, const Before& before) {
   std::optional<RunTimeError> failure;
+  kelp.Note = {};
+  kelp.StoresBefore = kelp.run.Stores;
   try {
     handler();
   } catch (const RunTimeError& error) {

@@ -64,7 +64,8 @@ void CancelToAcquisition(Kelp& kelp) {
   if (!loaded && !ClaimDrives(kelp)) return;
   if (!loaded) frmAcquire_Load(kelp);
   ShowScreen(kelp, "frmAcquire");
-  if (!loaded) ShowScreen(kelp, "frmLogin");
+  // Whoever has not logged in yet finds the login in front.
+  if (!loaded || kelp.frmLogin.Form.Visible) ShowScreen(kelp, "frmLogin");
 }
 
 }  // namespace
@@ -98,8 +99,9 @@ void frmEditCFG_CruiseLostFocus(Kelp& kelp) {
 void frmEditCFG_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) UpdateConfig(kelp);
   if (index == 1) CancelToAcquisition(kelp);
-  if (index == 2 && AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
-                           Buttons::YesNoCancel) &&
+  if (index == 2 &&
+      AskRisky(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
+               Buttons::YesNoCancel) &&
       MayLeave(kelp))
     EndProgram(kelp);
 }

@@ -2,6 +2,7 @@
 
 #include "app/editor.hpp"
 #include "core/text.hpp"
+#include "files/base_file.hpp"
 #include "workflow/run_controls.hpp"
 
 namespace kelp {
@@ -12,6 +13,7 @@ void Leave(Kelp& kelp, const FocusPlace& place) {
   const Window* window = FindWindow(kelp, place.Screen);
   if (window == nullptr || !window->Visible) return;
   if (IsAt(place, "frmAcquire", "txtStaInfo")) txtStaInfo_LostFocus(kelp, place.Index);
+  if (IsAt(place, "frmCreateBase", "Text1")) CreateBox_LostFocus(kelp, place.Index);
   if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox &&
       kelp.frmEditCFG.CruiseEdited) {
     kelp.frmEditCFG.CruiseEdited = false;

@@ -3,6 +3,7 @@
 #include "app/acquire_load.hpp"
 #include "app/editor.hpp"
 #include "core/config.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "record/record.hpp"
@@ -55,6 +56,7 @@ void ReloadConfig(Kelp& kelp) {
   LoadConfig(kelp);
   FillBoxes(kelp, 10);
   TakeLastStation(kelp.run);
+  TellConfigTroubles(kelp);
   Tell(kelp, "New kelp.cfg loaded.");
 }
 
@@ -69,11 +71,12 @@ void FrmMain_Load(Kelp& kelp) {
   }
   FillBoxes(kelp, 20);
   TakeLastStation(kelp.run);
+  TellConfigTroubles(kelp);
   ShowScreen(kelp, "frmMain");
 }
 
 void QuitFromMain(Kelp& kelp) {
-  if (AskYes(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel) &&
+  if (AskRisky(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel) &&
       MayLeave(kelp))
     EndProgram(kelp);
 }
@@ -109,9 +112,11 @@ void cmdOK_Click(Kelp& kelp) {
   run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
   run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
   if (kelp.record.Chosen) TakeChosenStation(kelp);
+  run.LoginInitials = initials;
   LoadBaseFile(kelp, run.BaseFile);
   kelp.frmAcquire.Combo1.Text = initials;
-  kelp.frmAcquire.Command1.Caption = "&Start";
+  SetButton(kelp, {.Caption = "&Start"});
+  TellConfigTroubles(kelp);
   UnloadScreen(kelp, "frmLogin", kelp.frmLogin);
 }
 

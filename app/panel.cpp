@@ -1,31 +1,30 @@
 #include "app/panel.hpp"
 
-#include "acquire/captions.hpp"
+#include "acquire/save_check.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "workflow/record.hpp"
-#include "workflow/steps.hpp"
 
 namespace kelp {
 
 namespace {
 
-int BoxOfStep(const Kelp& kelp) {
-  const std::string& step = kelp.run.StepName;
-  if (step == "BLANK" || step == "STANDARD") return RecordBox(kelp, "0");
-  if (step != "COPROS") return -1;
-  // A caption that holds the second copro's name reads that one, every other the first.
-  return RecordBox(kelp, HoldsName(kelp.frmAcquire.Command1.Caption, kelp.run.CoproHighStd) ? "2" : "1");
-}
-
-bool AcidIsIn(const std::string& caption) {
-  return StartsWith(caption, "Acidif") || EndsWith(caption, " Ra");
+int BoxOfItem(const Kelp& kelp, Item item) {
+  switch (item) {
+    case Item::Blank:
+    case Item::LowStandard:
+    case Item::HighStandard: return RecordBox(kelp, "0");
+    case Item::Copro1: return RecordBox(kelp, "1");
+    case Item::Copro2: return RecordBox(kelp, "2");
+    default: return -1;
+  }
 }
 
 // The step selector only says where a run starts; this says where it stands.
 std::string StepOf(const Kelp& kelp, const PanelState& panel) {
-  std::string step = kelp.run.StepName;
+  std::string step = StepUnderWay(kelp);
   if (panel.Col >= 0)
     step += " " + std::to_string(panel.Row) + ": " + kelp.frmAcquire.datalog.Text(0, panel.Col);
   else if (panel.Box >= 0)
@@ -48,9 +47,10 @@ PanelState PanelOf(const Kelp& kelp) {
                   std::string(Trim(form.txtStaInfo[kStaLineSta].Text));
   panel.Samples = run.SampCount > 0 ? int{run.SampCount} : 0;
   if (run.SampNum >= 1 && run.SampNum <= panel.Samples) panel.Sample = panel.Row = run.SampNum;
-  const bool sampleStep = run.StepName == "SAMPLE" || run.StepName == "ADDED";
-  if (sampleStep && panel.Row > 0) panel.Col = AcidIsIn(form.Command1.Caption) ? kColRa : kColRb;
-  panel.Box = BoxOfStep(kelp);
+  const Item item = ButtonRow(kelp).What;
+  if (panel.Row > 0 && item == Item::Rb) panel.Col = kColRb;
+  if (panel.Row > 0 && item == Item::Ra) panel.Col = kColRa;
+  panel.Box = BoxOfItem(kelp, item);
   panel.Step = StepOf(kelp, panel);
   return panel;
 }

@@ -15,11 +15,7 @@ namespace kelp {
 namespace {
 
 void ResetProgram(Kelp& kelp) {
-  if (!AskYes(kelp, "This will reset the program! Y/N?", "Reset Program?") || !MayLeave(kelp)) return;
-  kelp.frmAcquire.Command1.Caption = "&Start";
-  kelp.run.StepName = "BLANK";
-  ClearTable(kelp.run);
-  kelp.run.ReadFlag = false;
+  if (!AskRisky(kelp, "This will reset the program! Y/N?", "Reset Program?") || !MayLeave(kelp)) return;
   frmAcquire_Load(kelp);
 }
 
@@ -85,14 +81,21 @@ void PressKey(Kelp& kelp, const std::string& screen, int key) {
 
 void EditControl(Kelp& kelp, const FocusPlace& place, const std::string& text) {
   const ControlRef control = ControlAt(kelp, place);
-  if (const auto* grid = std::get_if<Grid*>(&control)) {
-    if ((*grid)->Row >= 1) (*grid)->Text((*grid)->Row, (*grid)->Col) = text;
+  if (std::holds_alternative<Grid*>(control)) {
+    datalog_Change(kelp, text);
     return;
   }
   if (ValueOf(control) == text) return;
+  if (IsAt(place, "frmAcquire", "txtBlank")) {
+    txtBlank_Change(kelp, place.Index, text);
+    return;
+  }
+  if (IsAt(place, "frmAcquire", "txtStaInfo")) {
+    txtStaInfo_Change(kelp, place.Index, text);
+    return;
+  }
   if (const auto* box = std::get_if<TextBox*>(&control)) (*box)->Text = text;
   if (const auto* combo = std::get_if<ComboBox*>(&control)) (*combo)->Text = text;
-  if (IsAt(place, "frmAcquire", "txtStaInfo")) txtStaInfo_Change(kelp, place.Index);
   if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox)
     kelp.frmEditCFG.CruiseEdited = true;
   if (IsAt(place, "frmMain", "Text1") && place.Index == 4) kelp.frmMain.LastTube = text;

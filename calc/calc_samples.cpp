@@ -6,6 +6,7 @@
 #include "calc/pigments.hpp"
 #include "core/numbers.hpp"
 #include "core/results_line.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -26,7 +27,9 @@ PigmentInput RowInput(const Kelp& kelp, int row) {
   return in;
 }
 
-void WriteResults(Grid& grid, int row, const Pigments& results) {
+void WriteResults(Kelp& kelp, int row, const Pigments& results) {
+  Grid& grid = kelp.frmAcquire.datalog;
+  ++kelp.run.Stores;
   grid.Text(row, kColChla) = ResultText(results.Chla);
   grid.Text(row, kColPhaeo) = ResultText(results.Phaeo);
   grid.Text(row, kColAcidR) = RatioText(results.AcidR);
@@ -43,16 +46,22 @@ void AppendResults(Kelp& kelp, const std::string& lines) {
 }
 
 // The sample just finished: the pointer has moved on to the next sample unless the run stands at
-// its start or its end. A row of 0 is no sample.
+// its start or its end. Before the first sample the grid's current row is taken, and the pointer follows it,
+// inside the station. A row of 0 is no sample.
 int CurrentRow(Kelp& kelp) {
+  RunState& run = kelp.run;
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
   const int adjustment = caption != "&Start" && caption != "What's Next" ? -1 : 0;
-  int row = kelp.run.SampNum + adjustment;
+  int row = run.SampNum + adjustment;
   if (row < 1) {
     row = kelp.frmAcquire.datalog.Row;
-    kelp.run.SampNum = row >= 1 ? row - adjustment : 1;
+    MoveToSample(kelp, std::clamp(row >= 1 ? row - adjustment : 1, 1, std::max(1, int{run.SampCount})));
+    SetStatus(kelp, "Row " + std::to_string(row) + " of the grid is calculated. The run stands at sample " +
+                        std::to_string(int{run.SampNum}) + " now.");
   }
-  return row;
+  if (row <= run.SampCount) return row;
+  SetStatus(kelp, "Row " + std::to_string(row) + " is no sample of this station: nothing is calculated.");
+  return 0;
 }
 
 void FallBackOnStoredBlank(Kelp& kelp) {
@@ -69,21 +78,24 @@ void CalcGuardedRow(Kelp& kelp, int row) {
   FallBackOnStoredBlank(kelp);
   const PigmentInput in = RowInput(kelp, row);
   const bool negative = in.Rb < 0 || in.Ra < 0;
-  WriteResults(kelp.frmAcquire.datalog, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
+  WriteResults(kelp, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
 }
 
 }  // namespace
 
 void CalcCurrentSample(Kelp& kelp) {
   const int row = CurrentRow(kelp);
-  if (row < 1) return;
-  WriteResults(kelp.frmAcquire.datalog, row, CalcPigments(RowInput(kelp, row)));
+  if (row >= 1) CalcRow(kelp, row);
+}
+
+void CalcRow(Kelp& kelp, int row) {
+  WriteResults(kelp, row, CalcPigments(RowInput(kelp, row)));
   AppendResults(kelp, ResultsText(kelp, row));
 }
 
 void CalcAllSamples(Kelp& kelp) {
   RunState& run = kelp.run;
-  run.SampNum = std::max(1, int{run.SampCount});
+  MoveToSample(kelp, std::max(1, int{run.SampCount}));
   std::string lines;
   std::string failedRows;
   std::optional<RunTimeError> failure;
@@ -97,6 +109,7 @@ void CalcAllSamples(Kelp& kelp) {
       failedRows += (failedRows.empty() ? "" : ", ") + std::to_string(row);
     }
   }
+  SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) + " now.");
   ShowScreen(kelp, "frmWhatsNext");
   try {
     // All lines in one write: a flush for each would keep the operator waiting.

@@ -4,6 +4,7 @@
 
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -57,6 +58,11 @@ bool MayOverwrite(Kelp& kelp, const std::string& content) {
   return AskYes(kelp, question);
 }
 
+// What is longer than its field would overwrite the line's number and description.
+std::string Field(std::string_view value, std::size_t width) {
+  return Padded(Left(Trim(value), width), width, "R", "S");
+}
+
 }  // namespace
 
 std::string CfgValue(const RunState& run, int line, std::size_t width) {
@@ -64,6 +70,15 @@ std::string CfgValue(const RunState& run, int line, std::size_t width) {
 }
 
 double CfgNumber(const RunState& run, int line, std::size_t width) { return Val(CfgValue(run, line, width)); }
+
+int CfgInt16(const RunState& run, int line) {
+  try {
+    return ToInt16(CfgNumber(run, line));
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.kind(), "configuration line " + std::to_string(line) + " is \"" + CfgValue(run, line) +
+                                         "\", which is no number from -32768 to 32767; mend it in kelp.cfg");
+  }
+}
 
 void RewriteField(std::string& line, std::string_view text) {
   if (line.size() < text.size())
@@ -110,16 +125,16 @@ void SaveStationConfig(Kelp& kelp) {
   if (Val(run.ProcNum) < 990) {
     auto lines = run.CfgLines;
     RewriteField(lines[kCfgProcNum], NextProcNum(run.ProcNum));
-    RewriteField(lines[kCfgStation], Padded(Trim(form.txtStaInfo[kStaLineSta].Text), 30, "R", "S"));
-    RewriteField(lines[kCfgAnalyst], Padded(Trim(form.Combo1.Text), 3, "R", "S"));
-    RewriteField(lines[kCfgTube], Padded(std::to_string(int{run.TubeNum}), 3, "L", "S"));
+    RewriteField(lines[kCfgStation], Field(form.txtStaInfo[kStaLineSta].Text, 30));
+    RewriteField(lines[kCfgAnalyst], Field(form.Combo1.Text, 3));
+    RewriteField(lines[kCfgTube], Left(Padded(std::to_string(int{run.TubeNum}), 3, "L", "S"), 3));
     RewriteField(lines[kCfgFiltration], std::string(Trim(form.txtStaInfo[kStaFiltDate].Text)) + " " +
                                             std::string(Trim(form.txtStaInfo[kStaFiltTime].Text)));
     RewriteField(lines[kCfgRunDate], run.RunDate);
     for (std::string& line : lines) line = OneField(line, false);
     run.CfgLines = lines;
   }
-  form.Text4.Text = "Saving Station " + run.ProcNum;
+  Say(kelp, "Saving Station " + run.ProcNum);
   form.txtStaInfo[kStaVial].Text = std::to_string(int{run.TubeNum});
   SaveConfig(kelp);
 }

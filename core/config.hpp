@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/kelp.hpp"
 
@@ -58,6 +59,9 @@ std::string CfgValue(const RunState& run, int line, std::size_t width = 30);
 /// The number at the start of a line's value; 0 when there is none.
 double CfgNumber(const RunState& run, int line, std::size_t width = 30);
 
+/// The same as a 16-bit integer, rounded half to even. Overflow, naming the line, outside the range.
+int CfgInt16(const RunState& run, int line);
+
 /// Writes `text` over the first characters of a line and keeps the rest. Overflow when the line is
 /// shorter than the text: the layout would be lost.
 void RewriteField(std::string& line, std::string_view text);
@@ -73,6 +77,12 @@ void SetDefaultConfig(RunState& run);
 /// was read or written here, the operator is asked; after a No both stay as they are, the running values are
 /// tried again with the next save, and it returns false. Throws FileError.
 bool SaveConfig(Kelp& kelp);
+
+/// What the configuration has that no station can be run with as it is: each text names line and remedy.
+std::vector<std::string> ConfigTroubles(const RunState& run);
+
+/// Tells them in the status bar, in front of what stands there.
+void TellConfigTroubles(Kelp& kelp);
 
 /// The end of a station: puts the running values (next processing number, station, analyst, tube,
 /// filtration and run date) into their lines and saves. Nothing is advanced from number 990 on.

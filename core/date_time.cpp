@@ -102,6 +102,20 @@ std::optional<LocalTime> ParseDateTime(std::string_view text) {
   return *date + std::chrono::seconds(seconds);
 }
 
+std::string OwnDate(std::string_view text) {
+  const auto day = ParseDateTime(std::string(Trim(text)) + " 00:00:00");
+  return day ? ShortDate(*day) : "";
+}
+
+std::string OwnTime(std::string_view text) {
+  // "9:40:00PM" is as good as "9:40:00 PM".
+  std::string time(Trim(text));
+  for (const char* half : {"AM", "PM"})
+    if (EndsWith(Upper(time), half)) time = std::string(Trim(Left(time, time.size() - 2))) + " " + half;
+  const auto at = ParseDateTime("01/01/2000 " + time);
+  return at ? LongTime(*at) : "";
+}
+
 DateAndTime SplitDateTime(std::string_view text) {
   text = Trim(text);
   const auto colon = text.find(':');

@@ -54,6 +54,12 @@ bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon 
   return AskYes(kelp, question);
 }
 
+bool AskRisky(Kelp& kelp, const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
+  Message question{text, title, buttons, icon};
+  question.DefaultNo = true;
+  return AskYes(kelp, question);
+}
+
 bool AskYes(Kelp& kelp, const Message& question) { return kelp.platform.Ask(question) == Answer::Yes; }
 
 void Tell(Kelp& kelp, const std::string& text, const std::string& title, Icon icon) {
@@ -63,8 +69,13 @@ void Tell(Kelp& kelp, const std::string& text, const std::string& title, Icon ic
 void ReportError(Kelp& kelp, const RunTimeError& error) {
   Message message;
   message.Title = ErrorName(error.kind());
-  message.Text =
-      message.Title + "\n" + error.what() + "\nAll stored values are as they were; the run goes on.";
+  message.Text = message.Title + "\n" + error.what() + "\n";
+  if (kelp.run.CsvFile.empty())
+    message.Text += "No station is open.";
+  else if (kelp.run.Stores == kelp.StoresBefore)
+    message.Text += "All stored values are as they were; the run goes on.";
+  else
+    message.Text += "What was stored before that is kept: look through the values. The run goes on.";
   message.Icon = Icon::Critical;
   message.ReportsError = true;
   kelp.platform.Ask(message);

@@ -58,7 +58,8 @@ struct Kelp {
   FocusPlace Focus;
   std::string ConfigKnown;  ///< the configuration file as it was last read or written; "" for never
   std::string ConfigTried;  ///< what was last to be written into it: a write that failed late may have
-  StoreNote Note;       ///< how the value that this event stores came to be
+  StoreNote Note;           ///< how the value that this event stores came to be
+  long StoresBefore = 0;    ///< `run.Stores` when the event began
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended
   bool Ended = false;   ///< the program has ended: front ends stop
@@ -104,13 +105,18 @@ void SetWarning(Kelp& kelp, std::string_view warning);
 bool AskYes(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
             Buttons buttons = Buttons::YesNo);
 
+/// The same for a Yes that discards, overrides or leaves: the default is No.
+bool AskRisky(Kelp& kelp, const std::string& text, const std::string& title, Icon icon = Icon::None,
+              Buttons buttons = Buttons::YesNo);
+
 /// The same with every field of the message in the caller's hand.
 bool AskYes(Kelp& kelp, const Message& question);
 
 /// Tells something with an OK button.
 void Tell(Kelp& kelp, const std::string& text, const std::string& title = "", Icon icon = Icon::None);
 
-/// Reports a run-time error in a message box that says what failed and where.
+/// Reports a run-time error in a message box that says what failed and where, and whether anything that is
+/// stored has changed since the event began.
 void ReportError(Kelp& kelp, const RunTimeError& error);
 
 /// Ends the program: the port is left as it is, screens stay, front ends stop.

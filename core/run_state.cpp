@@ -1,5 +1,7 @@
 #include "core/run_state.hpp"
 
+#include <algorithm>
+
 #include "platform/error.hpp"
 
 namespace kelp {
@@ -9,6 +11,15 @@ std::size_t StationTable::Index(int row, int col) {
     throw RunTimeError(ErrorKind::Subscript, "station table row " + std::to_string(row) + ", column " +
                                                  std::to_string(col) + " (105 rows of 14 columns)");
   return static_cast<std::size_t>(row * kCols + col);
+}
+
+void ClearRawReads(RunState& run) {
+  std::fill(run.RawReads.begin(), run.RawReads.end(), 0.0F);
+  run.ReadsInBuffer = 0;
+  run.SdIsValid = false;
+  run.ErrorIsTold = false;
+  run.ReadCount = 0;
+  run.ReadIndex = 0;
 }
 
 void ClearTable(RunState& run) { run.SampTbl.Clear(); }

@@ -75,17 +75,14 @@ enum class ResumeAt {
   Chooser,  ///< behind the last sample
 };
 
-struct RunState {
-  std::array<std::string, kCfgLineCount> CfgLines;
+/// What belongs to one run of the acquisition screen: set back as a whole by `= {}`, so that nothing of a run
+/// that is over is found in the next.
+struct StationRun {
   StationTable SampTbl;
   Counter16 SampCount;
   Counter16 SampNum = 1;
   Counter16 TubeNum;
   std::string ProcNum;
-  std::string CruiseID;
-  std::string ShipName;
-  std::string DataOutPath;
-  std::string BackupDir;
   std::string BaseFile;
   std::string CsvFile;
   std::string RawFile;
@@ -100,23 +97,21 @@ struct RunState {
   std::string RunDate;
   std::string ReportStr;
   std::string StepName = "BLANK";
-  std::string CoproLowStd;
-  std::string CoproHighStd;
-  Counter16 ReadsToAverage;
-  Counter16 MinReads;
-  Counter16 ReadInterval;
   std::uint32_t TraceColor = kTraceMagenta;
   bool LabCalRun = false;
   bool ResultsSaved = false;
   UnfinishedSave Unfinished;
   bool ProcNumEdited = false;
-  bool BottleEdited = false;  ///< a starting bottle was typed: the next station set-up numbers from it
-  bool VialEdited = false;    ///< a starting vial was typed: it is the tube of the first sample
+  bool BottleEdited = false;  ///< a starting bottle was typed for the station about to be set up
+  bool VialEdited = false;    ///< a starting vial was typed for it: it is the tube of the first sample
   bool RunStarted = false;
   bool StartUp = true;
+  bool Reopened = false;  ///< the station brought its own header: F, tau, fluorometer and analyst end with it
 
   // Reading and averaging.
   std::vector<float> RawReads;
+  int ReadsInBuffer = 0;  ///< reads since the buffer was cleared, at most its size
+  bool SdIsValid = false;  ///< the SD is one of the buffer as it stands
   Counter16 ReadIndex;
   Counter16 ReadCount;
   float CurReading = 0;
@@ -126,14 +121,37 @@ struct RunState {
   bool RaAccepted = false;
   bool ReadFlag = false;        ///< the sample's Rb has been taken and Ra is next
   bool ReadInProgress = false;  ///< a reading is under way
+  bool Loaded = false;          ///< the item that the button names is in the holder: only it can be saved
+  bool SecondCopro = false;     ///< the second copro is under way, where the names do not tell
+  int ReplaceSample = 0;        ///< the sample that the operator went back to: its cells are written anew
+  bool ErrorIsTold = false;     ///< an error of line 13 was told in this step
   std::string BeginBlankText;
   std::string EndBlankText;
   std::string LowStdText;
   std::string HighStdText;
   ResumeAt Resume = ResumeAt::Nothing;
-  int StationLoads = 0;    ///< grows with every station loaded
   std::string PauseStore;  ///< the instruction text while paused
   StripChart Chart;
+};
+
+/// The run state: the run under way, and what the program knows beyond it. `run.SampNum` and all other names
+/// stand side by side.
+struct RunState : StationRun {
+  std::array<std::string, kCfgLineCount> CfgLines;
+  std::string CruiseID;
+  std::string ShipName;
+  std::string DataOutPath;
+  std::string BackupDir;
+  std::string CoproLowStd;
+  std::string CoproHighStd;
+  Counter16 ReadsToAverage;
+  Counter16 MinReads;
+  Counter16 ReadInterval;
+  std::string LoginInitials;  ///< the analyst of the login
+  int StationLoads = 0;       ///< grows with every station loaded
+  long Stores = 0;            ///< grows with every value put into a place
+
+  StationRun& station() { return *this; }
 };
 
 /// The state of the read loop, which a front end runs pass by pass.
@@ -157,6 +175,10 @@ struct TimerState {
   bool Enabled = false;
   int Interval = 0;  ///< milliseconds
 };
+
+/// Sets every slot of the ring buffer and the read counter and index to 0, so that the next item's mean begins
+/// with its own first read.
+void ClearRawReads(RunState& run);
 
 /// Sets every cell of the station table to "".
 void ClearTable(RunState& run);

@@ -4,6 +4,7 @@
 
 #include "core/config.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/ctd_import.hpp"
 #include "files/database_csv.hpp"
@@ -124,10 +125,32 @@ void TakeBackCells(RunState& run) {
 
 // What was read for the station before is no value of one that brings its own.
 void ForgetBlanksAndCopros(Kelp& kelp) {
-  kelp.run.BeginBlankText.clear();
-  kelp.run.EndBlankText.clear();
+  RunState& run = kelp.run;
+  for (std::string* text : {&run.BeginBlankText, &run.EndBlankText, &run.LowStdText, &run.HighStdText})
+    text->clear();
   kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text.clear();
   for (int box = kBoxBeginBlank; box < kBoxAutoCriterion; ++box) kelp.frmAcquire.txtBlank[box].Text = "0";
+}
+
+// The station has just come: what was read, and what is under way, is none of its values.
+void BeginStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  ++run.StationLoads;
+  ++run.Stores;
+  kelp.Note = {.Way = How::Loaded};
+  run.SampNum = 1;
+  run.ResultsSaved = false;
+  run.Unfinished = {};
+  run.Resume = ResumeAt::Nothing;
+  run.RunDate.clear();
+  run.ReportStr.clear();
+  run.RbReading = run.RaReading = 0;
+  run.RaAccepted = run.ReadFlag = run.Loaded = false;
+  run.ReplaceSample = 0;
+  ClearRawReads(run);
+  // A prompt to load something stands; a reading of the station before does not.
+  const bool prompts = ButtonRow(kelp).Does == Phase::Load;
+  if (!prompts) SetButton(kelp, {.Caption = "&Start", .Text = FrmAcquire().Text4.Text});
 }
 
 // A bad CTD file ends its import, not the station: what it would have filled in can be typed.
@@ -137,6 +160,8 @@ void ImportCtd(Kelp& kelp) {
     try {
       import(kelp);
     } catch (const RunTimeError& error) {
+      // What stood before the fault is taken.
+      ++kelp.run.Stores;
       ReportError(kelp, error);
     }
   }
@@ -152,17 +177,20 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   // The data of a run anew from a kept copy are appended to the files of the station.
   SetPaths(kelp, StationPath(path));
   station = Trim(run.SampTbl(0, 0));
-  run.SampNum = 1;
-  run.ResultsSaved = false;
-  run.Unfinished = {};
-  run.Resume = ResumeAt::Nothing;
-  ++run.StationLoads;
+  BeginStation(kelp);
   const bool hasReport = end < lines.size();
   const bool reopened = HasResults(run);
   if (hasReport || reopened) TakeBackCells(run);
+  const bool ownHeader = hasReport || reopened;
+  if (run.Reopened && !ownHeader) {
+    // Its base file is run anew: what the first run read and was calculated with is over.
+    ForgetBlanksAndCopros(kelp);
+    TakeHeaderOfConfig(kelp);
+  }
+  run.Reopened = ownHeader;
   LayOutGrid(kelp, reopened);
   ImportCtd(kelp);
-  if (hasReport || reopened) ForgetBlanksAndCopros(kelp);
+  if (ownHeader) ForgetBlanksAndCopros(kelp);
   if (hasReport) {
     // What the operator saved stands above what the CTD files say.
     station = Trim(run.SampTbl(0, 0));
@@ -174,7 +202,7 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
     ShowScreen(kelp, "frmRecalc");
   }
-  return hasReport || reopened || restored;
+  return ownHeader || restored;
 }
 
 void RefreshStandardDisplays(Kelp& kelp) {
@@ -188,12 +216,27 @@ void RefreshStandardDisplays(Kelp& kelp) {
 void HoldNoStation(Kelp& kelp) {
   kelp.run.SampNum = 1;
   ClearGrid(kelp.frmAcquire.datalog);
-  kelp.frmAcquire.Command1.Caption = "&Start";
   kelp.loop.Running = false;
   kelp.Timer1.Enabled = false;
 }
 
+// The way back to the question for the base file is the button.
+void TellNoStation(Kelp& kelp) {
+  SetButton(kelp, {.Caption = "&Start",
+                   .Tip = "Click to Start",
+                   .Text = "No station is open. Click [Start] or press <Spacebar> to be asked for the base file again."});
+  SetStatus(kelp, "No station is open: nothing can be measured.");
+}
+
 }  // namespace
+
+void TakeHeaderOfConfig(Kelp& kelp) {
+  auto& header = kelp.frmAcquire.txtStaInfo;
+  header[kStaFluorometer].Text = CfgValue(kelp.run, kCfgFluorometer);
+  header[kStaF].Text = CfgValue(kelp.run, kCfgMachineFactor);
+  header[kStaTau].Text = CfgValue(kelp.run, kCfgAcidRatio);
+  kelp.frmAcquire.Combo1.Text = kelp.run.LoginInitials;
+}
 
 void CloseStationFiles(RunState& run) {
   ClearTable(run);
@@ -214,7 +257,10 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
     } else {
       HoldNoStation(kelp);
     }
-    if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
+    if (found == Found::Nothing) {
+      TellNoStation(kelp);
+      ShowScreen(kelp, "frmAcquire");
+    }
     RefreshStandardDisplays(kelp);
   });
   return saved;

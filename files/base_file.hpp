@@ -14,6 +14,9 @@ inline constexpr const char* kReadLogHeader =
 /// Shows the create screen, with the processing number and the starting bottle and vial filled in.
 void ShowCreateBase(Kelp& kelp);
 
+/// A box of the create screen was left: date and time take the program's own form.
+void CreateBox_LostFocus(Kelp& kelp, int index);
+
 /// "Create File" of the create screen: checks the boxes, writes the base file, copies the boxes to
 /// the acquisition screen and loads the station. Throws FileError when it can't be written.
 void CreateBaseFile(Kelp& kelp);
@@ -21,6 +24,9 @@ void CreateBaseFile(Kelp& kelp);
 /// No station is open any more: until a base file is read nothing can be measured into the files of the last
 /// one, and its journal stays as it is.
 void CloseStationFiles(RunState& run);
+
+/// Puts the configuration's fluorometer, F and tau and the login's initials into the header boxes.
+void TakeHeaderOfConfig(Kelp& kelp);
 
 /// Loads a base file. When it is missing the operator creates it, searches for one, or goes on to the
 /// next processing number; `path` is then the file that was read. True for a station that was saved

@@ -1,6 +1,8 @@
 // The create screen's work: writes a base file from the sample log sheet's values.
 #include "core/config.hpp"
+#include "core/date_time.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "files/keeping_station.hpp"
@@ -55,7 +57,7 @@ void CreateStation(Kelp& kelp, const std::string& procNum) {
   const std::string station = Upper(kelp.frmCreateBase.Text1[kLineSta].Text);
   if (Contains(station, "LAB") || Contains(station, "CAL")) run.LabCalRun = true;
   if (disk.Exists(run.BaseFile) &&
-      !AskYes(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
+      !AskRisky(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
     return;
   if (!MayOpenStation(kelp, run.BaseFile)) return;
   const std::string text = BaseFileText(kelp);
@@ -78,14 +80,19 @@ bool UsableProcNum(std::string_view procNum) {
 }
 
 void ShowCreateBase(Kelp& kelp) {
-  kelp.frmAcquire.Command1.Caption = "&Start";
-  kelp.frmAcquire.Text4.Text = "Load Sample then press <spacebar>";
+  SetButton(kelp, {.Caption = "&Start", .Text = "Load Sample then press <spacebar>"});
   kelp.frmCreateBase = FrmCreateBase{.Form = kelp.frmCreateBase.Form};
   auto& box = kelp.frmCreateBase.Text1;
   box[kProcNum].Text = kelp.run.ProcNum;
   box[kBottle].Text = CfgValue(kelp.run, kCfgStartBottle);
   box[kVial].Text = std::to_string(kelp.run.TubeNum + 1);
   ShowScreen(kelp, "frmCreateBase");
+}
+
+void CreateBox_LostFocus(Kelp& kelp, int index) {
+  std::string& text = kelp.frmCreateBase.Text1[index].Text;
+  const std::string own = index == kDate ? OwnDate(text) : index == kTime ? OwnTime(text) : "";
+  if (!own.empty()) text = own;
 }
 
 void CreateBaseFile(Kelp& kelp) {

@@ -40,8 +40,8 @@ Values StationColumns(const Kelp& kelp) {
       {"ReadTime", read.Time},
       {"ReadBy", form.Combo1.Text},
       {"Fluorometer", form.txtStaInfo[kStaFluorometer].Text},
-      {"Copro3-1", form.txtBlank[kBoxCopro1].Text},
-      {"Copro2-5", form.txtBlank[kBoxCopro2].Text},
+      {"Copro3-1", BoxText(kelp, kBoxCopro1)},
+      {"Copro2-5", BoxText(kelp, kBoxCopro2)},
       {"PreCalibrF", f},
       {"PreCalF", f},
       {"PreCalibrTau", tau},
@@ -51,7 +51,7 @@ Values StationColumns(const Kelp& kelp) {
   };
 }
 
-void SetSampleColumns(Values& values, const Grid& grid, int row) {
+void SetSampleColumns(Values& values, const Kelp& kelp, int row) {
   struct Column {
     const char* name;
     GridCol col;
@@ -69,7 +69,7 @@ void SetSampleColumns(Values& values, const Grid& grid, int row) {
                                         {"QCFlag", kColQc},
                                         {"CommFilterer", kColFiltCom},
                                         {"CommReader", kColReadCom}};
-  for (const Column& column : kColumns) values[column.name] = grid.Text(row, column.col);
+  for (const Column& column : kColumns) values[column.name] = CellText(kelp, row, column.col);
 }
 
 bool IsNumber(std::string_view text) {
@@ -111,7 +111,7 @@ std::string DatabaseRows(const Kelp& kelp, std::string_view header) {
   Values values = StationColumns(kelp);
   std::string rows;
   for (int row = 1; row <= kelp.run.SampCount; ++row) {
-    SetSampleColumns(values, kelp.frmAcquire.datalog, row);
+    SetSampleColumns(values, kelp, row);
     rows += DatabaseRow(values, header);
   }
   return rows;

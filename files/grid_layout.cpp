@@ -44,7 +44,6 @@ std::string CodeOf(const std::string& cell) { return cell.substr(0, cell.find(' 
 void LayOutRow(Kelp& kelp, int sample, bool reopened) {
   Grid& grid = kelp.frmAcquire.datalog;
   CopyToGrid(kelp, sample, kFreshPlaces);
-  ++kelp.run.TubeNum;
   if (reopened) {
     CopyToGrid(kelp, sample, kResultPlaces);
     // The table has no column for what was typed under "FlV": it travels behind the code.
@@ -52,16 +51,18 @@ void LayOutRow(Kelp& kelp, int sample, bool reopened) {
     const auto blank = code.find(' ');
     if (blank != std::string::npos) grid.Text(sample, kColFlV) = code.substr(blank + 1);
     code = CodeOf(code);
-  } else if (grid.Text(sample, kColVial).empty()) {
-    grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
+    // Its rows have their tubes, and count none.
+    return;
   }
+  ++kelp.run.TubeNum;
+  if (grid.Text(sample, kColVial).empty()) grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
 }
 
 // A starting bottle or vial that the operator typed numbers the rows of the station now set up.
 void TakeTypedNumbers(Kelp& kelp, bool reopened) {
   RunState& run = kelp.run;
   auto& header = kelp.frmAcquire.txtStaInfo;
-  if (run.VialEdited) run.TubeNum = static_cast<long long>(ToInt16(Val(header[kStaVial].Text))) - 1;
+  if (run.VialEdited && !reopened) run.TubeNum = static_cast<long long>(ToInt16(Val(header[kStaVial].Text))) - 1;
   if (run.BottleEdited && !reopened) {
     const long long first = ToInt16(Val(header[kStaBottle].Text));
     for (int sample = 1; sample <= run.SampCount; ++sample) {
@@ -84,7 +85,12 @@ void LayOutGrid(Kelp& kelp, bool reopened) {
   grid.Col = 0;
 }
 
-void LayOutAddedSample(Kelp& kelp) { LayOutRow(kelp, kelp.run.SampCount, false); }
+void LayOutAddedSample(Kelp& kelp) {
+  Grid& grid = kelp.frmAcquire.datalog;
+  const int row = kelp.run.SampCount;
+  for (int col = 0; col < grid.Cols; ++col) grid.Text(row, col).clear();
+  LayOutRow(kelp, row, false);
+}
 
 void ClearGrid(Grid& grid) {
   for (int row = 1; row < grid.Rows; ++row)

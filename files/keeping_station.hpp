@@ -5,22 +5,21 @@
 
 namespace kelp {
 
-/// Does `work`. When that throws, the station that was open stays as it was: run state, grid, header
-/// and blank boxes.
+/// Does `work`. When that throws, the station that was open stays as it was: run state and acquisition screen,
+/// but for the status bar, which goes on.
 template <class Work>
 void KeepingStation(Kelp& kelp, const Work& work) {
-  FrmAcquire& form = kelp.frmAcquire;
   const RunState run = kelp.run;
-  const Grid datalog = form.datalog;
-  const auto header = form.txtStaInfo;
-  const auto blanks = form.txtBlank;
+  const FrmAcquire form = kelp.frmAcquire;
   try {
     work();
   } catch (const RunTimeError&) {
     kelp.run = run;
-    form.datalog = datalog;
-    form.txtStaInfo = header;
-    form.txtBlank = blanks;
+    const Window window = kelp.frmAcquire.Form;
+    const TextBox status = kelp.frmAcquire.StatusBar1;
+    kelp.frmAcquire = form;
+    kelp.frmAcquire.Form = window;
+    kelp.frmAcquire.StatusBar1 = status;
     throw;
   }
 }

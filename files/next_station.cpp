@@ -1,7 +1,8 @@
 // What follows a station or its last sample: the next station, an added sample.
 #include "core/config.hpp"
 #include "core/numbers.hpp"
-#include "core/option.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "files/grid_layout.hpp"
@@ -23,10 +24,35 @@ void MoveEndValues(Kelp& kelp) {
   run.EndBlankText.clear();
   form.txtBlank[kBoxEndBlank].Text = "0";
   for (const int box : {kBoxCopro1, kBoxCopro2}) {
-    if (Val(form.txtBlank[box + 1].Text) != 0) form.txtBlank[box].Text = form.txtBlank[box + 1].Text;
+    // A copro that was skipped at the end has no value that the next station could begin with.
+    const double end = Val(form.txtBlank[box + 1].Text);
+    if (end != 0 && end > -99) form.txtBlank[box].Text = form.txtBlank[box + 1].Text;
     form.txtBlank[box + 1].Text = "0";
   }
   SetStatus(kelp, "End values moved to beginning");
+}
+
+// Nothing of the station that is closed reaches the next one but what is told to: what a station brought in its
+// own report ends with it, and the next one has the configuration's and the login's.
+void LeaveStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  FrmAcquire& form = kelp.frmAcquire;
+  if (run.Reopened) TakeHeaderOfConfig(kelp);
+  run.Reopened = false;
+  for (const int box : {kStaFiltDate, kStaFiltTime}) {
+    form.txtStaInfo[box].Text.clear();
+    form.txtStaInfo[box].Problem.clear();
+  }
+  run.CtdDate.clear();
+  run.CtdTime.clear();
+  run.CastType.clear();
+  run.MarkTime = {};
+  run.LowStdText.clear();
+  run.HighStdText.clear();
+  for (int box = kBoxLowStandard; box <= kBoxHighStandard + 1; ++box) form.txtBlank[box].Text = "0";
+  form.Option1[kStepStandard].Caption = FrmAcquire().Option1[kStepStandard].Caption;
+  // What was typed as the first vial or bottle held for the station it was typed in.
+  run.VialEdited = run.BottleEdited = false;
 }
 
 Counter16 NextBottle(const Kelp& kelp) {
@@ -44,8 +70,9 @@ void OpenNextStation(Kelp& kelp) {
     const std::string typed(Trim(header[kStaProcNum].Text));
     run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
     header[kStaProcNum].Text = run.ProcNum;
+    LeaveStation(kelp);
     run.SampNum = 1;
-    run.StepName = "BLANK";
+    SetStep(kelp, "BLANK");
     run.LabCalRun = false;
     // The capital C is as the files are named here; names are found without regard to letter case.
     run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
@@ -64,7 +91,6 @@ void OpenNextStation(Kelp& kelp) {
 
 void AddSample(Kelp& kelp) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
   if (run.SampCount >= kMaxSamples) {
     Tell(kelp, "100 Samples is max!  Split your samples into separate runs...");
     return;
@@ -80,11 +106,14 @@ void AddSample(Kelp& kelp) {
   run.SampTbl(row, kTblFilV) = CfgValue(run, kCfgFiltrVol);
   run.SampTbl(row, kTblExV) = CfgValue(run, kCfgExtractVol);
   LayOutAddedSample(kelp);
-  SelectOption(form.Option1, kStepSamples);
-  form.Command1.Caption = "Load Added Sample";
-  form.Command1.ToolTipText = "Load Sample, when stable <Click>";
-  form.Text4.Text = "Load Sample, when stable <Click>";
-  run.TraceColor = kTraceMagenta;
+  ++run.Stores;
+  kelp.Note = {.Way = How::Loaded};
+  SetButton(kelp, {.Caption = "Load Added Sample",
+                   .Tip = "Load Sample, when stable <Click>",
+                   .Text = "Load Sample, when stable <Click>",
+                   .Trace = kTraceMagenta});
+  SetStatus(kelp, "Sample " + std::to_string(int{run.SampNum}) + ", bottle " + BottleOf(kelp, run.SampNum) +
+                      ", is added.");
 }
 
 }  // namespace kelp

@@ -17,26 +17,18 @@ std::string Halves(const std::string& left, const std::string& right) {
 }
 
 // The copros stand under the blanks, in the right half.
-std::string CoproLine(const FrmAcquire& form, const std::string& name, int box) {
-  return Halves("", "Copro " + name + ": " + form.txtBlank[box].Text + "/" + form.txtBlank[box + 1].Text);
+std::string CoproLine(const Kelp& kelp, const std::string& name, int box) {
+  return Halves("", "Copro " + name + ": " + BoxText(kelp, box) + "/" + BoxText(kelp, box + 1));
 }
 
-// A standard that was not read is not one of 0.
-std::string Standard(const FrmAcquire& form, int box) {
-  const std::string& text = form.txtBlank[box].Text;
-  return text.empty() || text == "0" ? "-99.00" : text;
-}
-
-std::string Standards(const FrmAcquire& form, int box) {
-  return Standard(form, box) + "/" + Standard(form, box + 1);
-}
+std::string Standards(const Kelp& kelp, int box) { return BoxText(kelp, box) + "/" + BoxText(kelp, box + 1); }
 
 // Behind the samples: both standards, begin and end, and the remarks with bottle and author.
 void AddFooter(std::vector<std::string>& lines, const Kelp& kelp) {
   const FrmAcquire& form = kelp.frmAcquire;
   lines.emplace_back();
-  lines.push_back(Halves(kLowStandard + Standards(form, kBoxLowStandard),
-                         kHighStandard + Standards(form, kBoxHighStandard)));
+  lines.push_back(Halves(kLowStandard + Standards(kelp, kBoxLowStandard),
+                         kHighStandard + Standards(kelp, kBoxHighStandard)));
   for (int row = 1; row <= kelp.run.SampCount; ++row)
     for (const auto& [column, who] : {std::pair{kColFiltCom, "filterer"}, {kColReadCom, "reader"}})
       if (const std::string& text = form.datalog.Text(row, column); !text.empty())
@@ -63,14 +55,18 @@ std::vector<std::string> ReportLines(const Kelp& kelp) {
       Halves("    Read: " + read.Date + " " + read.Time, "F=" + box(kStaF) + ", tau=" + box(kStaTau)),
       Halves("    Read by: " + std::string(Trim(form.Combo1.Text)),
              "begin/end: " + BlankText(kelp, kBoxBeginBlank) + "/" + BlankText(kelp, kBoxEndBlank)),
-      CoproLine(form, run.CoproLowStd, kBoxCopro1),
-      CoproLine(form, run.CoproHighStd, kBoxCopro2),
+      CoproLine(kelp, run.CoproLowStd, kBoxCopro1),
+      CoproLine(kelp, run.CoproHighStd, kBoxCopro2),
       "",
       kResultsHeading,
       kResultsRule,
   };
   // Four blanks put the results line of the local results file under the heading.
-  for (int row = 1; row <= run.SampCount; ++row) lines.push_back("    " + ResultsLine(form.datalog, row));
+  Grid datalog = form.datalog;
+  for (int row = 1; row <= run.SampCount; ++row) {
+    for (const int col : {kColRb, kColRa}) datalog.Text(row, col) = CellText(kelp, row, col);
+    lines.push_back("    " + ResultsLine(datalog, row));
+  }
   AddFooter(lines, kelp);
   return lines;
 }

@@ -63,12 +63,15 @@ void Print(Kelp& kelp, const std::vector<std::string>& report) {
 }
 
 // The filtration's date and time as they stand in the boxes, where the operator may have changed them.
-// The half of the day is cut off, not converted: the database's time column takes no letters.
+// The database's time column takes no letters: a time of the afternoon is written in 24 hours, and what is no
+// time loses the half of the day.
 void NormaliseCtdTime(Kelp& kelp) {
   RunState& run = kelp.run;
   const auto& header = kelp.frmAcquire.txtStaInfo;
-  if (!header[kStaFiltDate].Text.empty()) run.CtdDate = header[kStaFiltDate].Text;
-  if (!header[kStaFiltTime].Text.empty()) run.CtdTime = header[kStaFiltTime].Text;
+  run.CtdDate = header[kStaFiltDate].Text;
+  run.CtdTime = header[kStaFiltTime].Text;
+  const std::string own = OwnTime(run.CtdTime);
+  if (!own.empty()) run.CtdTime = own;
   for (const char* half : {" AM", " PM", "AM", "PM"}) run.CtdTime = Replaced(run.CtdTime, half, "");
 }
 

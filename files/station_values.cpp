@@ -1,20 +1,22 @@
 #include "files/station_values.hpp"
 
-#include "core/numbers.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
 
 std::string BlankText(const Kelp& kelp, int box) {
   const std::string& read = box == kBoxBeginBlank ? kelp.run.BeginBlankText : kelp.run.EndBlankText;
-  return read.empty() ? kelp.frmAcquire.txtBlank[box].Text : read;
+  return read.empty() ? BoxText(kelp, box) : read;
 }
 
-void ShowAverageBlank(Kelp& kelp) {
-  const RunState& run = kelp.run;
-  if (run.BeginBlankText.empty() || run.EndBlankText.empty()) return;
-  kelp.frmAcquire.txtStaInfo[kStaAveBlank].Text =
-      SavedText((Val(run.BeginBlankText) + Val(run.EndBlankText)) / 2);
+std::string BoxText(const Kelp& kelp, int box) {
+  const std::string& shown = kelp.frmAcquire.txtBlank[box].Text;
+  return Trim(shown).empty() || shown == "0" ? "-99.00" : shown;
+}
+
+std::string CellText(const Kelp& kelp, int row, int col) {
+  const std::string& shown = kelp.frmAcquire.datalog.Text(row, col);
+  return (col == kColRb || col == kColRa) && Trim(shown).empty() ? "-99.000" : shown;
 }
 
 DateAndTime ReadAt(const RunState& run) {

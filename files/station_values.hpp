@@ -5,15 +5,19 @@
 
 #include "core/date_time.hpp"
 #include "core/kelp.hpp"
+#include "core/places.hpp"
 
 namespace kelp {
 
 /// The begin blank (`box` 0) or end blank (1): the one that the results were calculated with, or what
-/// its box shows ("0" when never read, "-99.00" when skipped).
+/// its box shows; "-99.00" when it was not read.
 std::string BlankText(const Kelp& kelp, int box);
 
-/// Shows the average of begin and end blank in its header box, once both were read.
-void ShowAverageBlank(Kelp& kelp);
+/// What a box shows, for a file: missing is not zero, so a box that was not read is "-99.00".
+std::string BoxText(const Kelp& kelp, int box);
+
+/// A cell of the grid, for a file: an Rb or Ra that was not read is "-99.000".
+std::string CellText(const Kelp& kelp, int row, int col);
 
 /// When the station was read: date and time of its last log record, else of the report.
 DateAndTime ReadAt(const RunState& run);

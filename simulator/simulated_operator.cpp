@@ -1,6 +1,6 @@
 #include "simulator/simulated_operator.hpp"
 
-#include "acquire/captions.hpp"
+#include "core/caption_table.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
 
@@ -38,7 +38,7 @@ Wanted WantedBy(const Kelp& kelp, const SimulatedFluorometer& fluorometer) {
   if (Contains(caption, "Blank")) return {"blank", kBlankLevel};
   if (Contains(caption, "Low Standard")) return {"low standard", kLowStandard};
   if (Contains(caption, "High Standard")) return {"high standard", kHighStandard};
-  if (HoldsName(caption, run.CoproHighStd))
+  if (CaptionOf(run, caption).What == Item::Copro2)
     return {"second copro", CoproLevel(run, kCfgCoproHighAve, kCoproHigh)};
   return {"first copro", CoproLevel(run, kCfgCoproLowAve, kCoproLow)};
 }

@@ -1,5 +1,6 @@
 // A random operator: whatever is clicked, typed, answered and read, nothing crashes, every run-time error
-// is reported, and every accepted Rb and Ra is in the station's log files. Set KELP_RANDOM_EVENTS to run so
+// is reported, every accepted Rb and Ra is in the station's log files, button, step, selector, trace and
+// instruction agree, and no value gets into a wrong cell. Set KELP_RANDOM_EVENTS to run so
 // many events instead of ten seconds, and KELP_RANDOM_SEED to repeat a run.
 #include <gtest/gtest.h>
 
@@ -10,8 +11,8 @@
 
 #include "record/database.hpp"
 #include "record/record.hpp"
-#include "tests/support/captions.hpp"
 #include "tests/support/program.hpp"
+#include "tests/support/slip_watch.hpp"
 
 namespace kelp {
 
@@ -31,6 +32,8 @@ class RandomPlatform : public ScriptedPlatform {
     do answer = static_cast<Answer>(Pick(random_, 4));
     while (!Offers(message.Buttons, answer));
     if (Contains(message.Text, "unexpected: ")) Unexpected = message.Text;
+    Watch->asked = true;
+    if (message.Title == "Replace a reading?" && answer == Answer::Yes) Watch->replaceYes = true;
     QueueAnswer(answer);
     const Answer given = ScriptedPlatform::Ask(message);
     Boxes.clear();
@@ -43,6 +46,7 @@ class RandomPlatform : public ScriptedPlatform {
   }
 
   std::string Unexpected;
+  SlipWatch* Watch = nullptr;
 
  private:
   Random& random_;
@@ -80,6 +84,8 @@ class Operator {
       Read();
     else if (kind < 70)
       Next();
+    else if (kind < 80)
+      Slip();
     else
       Meddle();
     Check(caption, sample, csv, loads);
@@ -88,6 +94,7 @@ class Operator {
  private:
   void Restart() {
     platform_ = std::make_unique<RandomPlatform>(disk_, random_);
+    platform_->Watch = &watch_;
     kelp_ = std::make_unique<Kelp>(*platform_);
     using namespace std::chrono;
     platform_->SetClock(local_days{year{2026} / 11 / 24} + hours{3} + seconds{restarts_++ * 1000});
@@ -108,13 +115,20 @@ class Operator {
       const double noise = (Pick(random_, 9) - 4) * 0.00002;
       platform_->Feed("\r\nA =" + Padded(Fixed(level_ + noise, 5), 7, "L", "S") + " (RAW)");
       platform_->Advance(1000);
+      watch_.Before(*kelp_, nullptr, WantsPasses(*kelp_));
       Pass(*kelp_);
+      ASSERT_EQ(watch_.After(), "");
     }
     Tick(*kelp_);
   }
 
+  void Do(const Event& event) {
+    watch_.Before(*kelp_, &event, false);
+    Post(*kelp_, event);
+    ASSERT_EQ(watch_.After(), "") << event.Place.Screen << "." << event.Place.Control << " key " << event.Key;
+  }
   void Do(EventKind kind, const char* screen, const char* control, int index, const std::string& text = "") {
-    Post(*kelp_, {.Kind = kind, .Place = {screen, control, index}, .Text = text});
+    Do({.Kind = kind, .Place = {screen, control, index}, .Text = text});
   }
 
   // What an operator who wants to get on would do.
@@ -133,6 +147,30 @@ class Operator {
     }
   }
 
+  // The honest slips of a night watch.
+  void Slip() {
+    const int samples = std::max(1, int{kelp_->run.SampCount});
+    switch (Pick(random_, 8)) {
+      case 0:
+      case 1:
+        Do({.Kind = EventKind::DblClick,
+            .Place = {"frmAcquire", "datalog"},
+            .Row = 1 + Pick(random_, samples),
+            .Col = 2 + Pick(random_, 3)});
+        break;
+      case 2: Do(EventKind::Click, "frmAcquire", "Command4", -1); break;
+      case 3: Do(EventKind::Click, "frmAcquire", "Command5", -1); break;
+      case 4: Do(EventKind::Click, "frmAcquire", "Option1", Pick(random_, 4)); break;
+      case 5:
+        Do({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 3});
+        Do(EventKind::Click, "frmChangeStep", "Option1", Pick(random_, 8));
+        Do(EventKind::Click, "frmChangeStep", "Command1", 0);
+        break;
+      case 6: Do({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1 + Pick(random_, 8)}); break;
+      default: Do(EventKind::DblClick, "frmWhatsNext", "Option1", 2 + Pick(random_, 3)); break;
+    }
+  }
+
   void Meddle() {
     if (kelp_->Shown.empty()) return;
     Reach reach{.screen = kelp_->Shown[random_() % kelp_->Shown.size()]};
@@ -147,7 +185,7 @@ class Operator {
     event.Row = Pick(random_, 20);
     event.Col = Pick(random_, 14);
     if (Pick(random_, 400) == 0) event.Kind = EventKind::Close;
-    Post(*kelp_, event);
+    Do(event);
     const int mishap = Pick(random_, 60);
     if (mishap == 0) platform_->LineDown();
     if (mishap < 4) platform_->LineUp();
@@ -176,10 +214,6 @@ class Operator {
     ASSERT_GE(run.SampNum, 1);
     ASSERT_LE(run.SampNum, 101);
     const std::string& now = kelp_->frmAcquire.Command1.Caption;
-    const bool known = std::any_of(std::begin(kCaptions), std::end(kCaptions),
-                                   [&](const CaptionRow& row) { return now == row.caption; });
-    const bool otherCopros = run.CoproLowStd != "3-1" || run.CoproHighStd != "2-5";
-    ASSERT_TRUE(known || otherCopros) << "caption \"" << now << "\" is in no table";
     captions.insert(now);
     if (loads != run.StationLoads || kelp_->record.Unsafe) return;
     // A save that the event made: the caption has moved on and the grid has the value. A value equal to that
@@ -210,6 +244,7 @@ class Operator {
   MemoryDisk disk_ = {};
   std::unique_ptr<RandomPlatform> platform_;
   std::unique_ptr<Kelp> kelp_;
+  SlipWatch watch_ = {};
   double level_ = 0.005;
   int restarts_ = 0;
 

@@ -79,7 +79,7 @@ TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
       {"STANDARD", "Load Low Standard", "2345", "Load Station Sample", "SAMPLE"},
       {"COPROS", "Load Copro 3-1", "67", "Load Copro 2-5", "COPROS"},
       {"COPROS", "Load Copro 2-5", "89", "Load Station Sample", "SAMPLE"},
-      {"COPROS", "Reading 2-5", "", "Reading 2-5", "SAMPLE"},
+      {"COPROS", "Reading 2-5", "", "Load Station Sample", "SAMPLE"},
       {"BLANK", "Load Blank", "01", "Load Copro 3-1", "COPROS"},
       {"STANDBY", "What's Next?", "", "What's Next?", "STANDBY"},
   };
@@ -99,7 +99,7 @@ TEST(RunControls, SkipMarksWhatIsLeftOutInEveryStep) {
 TEST(RunControls, SkippedSamplesAreMarkedAndAnRbThatWasReadStays) {
   Steering program("Load Next Sample");
   program.run().StepName = "SAMPLE";
-  program.cell(3, kColRb) = "";
+  program.cell(3, kColRb) = program.cell(3, kColRa) = program.cell(4, kColRa) = "";
   program.Click("frmAcquire", "Command5");
   EXPECT_EQ(program.caption(), "Load Next Sample");
   program.Click("frmAcquire", "Command5");
@@ -211,11 +211,13 @@ TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
 }
 
 TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
-  static constexpr std::tuple<const char*, int, int, int, int> kRows[] = {{"Load Next Sample", 2, 1, 2, 12},
-                                                                          {"Load Next Sample", 3, 0, 3, 11},
-                                                                          {"Acidify", 2, 1, 3, 12},
-                                                                          {"What's Next", 2, 0, 2, 11}};
-  for (const auto& [caption, option, source, row, field] : kRows) {
+  // Behind the last sample the table keeps to its row, and the grid has the remark on the sample just run.
+  static constexpr std::tuple<const char*, int, int, int, int, int> kRows[] = {
+      {"Load Next Sample", 2, 1, 2, 12, 2},
+      {"Load Next Sample", 3, 0, 3, 11, 3},
+      {"Acidify", 2, 1, 3, 12, 3},
+      {"What's Next", 2, 0, 2, 11, 3}};
+  for (const auto& [caption, option, source, row, field, sample] : kRows) {
     Steering program(caption);
     program.Key("frmAcquire", kKeyF1 + 8);
     program.Type("dlgRunRem", "Text1", -1, "   ");
@@ -225,7 +227,7 @@ TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
     program.Click("dlgRunRem", "Option1", source);
     program.Click("dlgRunRem", "OKButton");
     EXPECT_EQ(program.run().SampTbl(row, field), "bubbles") << caption;
-    EXPECT_EQ(program.cell(row, field + 1), "bubbles");
+    EXPECT_EQ(program.cell(sample, field + 1), "bubbles");
   }
 }
 

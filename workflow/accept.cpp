@@ -4,7 +4,8 @@
 
 #include "calc/calc_samples.hpp"
 #include "core/numbers.hpp"
-#include "core/text.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "workflow/record.hpp"
 #include "workflow/steps.hpp"
 
@@ -17,70 +18,90 @@ constexpr const char* kLoadFirstSample =
 constexpr const char* kWaitForOver =
     "\nWait for lcd \"OVER\" to become numeric \nthen press <pressbar> or click [Load...]";
 
-// The item is done: its count ends, and the trace turns red until the next one is loaded.
-std::string SavedValue(RunState& run) {
-  std::string text = SavedText(run.CurReading);
-  run.ReadCount = 0;
-  run.TraceColor = kTraceRed;
-  return text;
+StoreNote NoteOf(const Kelp& kelp, SavedBy by) {
+  return NoteOfReads(kelp, by == SavedBy::Hand ? How::Hand : How::Autoread);
 }
 
+// The item is done: its count ends, and the trace turns red until the next one is loaded.
+void Record(Kelp& kelp, SavedBy by, const std::string& code) {
+  RecordStep(kelp, SavedText(kelp.run.CurReading), code, NoteOf(kelp, by));
+  kelp.run.ReadCount = 0;
+  kelp.run.TraceColor = kTraceRed;
+}
+
+// Behind the last sample there is no first one to load: what was read again must not lead into its cells.
 void LoadFirstSample(Kelp& kelp) {
-  kelp.frmAcquire.Command1.Caption = "Load 1st Sample";
-  kelp.frmAcquire.Text4.Text = kLoadFirstSample;
-  kelp.run.StepName = "SAMPLE";
+  const int last = kelp.run.SampCount;
+  if (last >= 1 && kelp.run.SampNum >= last && HoldsReading(kelp, {.Row = last, .Col = kColRa}))
+    GoToStandby(kelp);
+  else
+    SetButton(kelp, {.Caption = "Load 1st Sample", .Text = kLoadFirstSample});
+}
+
+bool MayReplace(Kelp& kelp, const Place& place) {
+  if (!HoldsReading(kelp, place) || kelp.run.ReplaceSample == place.Row) return true;
+  Message question{"Sample " + std::to_string(place.Row) + " (bottle " + BottleOf(kelp, place.Row) +
+                       ") already has " + kelp.frmAcquire.datalog.Text(0, place.Col) + " " +
+                       ValueAt(kelp, place) + ". Replace it? Y/N",
+                   "Replace a reading?", Buttons::YesNo};
+  question.DefaultNo = true;
+  if (AskYes(kelp, question)) {
+    kelp.run.ReplaceSample = place.Row;
+    return true;
+  }
+  const std::string kept = "Sample " + std::to_string(place.Row) + " keeps its " +
+                           kelp.frmAcquire.datalog.Text(0, place.Col) + " " + ValueAt(kelp, place);
+  SetStatus(kelp, kept + ".");
+  const bool ra = place.Col == kColRa;
+  SetButton(kelp, {.Caption = ra ? "Acidify" : "Load Station Sample",
+                   .Text = kept + ". Double-click the cell of the sample that is to be read.",
+                   .Trace = ra ? kTraceBlue : kTraceMagenta});
+  kelp.run.Loaded = false;
+  return false;
 }
 
 }  // namespace
 
 void AcceptBlank(Kelp& kelp, SavedBy by) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  const std::string value = SavedValue(run);
-  if (form.Option1[kStepBlank].Caption != "Begin Blank") {
-    run.EndBlankText = value;
-    RecordStep(kelp, value, "0");
+  Record(kelp, by, "0");
+  if (ReadsEndValues(kelp, kStepBlank)) {
     run.ReadIndex = 0;
     GoToStandby(kelp);
     return;
   }
-  run.BeginBlankText = value;
-  RecordStep(kelp, value, "0");
-  form.Command1.Caption = "Load Copro " + run.CoproLowStd;
-  form.Text4.Text =
-      form.Command1.Caption + (by == SavedBy::Hand ? " and click [Start] or press <Spacebar>."
-                                                   : " and click [Start] or press <Spacebar> when stable.");
-  run.StepName = "COPROS";
+  const std::string load = "Load Copro " + run.CoproLowStd;
+  SetButton(kelp, {.Caption = load,
+                   .Text = load + (by == SavedBy::Hand ? " and click [Start] or press <Spacebar>."
+                                                       : " and click [Start] or press <Spacebar> when stable.")});
 }
 
-void AcceptLowStandard(Kelp& kelp) {
-  FrmAcquire& form = kelp.frmAcquire;
-  kelp.run.LowStdText = SavedValue(kelp.run);
-  RecordStep(kelp, kelp.run.LowStdText, "0");
-  form.Command1.Caption = "Load High Standard";
-  form.Command1.ToolTipText = "Click to Start reading the high standard";
-  form.Text4.Text = std::string("Flip the standard 180deg to High...") + kWaitForOver;
+void AcceptLowStandard(Kelp& kelp, SavedBy by) {
+  Record(kelp, by, "0");
+  SetButton(kelp, {.Caption = "Load High Standard",
+                   .Tip = "Click to Start reading the high standard",
+                   .Text = std::string("Flip the standard 180deg to High...") + kWaitForOver});
 }
 
-void AcceptHighStandard(Kelp& kelp) {
-  kelp.run.HighStdText = SavedValue(kelp.run);
-  RecordStep(kelp, kelp.run.HighStdText, "0");
+void AcceptHighStandard(Kelp& kelp, SavedBy by) {
+  Record(kelp, by, "0");
   if (ReadsEndValues(kelp, kStepStandard))
     GoToStandby(kelp);
   else
     LoadFirstSample(kelp);
 }
 
-void AcceptFirstCopro(Kelp& kelp) {
-  FrmAcquire& form = kelp.frmAcquire;
-  RecordStep(kelp, SavedValue(kelp.run), "1");
-  form.Command1.Caption = "Load Copro " + kelp.run.CoproHighStd;
-  form.Command1.ToolTipText = "Click to Start reading " + kelp.run.CoproHighStd;
-  form.Text4.Text = std::string("Insert 2nd Copro Standard.") + kWaitForOver;
+void AcceptFirstCopro(Kelp& kelp, SavedBy by) {
+  const std::string& second = kelp.run.CoproHighStd;
+  Record(kelp, by, "1");
+  SetButton(kelp, {.Caption = "Load Copro " + second,
+                   .Tip = "Click to Start reading " + second,
+                   .Text = std::string("Insert 2nd Copro Standard.") + kWaitForOver,
+                   .SecondCopro = true});
 }
 
-void AcceptSecondCopro(Kelp& kelp) {
-  RecordStep(kelp, SavedValue(kelp.run), "2");
+void AcceptSecondCopro(Kelp& kelp, SavedBy by) {
+  Record(kelp, by, "2");
   if (ReadsEndValues(kelp, kStepCopros))
     GoToStandby(kelp);
   else
@@ -89,25 +110,26 @@ void AcceptSecondCopro(Kelp& kelp) {
 
 void AcceptRb(Kelp& kelp, SavedBy by, int code) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
-  run.RbReading = run.CurReading;
+  if (!MayReplace(kelp, {.Row = run.SampNum, .Col = kColRb})) return;
+  const float reading = run.CurReading;
   run.ReadFlag = true;
-  form.Command1.Caption = "Acidify";
-  form.Text4.Text =
-      by == SavedBy::Hand
-          ? "Press F7 if the current reading is higher than saved; ACIDIFY w/ 200ul (one squirt) 10% "
-            "HCL using Repipettor"
-          : "ACIDIFY - ONE squirt of 10% HCL using Repipettor";
-  RecordSampleReading(kelp, code);
+  SetButton(kelp, {.Caption = "Acidify",
+                   .Text = by == SavedBy::Hand
+                               ? "Press F7 if the current reading is higher than saved; ACIDIFY w/ 200ul (one "
+                                 "squirt) 10% HCL using Repipettor"
+                               : "ACIDIFY - ONE squirt of 10% HCL using Repipettor"});
+  RecordSampleReading(kelp, code, NoteOf(kelp, by));
+  run.RbReading = reading;
 }
 
 void AcceptRa(Kelp& kelp, SavedBy by) {
   RunState& run = kelp.run;
   FrmAcquire& form = kelp.frmAcquire;
+  if (!MayReplace(kelp, {.Row = run.SampNum, .Col = kColRa})) return;
   run.RaReading = run.CurReading;
   run.ReadFlag = false;
-  RecordSampleReading(kelp, 4);
   std::optional<RunTimeError> failure;
+  RecordSampleReading(kelp, 4, NoteOf(kelp, by));
   try {
     CalcCurrentSample(kelp);
   } catch (const RunTimeError& error) {
@@ -117,14 +139,16 @@ void AcceptRa(Kelp& kelp, SavedBy by) {
     if (by == SavedBy::Autoread) Tell(kelp, "Re-Reading Ra");
     run.ReadFlag = true;
   } else {
-    if (form.Command1.Caption != "What's Next") form.Command1.Caption = "Load Next Sample";
-    form.Text4.Text =
-        by == SavedBy::Hand
-            ? "Press F7 if the current reading is lower than saved then load the next Station Sample "
-              "and click [Start] or press <Spacebar>."
-            : "Load the next Station Sample and click [Start] or press <Spacebar>.";
-    run.TraceColor = kTraceRed;
+    const bool last = form.Command1.Caption == "What's Next";
+    const char* text = by == SavedBy::Autoread
+                           ? "Load the next Station Sample and click [Start] or press <Spacebar>."
+                       : last ? "Press F7 if the current reading is lower than saved. All samples are read."
+                              : "Press F7 if the current reading is lower than saved then load the next Station "
+                                "Sample and click [Start] or press <Spacebar>.";
+    SetButton(kelp,
+              {.Caption = last ? "What's Next" : "Load Next Sample", .Text = text, .Trace = kTraceRed});
     run.RaAccepted = false;
+    run.ReplaceSample = 0;
   }
   if (failure) throw RunTimeError(*failure);
 }

@@ -3,6 +3,8 @@
 #include "calc/calc_samples.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 
@@ -39,15 +41,21 @@ int SelectedOption(const FrmChangeStep& dialog) {
 void ResetToSelection(Kelp& kelp) {
   RunState& run = kelp.run;
   const int index = SelectedOption(kelp.frmChangeStep);
-  if (index < 0) return;
+  if (index < 0) {
+    SetStatus(kelp, "No step was selected: nothing has changed.");
+    return;
+  }
   run.ReadFlag = false;
   run.ReadInProgress = false;
-  run.ReadCount = 0;
-  run.ReadIndex = 0;
+  ClearRawReads(run);
   const StepRow row = ChangeStepRow(run, index);
-  kelp.frmAcquire.Command1.Caption = row.caption;
-  run.TraceColor = row.trace;
+  SetButton(kelp, {.Caption = row.caption, .Trace = row.trace, .SecondCopro = index == 5 || index == 6});
   run.StepName = row.step;
+  // Who chooses to read an item says that it is in the holder; who chooses a step means to read it anew.
+  const CaptionRow& button = ButtonRow(kelp);
+  if (button.Does == Phase::Read) run.Loaded = true;
+  if (button.What == Item::Rb) run.ReplaceSample = run.SampNum;
+  SetStatus(kelp, "The step was changed: the button reads [" + row.caption + "] now.");
   if (index == 0)
     Tell(kelp,
          "This has stopped data aquistion but has not reinitialized all the station info.  Quit without "
@@ -61,6 +69,7 @@ void RenumberVials(Kelp& kelp, const std::string& startingVial) {
   run.TubeNum = ToInt16(Val(startingVial));
   for (int row = 1; row <= run.SampCount; ++row) {
     kelp.frmAcquire.datalog.Text(row, kColVial) = std::to_string(int{run.TubeNum});
+    ++run.Stores;
     if (row < run.SampCount) ++run.TubeNum;
   }
 }
@@ -68,9 +77,11 @@ void RenumberVials(Kelp& kelp, const std::string& startingVial) {
 void RecalculateData(Kelp& kelp) {
   const std::string startingVial = kelp.frmRecalc.Text1[0].Text;
   const std::string blank = kelp.frmRecalc.Text1[1].Text;
+  kelp.Note = {.Way = How::Calculated};
   kelp.run.StepName = "RECALC";
   if (!startingVial.empty()) RenumberVials(kelp, startingVial);
-  if (!blank.empty()) kelp.run.BeginBlankText = blank;
+  // The blank typed is that of the station: box, table and average follow.
+  if (!blank.empty()) PutValue(kelp, {.Box = kBoxBeginBlank}, blank, {.Way = How::Typed});
   const auto close = [&] {
     HideScreen(kelp, "frmRecalc");
     RaiseScreen(kelp, "frmWhatsNext");
@@ -104,14 +115,23 @@ void frmChangeStep_Command1_Click(Kelp& kelp, int index) {
 
 void dlgRunRem_OKButton_Click(Kelp& kelp) {
   const std::string remark(Trim(kelp.dlgRunRem.Text1.Text));
-  if (remark.empty()) return;
+  if (remark.empty()) {
+    SetStatus(kelp, "The remark is empty: nothing was stored.");
+    return;
+  }
+  const std::string& caption = kelp.frmAcquire.Command1.Caption;
   const bool filterer = kelp.dlgRunRem.Option1[0].Value;
-  const bool finished = Contains(kelp.frmAcquire.Command1.Caption, "Next");
-  const int row = kelp.run.SampNum - (finished && kelp.dlgRunRem.Option1[2].Value ? 1 : 0);
+  const bool before = Contains(caption, "Next") && kelp.dlgRunRem.Option1[2].Value;
+  const int row = kelp.run.SampNum - (before ? 1 : 0);
   // The table row is the sample's number as it stands, without the offset that Skip applies.
   kelp.run.SampTbl(row, filterer ? kTblFiltererRemark : kTblReaderRemark) = remark;
-  if (row >= 1 && row < kelp.frmAcquire.datalog.Rows)
-    kelp.frmAcquire.datalog.Text(row, filterer ? kColFiltCom : kColReadCom) = remark;
+  // Behind the last sample the run has not moved on: the sample just run is the current one.
+  const int sample = StartsWith(caption, "What") ? int{kelp.run.SampNum} : row;
+  if (sample < 1 || sample > kelp.run.SampCount) {
+    SetStatus(kelp, "There is no sample " + std::to_string(sample) + " for the remark.");
+    return;
+  }
+  PutValue(kelp, {.Row = sample, .Col = filterer ? kColFiltCom : kColReadCom}, remark, {.Way = How::Remark});
 }
 
 void frmRecalc_Command1_Click(Kelp& kelp, int index) {

@@ -4,6 +4,8 @@
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/option.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "workflow/run_controls.hpp"
 
@@ -41,52 +43,65 @@ std::string ProblemOf(const Kelp& kelp, int index) {
     case kStaBottle: return IsNumber(text) ? "" : "the starting bottle is to be a number";
     case kStaVial: return IsNumber(text) ? "" : "the starting vial is to be a number";
     case kStaFiltDate:
-      return Trim(text).empty() || ParseDateTime(text + " 00:00:00")
-                 ? ""
-                 : "the filtration date is to be written as MM/DD/YYYY";
+      return Trim(text).empty() || !OwnDate(text).empty() ? ""
+                                                          : "the filtration date is to be written as MM/DD/YYYY";
     case kStaFiltTime:
-      return Trim(text).empty() || ParseDateTime("01/01/2000 " + text)
-                 ? ""
-                 : "the filtration time is to be written as HH:MM:SS";
+      return Trim(text).empty() || !OwnTime(text).empty() ? ""
+                                                          : "the filtration time is to be written as HH:MM:SS";
     default: return "";
   }
 }
 
 void PromptStepAgain(Kelp& kelp) {
-  struct Row {
-    std::string_view step;
-    const char* prompt;
-  };
-  static constexpr std::array<Row, 4> kRows = {{{"BLANK", "Load Blank then press <spacebar> twice."},
-                                                {"STANDARD", "Load Standard then press <spacebar> twice."},
-                                                {"COPROS", "Load Copro then press <spacebar> twice."},
-                                                {"SAMPLE", "Load Sample then press <spacebar> twice."}}};
-  auto& options = kelp.frmAcquire.Option1;
-  for (int i = 0; i < options.kCount; ++i) {
-    if (kelp.run.StepName != kRows[static_cast<std::size_t>(i)].step) continue;
-    SelectOption(options, i);
-    kelp.frmAcquire.Text4.Text = kRows[static_cast<std::size_t>(i)].prompt;
-    return;
+  static constexpr std::array<const char*, 4> kPrompts = {
+      "Load Blank then press <spacebar> twice.", "Load Standard then press <spacebar> twice.",
+      "Load Copro then press <spacebar> twice.", "Load Sample then press <spacebar> twice."};
+  const int selector = kelp.run.StepName == "ADDED" ? -1 : SelectorOf(kelp.run.StepName);
+  if (selector >= 0) SelectOption(kelp.frmAcquire.Option1, selector);
+  Say(kelp, selector >= 0 ? kPrompts[static_cast<std::size_t>(selector)] : "Press <spacebar> to restart...");
+}
+
+// A starting number that was typed numbers the rows of the station that it was typed in, and ends with it.
+void NumberRows(Kelp& kelp, int index, const std::string& text) {
+  RunState& run = kelp.run;
+  Grid& grid = kelp.frmAcquire.datalog;
+  if (run.CsvFile.empty() || !IsNumber(text)) return;
+  const long long first = ToInt16(Val(text));
+  static_cast<void>(Counter16(first + run.SampCount));
+  for (int row = 1; row <= run.SampCount; ++row) {
+    const std::string number = std::to_string(first - 1 + row);
+    if (index == kStaVial) grid.Text(row, kColVial) = number;
+    if (index == kStaBottle) {
+      grid.Text(row, kColBottle) = Padded(number, 2, "L", "0");
+      run.SampTbl(row + StationTable::kFirstSampleRow - 1, kTblBottle) = grid.Text(row, kColBottle);
+    }
   }
-  kelp.frmAcquire.Text4.Text = "Press <spacebar> to restart...";
+  if (index == kStaVial && run.SampCount > 0) run.TubeNum = first - 1 + run.SampCount;
+  SetStatus(kelp, std::string(index == kStaVial ? "Vials" : "Bottles") + " of this station are numbered from " +
+                      std::to_string(first) + " on.");
 }
 
 }  // namespace
 
-void txtStaInfo_Change(Kelp& kelp, int index) {
+void txtStaInfo_Change(Kelp& kelp, int index, const std::string& text) {
+  PutValue(kelp, {.Header = index}, text, {.Way = How::Typed});
   if (index == kStaProcNum) {
     kelp.run.ProcNumEdited = true;
-    kelp.frmAcquire.Command1.Caption = "&Start";
+    SetButton(kelp, {.Caption = "&Start"});
   }
-  if (index == kStaBottle) kelp.run.BottleEdited = true;
-  if (index == kStaVial) kelp.run.VialEdited = true;
+  if (index == kStaBottle || index == kStaVial) NumberRows(kelp, index, text);
 }
 
 void txtStaInfo_LostFocus(Kelp& kelp, int index) {
   TextBox& box = kelp.frmAcquire.txtStaInfo[index];
   box.Problem = ProblemOf(kelp, index);
+  const std::string own = index == kStaFiltDate   ? OwnDate(box.Text)
+                          : index == kStaFiltTime ? OwnTime(box.Text)
+                                                  : "";
   if (!box.Problem.empty())
     SetStatus(kelp, "\"" + box.Text + "\": " + box.Problem + ". The value stays as typed.");
+  else if (!own.empty() && own != box.Text)
+    PutValue(kelp, {.Header = index}, own, {.Way = How::Typed});
   PromptStepAgain(kelp);
 }
 

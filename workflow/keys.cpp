@@ -1,8 +1,9 @@
 #include "workflow/keys.hpp"
 
+#include "acquire/captions.hpp"
 #include "calc/calc_samples.hpp"
 #include "core/numbers.hpp"
-#include "core/option.hpp"
+#include "core/start_button.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/steps.hpp"
@@ -15,24 +16,25 @@ void SaveDatalog(Kelp& kelp) {
   if (!AskYes(kelp, "Do you want to save the datalog?", "Save Data?", Icon::None, Buttons::YesNoCancel))
     return;
   if (!CloseStation(kelp)) return;
-  FrmAcquire& form = kelp.frmAcquire;
-  kelp.run.StepName = "BLANK";
-  SelectOption(form.Option1, kStepBlank);
-  form.txtStats[0].Text.clear();
-  form.Command1.Caption = "Load Blank";
-  form.Text4.Text = "Load Blank then press <spacebar> or click [Start] when stable";
-  form.Command1.ToolTipText = "Load Blank then click here when stable";
+  kelp.frmAcquire.txtStats[0].Text.clear();
+  SetButton(kelp, {.Caption = "Load Blank",
+                   .Tip = "Load Blank then click here when stable",
+                   .Text = "Load Blank then press <spacebar> or click [Start] when stable"});
 }
 
 void AllowHighRa(Kelp& kelp) {
-  if (!AskYes(kelp, "Do you want to allow Ra > Rb?", "Override?", Icon::None, Buttons::YesNoCancel)) return;
+  if (!AskRisky(kelp, "Do you want to allow Ra > Rb?", "Override?", Icon::None, Buttons::YesNoCancel)) return;
   FrmAcquire& form = kelp.frmAcquire;
   const bool waits = form.Option1[kStepSamples].Value && form.Command1.Caption == "Acidified";
   if (waits && Val(form.txtReading.Text) > static_cast<double>(kelp.run.RbReading)) {
-    form.Command1.Caption = "Reading Ra";
+    ClearRawReads(kelp.run);
+    SetButton(kelp, {.Caption = "Reading Ra"});
     kelp.run.RaAccepted = true;
+  } else {
+    SetStatus(kelp, waits ? "The reading is not above Rb: there is nothing to allow."
+                          : "Nothing to allow: F3 acts while the button reads \"Acidified\".");
   }
-  form.Text4.Text = "Manual overide; Ra is higher than Rb but who cares.";
+  Say(kelp, "Manual overide; Ra is higher than Rb but who cares.");
 }
 
 void ChangeStep(Kelp& kelp) {
@@ -45,6 +47,7 @@ void ChangeStep(Kelp& kelp) {
 
 void Recalculate(Kelp& kelp) {
   if (!AskYes(kelp, "Recalculate all values? Y/N", "Recalculate?", Icon::Critical)) return;
+  kelp.Note = {.Way = How::Calculated};
   if (kelp.run.StepName == "RELOAD" || kelp.run.StepName == "BLANK")
     CalcAllSamples(kelp);
   else
@@ -54,14 +57,16 @@ void Recalculate(Kelp& kelp) {
 void StartOver(Kelp& kelp) {
   // Prompt and title stand the other way round than with the other keys.
   if (!AskYes(kelp, "Restart? Y/N", "Do you want to start over?", Icon::Critical)) return;
-  FrmAcquire& form = kelp.frmAcquire;
-  form.Command1.Caption = "Load Blank";
-  kelp.run.ReadCount = 0;
-  kelp.run.TraceColor = kTraceMagenta;
-  form.Option1[kStepBlank].Caption = "Begin Blank";
-  SelectOption(form.Option1, kStepBlank);
-  // A restart must not read the blank as a sample.
-  kelp.run.StepName = "BLANK";
+  kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
+  // A restart must not read the blank as a sample: the step follows the button.
+  SetButton(kelp, {.Caption = "Load Blank", .Trace = kTraceMagenta});
+}
+
+// The Ra that the screen offers to accept is read on, and saved when it is stable.
+void AcceptHighRa(Kelp& kelp) {
+  kelp.run.RaAccepted = true;
+  Say(kelp, "Ra above Rb is accepted; it is saved when it is stable.");
+  SetStatus(kelp, "Ra above Rb accepted for sample " + std::to_string(int{kelp.run.SampNum}) + ".");
 }
 
 }  // namespace
@@ -75,23 +80,27 @@ void FunctionKey(Kelp& kelp, int number) {
     case 4: ChangeStep(kelp); break;
     case 5:
       form.txtStats[1].Text = kelp.run.LastRawText;
-      PutIntoSlot(kelp, KeySlot(kelp), kelp.run.LastRawText);
+      PutIntoSlot(kelp, KeySlot(kelp), kelp.run.LastRawText, How::F5);
       break;
     case 6: Recalculate(kelp); break;
-    case 7: PutIntoSlot(kelp, KeySlot(kelp), std::string(form.txtReading.Text)); break;
+    case 7: PutIntoSlot(kelp, KeySlot(kelp), std::string(form.txtReading.Text), How::F7); break;
     case 8: StartOver(kelp); break;
     case 9: ShowScreen(kelp, "dlgRunRem"); break;
-    default: break;
+    default: SetStatus(kelp, "F" + std::to_string(number) + " has no meaning here."); break;
   }
 }
 
 bool SpaceKey(Kelp& kelp) {
-  std::string& caption = kelp.frmAcquire.Command1.Caption;
+  const std::string& caption = kelp.frmAcquire.Command1.Caption;
   if (caption == "S&tandby") {
-    caption = "&Start";
+    SetButton(kelp, {.Caption = "&Start"});
     return true;
   }
-  if (caption != "&Start") return false;
+  if (WaitsForRa(kelp)) {
+    AcceptHighRa(kelp);
+    return true;
+  }
+  if (caption != "&Start" || kelp.run.CsvFile.empty()) return false;
   PromptSelectedStep(kelp);
   return true;
 }

@@ -1,29 +1,25 @@
 #include "workflow/record.hpp"
 
 #include "core/numbers.hpp"
-#include "core/text.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "files/read_log.hpp"
-#include "files/station_values.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
 
 // The box of a value: end values stand behind the begin values.
 int RecordBox(const Kelp& kelp, const std::string& code) {
-  const bool standard = kelp.run.StepName == "STANDARD";
   if (code == "1") return kBoxCopro1 + ReadsEndValues(kelp, kStepCopros);
   if (code == "2") return kBoxCopro2 + ReadsEndValues(kelp, kStepCopros);
-  if (!standard) return kBoxBeginBlank + ReadsEndValues(kelp, kStepBlank);
-  const bool high = Contains(kelp.frmAcquire.Command1.Caption, "High");
+  const Item item = ButtonRow(kelp).What;
+  const bool high = item == Item::HighStandard;
+  if (!high && item != Item::LowStandard) return kBoxBeginBlank + ReadsEndValues(kelp, kStepBlank);
   return (high ? kBoxHighStandard : kBoxLowStandard) + ReadsEndValues(kelp, kStepStandard);
 }
 
-void RecordStep(Kelp& kelp, const std::string& value, const std::string& code) {
-  const int box = RecordBox(kelp, code);
-  kelp.frmAcquire.txtBlank[box].Text = value;
-  if (box > kBoxEndBlank) return;
-  kelp.run.SampTbl(2, box) = value;
-  ShowAverageBlank(kelp);
+void RecordStep(Kelp& kelp, const std::string& value, const std::string& code, const StoreNote& note) {
+  PutValue(kelp, {.Box = RecordBox(kelp, code)}, value, note);
 }
 
 std::string JoinedRow(const RunState& run, int row) {
@@ -32,31 +28,28 @@ std::string JoinedRow(const RunState& run, int row) {
   return line;
 }
 
-void RecordSampleReading(Kelp& kelp, int code) {
+void RecordSampleReading(Kelp& kelp, int code, const StoreNote& note) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
   const std::string text = SavedText(run.CurReading);
   const int row = SampleRow(run);
-  std::string line;
+  const Place place{.Row = run.SampNum, .Col = code == 4 ? kColRa : kColRb};
+  static_cast<void>(run.SampTbl(row, kTblRb));
   // An Rb accepted below the blank (code 7) is shown in the grid but kept out of the table.
-  if (code == 3) run.SampTbl(row, kTblRb) = text;
-  if (code == 4) {
-    run.SampTbl(row, kTblRa) = text;
-    line = JoinedRow(run, row);
-  }
-  form.datalog.Text(run.SampNum, code == 4 ? kColRa : kColRb) = text;
+  code == 7 ? PutOutsideTable(kelp, place, text, note) : PutValue(kelp, place, text, note);
+  const std::string line = code == 4 ? JoinedRow(run, row) : "";
+  // The reads of an Rb stay in the buffer: the acid is seen against them.
   run.CurReading = 0;
   run.ReadCount = 0;
   run.ReadIndex = 0;
   run.TraceColor = kTraceRed;
   if (run.ReadFlag) {
     run.TraceColor = kTraceBlue;
-    form.Text4.Text = "ACIDIFY - ONE squirt 10% HCL using Repipettor";
+    Say(kelp, "ACIDIFY - ONE squirt 10% HCL using Repipettor");
     return;
   }
   const bool last = run.SampNum >= run.SampCount;
   if (last)
-    form.Command1.Caption = "What's Next";
+    SetButton(kelp, {.Caption = "What's Next", .Text = Said(kelp), .Trace = kTraceRed});
   else
     ++run.SampNum;
   AppendSampleLine(kelp, line, ",**");

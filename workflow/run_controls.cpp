@@ -1,6 +1,8 @@
 #include "workflow/run_controls.hpp"
 
 #include "core/numbers.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "record/record.hpp"
 #include "workflow/slots.hpp"
@@ -13,6 +15,8 @@ struct BackRow {
   std::string from;
   std::string to;
   std::uint32_t trace;
+  Item item = Item::None;    ///< that the caption means, where its text alone may not tell
+  bool toSecondCopro = false;
 };
 
 // Where [Back] leads from each caption. The black trace after "Reading Station Sample" is kept.
@@ -27,10 +31,10 @@ std::vector<BackRow> BackTable(const RunState& run) {
           {"Save Ra", "Reading Ra", kTraceBlue},
           {"Reading Rb", "Load Station Sample", kTraceMagenta},
           {"Reading Begin Blank", "Load Blank", kTraceMagenta},
-          {"Reading " + low, "Load Copro " + low, kTraceMagenta},
-          {"Reading " + high, "Load Copro " + high, kTraceMagenta},
-          {"Load Copro " + low, "Load Blank", kTraceMagenta},
-          {"Load Copro " + high, "Load Copro " + low, kTraceMagenta}};
+          {"Reading " + low, "Load Copro " + low, kTraceMagenta, Item::Copro1},
+          {"Reading " + high, "Load Copro " + high, kTraceMagenta, Item::Copro2, true},
+          {"Load Copro " + low, "Load Blank", kTraceMagenta, Item::Copro1},
+          {"Load Copro " + high, "Load Copro " + low, kTraceMagenta, Item::Copro2}};
 }
 
 }  // namespace
@@ -50,23 +54,29 @@ void Command2_Click(Kelp& kelp) {
 }
 
 void Command3_Click(Kelp& kelp) {
-  if (!AskYes(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel) || !MayLeave(kelp)) return;
+  if (!AskRisky(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel) || !MayLeave(kelp)) return;
   if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
   HideScreen(kelp, "frmAcquire");
   EndProgram(kelp);
 }
 
 void Command4_Click(Kelp& kelp) {
-  Button& button = kelp.frmAcquire.Command1;
-  for (const BackRow& row : BackTable(kelp.run)) {
-    if (button.Caption != row.from) continue;
-    // Without this the Rb read anew would be offered as an Ra.
-    if (row.to == "Reading Station Sample") kelp.run.ReadFlag = false;
-    button.Caption = row.to;
-    kelp.run.TraceColor = row.trace;
-    break;
-  }
+  RunState& run = kelp.run;
+  const std::string caption = kelp.frmAcquire.Command1.Caption;
+  const Item item = ButtonRow(kelp).What;
   kelp.Focus = {"frmAcquire", "Command1"};
+  for (const BackRow& row : BackTable(run)) {
+    if (caption != row.from || (row.item != Item::None && row.item != item)) continue;
+    // What is read from here on is an average of its own, and the operator went back to replace a value.
+    ClearRawReads(run);
+    // Without this the Rb read anew would be offered as an Ra.
+    if (row.to == "Reading Station Sample") run.ReadFlag = false;
+    if (item == Item::Rb || item == Item::Ra) run.ReplaceSample = run.SampNum;
+    SetButton(kelp, {.Caption = row.to, .Trace = row.trace, .SecondCopro = row.toSecondCopro});
+    SetStatus(kelp, "Back from [" + caption + "] to [" + row.to + "]. No value has changed.");
+    return;
+  }
+  SetStatus(kelp, "[Back] leads nowhere from [" + caption + "].");
 }
 
 void Command6_Click(Kelp& kelp) { ShowScreen(kelp, "frmWhatsNext"); }
@@ -90,16 +100,20 @@ void Option1_Click(Kelp& kelp, int index) {
        "Load Station Sample then hit <Spacebar> or click [Load Station Sample]'",
        "Click to start reading the sample"}};
   const Row& row = rows[index];
-  FrmAcquire& form = kelp.frmAcquire;
-  kelp.run.StepName = row.step;
-  form.Command1.Caption = row.caption;
-  form.Command1.ToolTipText = row.tip;
-  form.Text4.Text = row.instruction;
+  // An added sample is one of the samples from here on.
+  SetStep(kelp, row.step);
+  SetButton(kelp, {.Caption = row.caption, .Tip = row.tip, .Text = row.instruction});
   if (index == kStepSamples) kelp.run.TraceColor = kTraceMagenta;
 }
 
 void datalog_DblClick(Kelp& kelp) {
   FrmAcquire& form = kelp.frmAcquire;
+  RunState& run = kelp.run;
+  const int row = form.datalog.Row;
+  if (row < 1 || row > run.SampCount) {
+    SetStatus(kelp, "Row " + std::to_string(row) + " of the grid is no sample of this station.");
+    return;
+  }
   if (!AskYes(kelp, "Do you want to reset the sample logging to this cell?  Y/N",
               "Moving Data Aquistion to selected cell.", Icon::Critical) ||
       !AskYes(kelp,
@@ -108,34 +122,56 @@ void datalog_DblClick(Kelp& kelp) {
               "(then click [Skip])",
               "Do not use the double-click relocate feature to skip samples!", Icon::Critical))
     return;
-  if (form.datalog.Row < 1) return;
-  kelp.run.SampNum = form.datalog.Row;
-  kelp.run.Resume = ResumeAt::Nothing;
+  MoveToSample(kelp, row);
+  run.Resume = ResumeAt::Nothing;
+  run.ReplaceSample = row;
+  const std::string sample = "Sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row);
+  SetStatus(kelp, "The run stands at sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row) + " now.");
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
   const bool ra = form.datalog.Col == kColRa;
-  form.Command1.Caption = ra ? "Acidify" : "Load Station Sample";
   // The next space bar is to go on with this sample, not to be typed into its cell.
   kelp.Focus = {"frmAcquire", "Command1"};
-  kelp.run.TraceColor = ra ? kTraceBlue : kTraceMagenta;
-  kelp.run.ReadFlag = ra;
+  run.ReadFlag = ra;
+  SetButton(kelp, {.Caption = ra ? "Acidify" : "Load Station Sample",
+                   .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
+                                          "click [Acidify]."
+                                        : ": load it and click [Start] or press <Spacebar>."),
+                   .Trace = ra ? kTraceBlue : kTraceMagenta});
+  run.Loaded = false;
+  ClearRawReads(run);
   // The Ra is to be compared with this sample's Rb, not with that of the sample left.
-  const std::string& rb = form.datalog.Text(form.datalog.Row, kColRb);
-  if (ra && !rb.empty()) kelp.run.RbReading = static_cast<float>(Val(rb));
+  if (ra) run.RbReading = static_cast<float>(Val(form.datalog.Text(row, kColRb)));
+}
+
+void txtBlank_Change(Kelp& kelp, int index, const std::string& text) {
+  PutValue(kelp, {.Box = index}, text, {.Way = How::Typed});
 }
 
 void datalog_KeyPress(Kelp& kelp, int key) {
-  Grid& grid = kelp.frmAcquire.datalog;
+  const Grid& grid = kelp.frmAcquire.datalog;
   if (grid.Row < 1) return;
-  std::string& cell = grid.Text(grid.Row, grid.Col);
+  std::string cell = grid.Text(grid.Row, grid.Col);
   if (key >= 32 && key <= 127)
     cell += static_cast<char>(key);
   else if (key == 8 && !cell.empty())
     cell.pop_back();
+  else
+    return;
+  datalog_Change(kelp, cell);
+}
+
+void datalog_Change(Kelp& kelp, const std::string& text) {
+  const Grid& grid = kelp.frmAcquire.datalog;
+  if (grid.Row < 1 || grid.Text(grid.Row, grid.Col) == text) return;
+  PutValue(kelp, {.Row = grid.Row, .Col = grid.Col}, text, {.Way = How::Typed});
+  if (grid.Row > kelp.run.SampCount)
+    SetStatus(kelp, "Row " + std::to_string(grid.Row) +
+                        " is no sample of this station: what is typed there comes into no file.");
 }
 
 void txtMean_Click(Kelp& kelp, int index) {
   const std::string value = kelp.frmAcquire.txtMean[index].Text;
-  PutIntoSlot(kelp, MeanSlot(kelp), value);
+  PutIntoSlot(kelp, MeanSlot(kelp), value, How::MeanBox);
 }
 
 }  // namespace kelp

@@ -1,6 +1,8 @@
 // The buttons beside Start, the step selector, the grid and the boxes of the acquisition screen.
 #pragma once
 
+#include <string>
+
 #include "core/kelp.hpp"
 
 namespace kelp {
@@ -20,11 +22,17 @@ void datalog_DblClick(Kelp& kelp);
 /// Types into the grid's current cell: a printable character is appended, Backspace takes one off.
 void datalog_KeyPress(Kelp& kelp, int key);
 
+/// The operator's editing left `text` in the grid's current cell.
+void datalog_Change(Kelp& kelp, const std::string& text);
+
+/// A `txtBlank` box was edited: a blank typed there is the blank of the station.
+void txtBlank_Change(Kelp& kelp, int index, const std::string& text);
+
 /// A mean box was clicked: its value goes to the place that the Start button's caption names.
 void txtMean_Click(Kelp& kelp, int index);
 
-/// The operator changed a header box.
-void txtStaInfo_Change(Kelp& kelp, int index);
+/// The operator changed a header box to `text`.
+void txtStaInfo_Change(Kelp& kelp, int index, const std::string& text);
 
 /// A header box was left: its value is checked and the step's prompt is given again.
 void txtStaInfo_LostFocus(Kelp& kelp, int index);

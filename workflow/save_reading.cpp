@@ -4,6 +4,7 @@
 #include "acquire/averaging.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "workflow/accept.hpp"
 #include "workflow/steps.hpp"
@@ -13,15 +14,11 @@ namespace kelp {
 namespace {
 
 constexpr float kLowestBlank = 0.0028F;
-constexpr int kExtraReadsForRa = 5;
 constexpr float kAcidMargin = 0.06F;
 constexpr float kCopro1Tolerance = 0.3F;
 constexpr float kCopro2Tolerance = 0.5F;
 
-// A value may be saved once enough reads are in, an average of them exists, and the SD is small enough.
-bool MaySave(const Kelp& kelp, int extraReads) {
-  return kelp.run.ReadCount >= kelp.run.MinReads + extraReads && SdIsMet(kelp);
-}
+bool MaySave(const Kelp& kelp) { return WhyNotSaved(kelp, SavedBy::Autoread).empty(); }
 
 double ShownReading(const Kelp& kelp) { return Val(kelp.frmAcquire.txtReading.Text); }
 
@@ -32,7 +29,7 @@ bool BlankIsGood(Kelp& kelp) {
   const bool awol = Upper(Left(CfgValue(kelp.run, kCfgFluorometer), 4)) == "AWOL";
   const std::string limit = CfgValue(kelp.run, awol ? kCfgBlankLimitAwol : kCfgBlankLimit);
   if (ShownReading(kelp) > Val(limit) &&
-      !AskYes(kelp, "Blank reading is high! Save anyways? Y/N", "Current value > than" + limit))
+      !AskRisky(kelp, "Blank reading is high! Save anyways? Y/N", "Current value > than" + limit))
     return false;
   return kelp.run.CurReading >= kLowestBlank || AskYes(kelp, "Blank reading is low! Save anyways? Y/N",
                                                        "Current value < than 0.0028!", Icon::Critical);
@@ -43,10 +40,9 @@ void SaveBlank(Kelp& kelp) {
     AcceptBlank(kelp, SavedBy::Autoread);
     return;
   }
-  kelp.frmAcquire.Command1.Caption = "Load Blank";
-  kelp.frmAcquire.Text4.Text = "Reload blank and click [Start] or press <Spacebar>.";
-  kelp.run.TraceColor = kTraceMagenta;
-  kelp.run.ReadCount = 0;
+  SetButton(kelp, {.Caption = "Load Blank",
+                   .Text = "Reload blank and click [Start] or press <Spacebar>.",
+                   .Trace = kTraceMagenta});
 }
 
 // A No holds until the next reading: the same question at every pass would leave no time to act.
@@ -87,10 +83,10 @@ void SaveRb(Kelp& kelp) {
 void SaveRa(Kelp& kelp) {
   RunState& run = kelp.run;
   if (run.CurReading > run.RbReading) {
-    kelp.frmAcquire.Text4.Text = "Ra is > than Rb.  Manual save is required or wait till Ra < Rb.";
-    if (!AskYes(kelp, "Ra > Rb! Do you want to save this value anyway? Y/N", "Ra > Rb!")) {
-      kelp.frmAcquire.Command1.Caption = "Reading Ra";
+    Say(kelp, "Ra is > than Rb.  Manual save is required or wait till Ra < Rb.");
+    if (!AskRisky(kelp, "Ra > Rb! Do you want to save this value anyway? Y/N", "Ra > Rb!")) {
       ClearRawReads(run);
+      SetButton(kelp, {.Caption = "Reading Ra"});
       return;
     }
   }
@@ -100,64 +96,45 @@ void SaveRa(Kelp& kelp) {
 // Acid shows itself by a change of the reading; the Ra counts from the reading's fall below Rb.
 void WatchAcid(Kelp& kelp) {
   RunState& run = kelp.run;
-  FrmAcquire& form = kelp.frmAcquire;
+  const FrmAcquire& form = kelp.frmAcquire;
   const auto rb = static_cast<double>(run.RbReading);
   if (form.Command1.Caption == "Acidify") {
-    if (Distance(ShownReading(kelp), rb) > kAcidMargin) form.Command1.Caption = "Acidified";
+    if (Distance(ShownReading(kelp), rb) > kAcidMargin) SetButton(kelp, {.Caption = "Acidified"});
     return;
   }
   if (ShownReading(kelp) >= rb) return;
-  form.Command1.Caption = "Reading Ra";
   ClearRawReads(run);
-  form.Command1.ToolTipText = "Wait for the min number of reads...";
-  form.Text4.Text = "When SD <= " + CfgValue(run, kCfgSdCriterion) + ", mean value will be saved.";
-}
-
-void SaveSample(Kelp& kelp) {
-  const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  if (caption == "Acidify" || caption == "Acidified")
-    WatchAcid(kelp);
-  else if (caption == "Save Rb" && MaySave(kelp, 0))
-    SaveRb(kelp);
-  else if (caption == "Save Ra" && MaySave(kelp, kExtraReadsForRa))
-    SaveRa(kelp);
-}
-
-void SaveStandard(Kelp& kelp) {
-  const std::string caption = kelp.frmAcquire.Command1.Caption;
-  if (!MaySave(kelp, 0)) return;
-  if (caption == "Save Low Standard" && StandardIsGood(kelp, "Low")) AcceptLowStandard(kelp);
-  if (caption == "Save High Standard" && StandardIsGood(kelp, "High")) AcceptHighStandard(kelp);
-}
-
-void SaveCopro(Kelp& kelp) {
-  const std::string caption = kelp.frmAcquire.Command1.Caption;
-  if (!MaySave(kelp, 0)) return;
-  if (caption == "Save " + kelp.run.CoproHighStd) {
-    if (CoproIsGood(kelp, kStaCopro2, kCopro2Tolerance)) AcceptSecondCopro(kelp);
-  } else if (caption == "Save " + kelp.run.CoproLowStd) {
-    if (CoproIsGood(kelp, kStaCopro1, kCopro1Tolerance)) AcceptFirstCopro(kelp);
-  }
+  SetButton(kelp, {.Caption = "Reading Ra",
+                   .Tip = "Wait for the min number of reads...",
+                   .Text = "When SD <= " + CfgValue(run, kCfgSdCriterion) + ", mean value will be saved."});
 }
 
 }  // namespace
 
-bool SdIsMet(const Kelp& kelp) {
-  const auto criterion = static_cast<float>(CfgNumber(kelp.run, kCfgSdCriterion));
-  return AverageExists(kelp.run) && static_cast<float>(Val(kelp.frmAcquire.txtStats[2].Text)) <= criterion;
-}
-
 void SaveReading(Kelp& kelp) {
-  const std::string& step = kelp.run.StepName;
+  const CaptionRow& row = ButtonRow(kelp);
   kelp.frmAcquire.txtBlank[kBoxAutoCriterion].Text = SdText(CfgNumber(kelp.run, kCfgSdCriterion));
-  if (step == "SAMPLE" || step == "ADDED")
-    SaveSample(kelp);
-  else if (step == "STANDARD")
-    SaveStandard(kelp);
-  else if (step == "COPROS")
-    SaveCopro(kelp);
-  else if (step == "BLANK" && StartsWith(kelp.frmAcquire.Command1.Caption, "Save") && MaySave(kelp, 0))
-    SaveBlank(kelp);
+  // After a relocation to an Ra the tube of another sample is in the holder: it waits for the click.
+  if (row.Does == Phase::Acid && kelp.run.Loaded) WatchAcid(kelp);
+  if (row.Does != Phase::Save || !MaySave(kelp)) return;
+  switch (row.What) {
+    case Item::Blank: SaveBlank(kelp); break;
+    case Item::LowStandard:
+      if (StandardIsGood(kelp, "Low")) AcceptLowStandard(kelp, SavedBy::Autoread);
+      break;
+    case Item::HighStandard:
+      if (StandardIsGood(kelp, "High")) AcceptHighStandard(kelp, SavedBy::Autoread);
+      break;
+    case Item::Copro1:
+      if (CoproIsGood(kelp, kStaCopro1, kCopro1Tolerance)) AcceptFirstCopro(kelp, SavedBy::Autoread);
+      break;
+    case Item::Copro2:
+      if (CoproIsGood(kelp, kStaCopro2, kCopro2Tolerance)) AcceptSecondCopro(kelp, SavedBy::Autoread);
+      break;
+    case Item::Rb: SaveRb(kelp); break;
+    case Item::Ra: SaveRa(kelp); break;
+    case Item::None: break;
+  }
 }
 
 }  // namespace kelp

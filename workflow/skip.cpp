@@ -1,4 +1,7 @@
 // [Skip]: leaves out a standard, a copro, the blank or a sample; -99 marks what was not read.
+#include "core/numbers.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/read_log.hpp"
 #include "workflow/run_controls.hpp"
@@ -10,39 +13,56 @@ namespace {
 constexpr const char* kNotRead = "-99.00";
 constexpr const char* kSampleNotRead = "-99.000";
 
+bool WasRead(const std::string& box) { return !Trim(box).empty() && box != "0" && Val(box) > -99; }
+
+// A value that was read stays: end values are left out without touching the begin values.
 void MarkBoxes(Kelp& kelp, int first, int last) {
-  for (int box = first; box <= last; ++box) kelp.frmAcquire.txtBlank[box].Text = kNotRead;
+  std::string marked;
+  for (int box = first; box <= last; ++box) {
+    if (WasRead(kelp.frmAcquire.txtBlank[box].Text)) continue;
+    PutValue(kelp, {.Box = box}, kNotRead, {.Way = How::Skipped});
+    marked += (marked.empty() ? "" : ", ") + PlaceName(kelp, {.Box = box});
+  }
+  SetStatus(kelp, marked.empty() ? "Skipped. What was read stays."
+                                 : "Skipped: " + marked + " " + kNotRead + ". Ctrl+Z takes it back.");
 }
 
-void GoToSamples(Kelp& kelp) {
-  kelp.frmAcquire.Command1.Caption = "Load Station Sample";
-  kelp.run.StepName = "SAMPLE";
-}
+void GoToSamples(Kelp& kelp) { SetButton(kelp, {.Caption = "Load Station Sample"}); }
 
 void SkipCopro(Kelp& kelp) {
-  Button& button = kelp.frmAcquire.Command1;
-  if (button.Caption == "Load Copro " + kelp.run.CoproLowStd) {
-    MarkBoxes(kelp, 6, 7);
-    button.Caption = "Load Copro " + kelp.run.CoproHighStd;
-  } else if (button.Caption == "Load Copro " + kelp.run.CoproHighStd) {
-    MarkBoxes(kelp, 8, 9);
+  const CaptionRow& row = ButtonRow(kelp);
+  // The prompt "Load Copro 1" names no copro: it leaves out both.
+  const bool named = row.Does == Phase::Load && std::string_view(row.Caption).ends_with('}');
+  if (named && row.What == Item::Copro1) {
+    MarkBoxes(kelp, kBoxCopro1, kBoxCopro1 + 1);
+    SetButton(kelp, {.Caption = "Load Copro " + kelp.run.CoproHighStd, .SecondCopro = true});
+  } else if (named && row.What == Item::Copro2) {
+    MarkBoxes(kelp, kBoxCopro2, kBoxCopro2 + 1);
     GoToSamples(kelp);
   } else {
-    kelp.run.StepName = "SAMPLE";
+    SetStatus(kelp, "The rest of the copros is left out.");
+    GoToSamples(kelp);
   }
 }
 
 // Returns the sample's line for the log.
 std::string MarkSample(Kelp& kelp) {
   RunState& run = kelp.run;
-  Grid& grid = kelp.frmAcquire.datalog;
   const int row = SampleRow(run);
-  std::string& tableRb = run.SampTbl(row, kTblRb);
-  std::string& rb = grid.Text(run.SampNum, kColRb);
-  if (rb.empty()) rb = kSampleNotRead;
-  grid.Text(run.SampNum, kColRa) = kSampleNotRead;
-  tableRb = rb;
-  run.SampTbl(row, kTblRa) = kSampleNotRead;
+  const Place rb{.Row = run.SampNum, .Col = kColRb};
+  const Place ra{.Row = run.SampNum, .Col = kColRa};
+  std::string marked;
+  static_cast<void>(run.SampTbl(row, kTblRb));
+  for (const Place& place : {rb, ra}) {
+    if (HoldsReading(kelp, place)) continue;
+    PutValue(kelp, place, kSampleNotRead, {.Way = How::Skipped});
+    marked += (marked.empty() ? "" : " and ") + kelp.frmAcquire.datalog.Text(0, place.Col);
+  }
+  run.SampTbl(row, kTblRb) = ValueAt(kelp, rb);
+  run.SampTbl(row, kTblRa) = ValueAt(kelp, ra);
+  SetStatus(kelp, "Sample " + std::to_string(int{run.SampNum}) + ", bottle " + BottleOf(kelp, run.SampNum) +
+                      (marked.empty() ? " is left; its readings stay."
+                                      : ": " + marked + " " + kSampleNotRead + " (skipped). Ctrl+Z takes it back."));
   std::string line;
   for (int col = 0; col < StationTable::kCols; ++col) line += "," + run.SampTbl(row, col);
   return line;
@@ -60,16 +80,18 @@ void SkipSample(Kelp& kelp) {
   RunState& run = kelp.run;
   FrmAcquire& form = kelp.frmAcquire;
   const std::string line = MarkSample(kelp);
-  run.TraceColor = kTraceRed;
   run.ReadCount = 0;
   run.ReadIndex = 0;
+  run.ReplaceSample = 0;
   form.txtStats[0].Text = "0";
   if (run.SampNum < run.SampCount) {
     ++run.SampNum;
-    form.Command1.Caption = "Load Next Sample";
+    SetButton(kelp, {.Caption = "Load Next Sample",
+                     .Text = "Load the next Station Sample and click [Start] or press <Spacebar>.",
+                     .Trace = kTraceRed});
     AppendSampleLine(kelp, line, ",*");
   } else {
-    form.Command1.Caption = "What's Next";
+    SetButton(kelp, {.Caption = "What's Next", .Text = "All samples are read.", .Trace = kTraceRed});
     RenumberRemainingVials(kelp);
     AppendSampleLine(kelp, line, ",*");
     ShowScreen(kelp, "frmWhatsNext");
@@ -80,17 +102,23 @@ void SkipSample(Kelp& kelp) {
 
 void Command5_Click(Kelp& kelp) {
   RunState& run = kelp.run;
-  if (run.StepName == "STANDARD") {
-    MarkBoxes(kelp, 2, 5);
+  const std::string step = StepUnderWay(kelp);
+  if (run.CsvFile.empty()) {
+    SetStatus(kelp, "No station is open: there is nothing to skip.");
+  } else if (step == "STANDARD") {
+    MarkBoxes(kelp, kBoxLowStandard, kBoxHighStandard + 1);
     GoToSamples(kelp);
-  } else if (run.StepName == "COPROS") {
+  } else if (step == "COPROS") {
     SkipCopro(kelp);
-  } else if (run.StepName == "BLANK") {
-    MarkBoxes(kelp, 0, 1);
-    kelp.frmAcquire.Command1.Caption = "Load Copro " + run.CoproLowStd;
-    run.StepName = "COPROS";
-  } else if (run.StepName == "SAMPLE" || run.StepName == "ADDED") {
+  } else if (step == "BLANK") {
+    MarkBoxes(kelp, kBoxBeginBlank, kBoxEndBlank);
+    SetButton(kelp, {.Caption = "Load Copro " + run.CoproLowStd});
+  } else if (run.SampNum > run.SampCount) {
+    SetStatus(kelp, "This station has no sample " + std::to_string(int{run.SampNum}) + " to skip.");
+  } else if (step == "SAMPLE" || step == "ADDED") {
     SkipSample(kelp);
+  } else {
+    SetStatus(kelp, "There is nothing to skip in \"" + step + "\".");
   }
 }
 

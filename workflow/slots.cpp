@@ -1,7 +1,8 @@
 #include "workflow/slots.hpp"
 
-#include "acquire/captions.hpp"
 #include "calc/calc_samples.hpp"
+#include "core/places.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -11,23 +12,24 @@ namespace {
 ValueSlot Box(int index) { return {.Box = index}; }
 
 // "Load ..." waits for the sample before: its Ra has just been saved.
-ValueSlot PreviousRa(const Kelp& kelp, bool calculate) {
-  return {.Row = kelp.run.SampNum - 1, .Col = kColRa, .Calculate = calculate};
+ValueSlot PreviousRa(const Kelp& kelp) {
+  return {.Row = kelp.run.SampNum - 1, .Col = kColRa, .Calculate = true};
 }
 
 }  // namespace
 
 ValueSlot KeySlot(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
+  const bool second = ButtonRow(kelp).What == Item::Copro2;
   if (caption == "Acidify") return {.Row = kelp.run.SampNum, .Col = kColRb};
   if (caption == "Load Low Standard") return Box(0);
   if (caption == "Load High Standard") return Box(2);
   // The first copro's value goes to the blank's box; the analysts read it there.
-  if (caption == "Load Copro " + kelp.run.CoproLowStd) return Box(0);
+  if (caption == "Load Copro " + kelp.run.CoproLowStd && !second) return Box(0);
   if (caption == "Load Copro " + kelp.run.CoproHighStd) return Box(6);
   if (caption == "Load 1st Sample") return Box(8);
   if (StartsWith(caption, "What")) return {.Row = kelp.run.SampNum, .Col = kColRa, .Calculate = true};
-  if (StartsWith(caption, "Load")) return PreviousRa(kelp, true);
+  if (StartsWith(caption, "Load")) return PreviousRa(kelp);
   return {};
 }
 
@@ -44,20 +46,34 @@ ValueSlot ChooserSlot(const Kelp& kelp) {
 
 ValueSlot MeanSlot(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
+  const bool second = ButtonRow(kelp).What == Item::Copro2;
   if (caption == "Acidify") return {.Row = kelp.run.SampNum, .Col = kColRb};
   if (caption == "Load Low Standard") return Box(0);
   if (caption == "Load High Standard") return Box(2);
   if (caption == "Load 1st Sample") return Box(3);
-  if (Contains(caption, "Load Copro")) return Box(HoldsName(caption, kelp.run.CoproHighStd) ? 6 : 0);
-  if (StartsWith(caption, "Load")) return PreviousRa(kelp, false);
+  if (Contains(caption, "Load Copro")) return Box(second ? 6 : 0);
+  if (StartsWith(caption, "Load")) return PreviousRa(kelp);
   return {};
 }
 
-void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value) {
-  if (slot.Box >= 0) kelp.frmAcquire.txtBlank[slot.Box].Text = value;
-  // Before the first sample there is no Ra to put in: the header row is no sample.
-  if (slot.Row >= 1) kelp.frmAcquire.datalog.Text(slot.Row, slot.Col) = value;
-  if (slot.Row >= 1 && slot.Calculate) CalcCurrentSample(kelp);
+void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value, How way) {
+  const std::string& caption = kelp.frmAcquire.Command1.Caption;
+  if (slot.Box < 0 && slot.Col < 0) {
+    SetStatus(kelp, "The button reads \"" + caption + "\": it waits for no value.");
+    return;
+  }
+  if (slot.Box < 0 && (slot.Row < 1 || slot.Row > kelp.run.SampCount)) {
+    SetStatus(kelp, slot.Row < 1 ? "There is no sample before the first one to put a value into."
+                                 : "This station has no sample " + std::to_string(slot.Row) + ".");
+    return;
+  }
+  if (Trim(value).empty() || Trim(value).find_first_not_of("0123456789.+-") != std::string::npos) {
+    SetStatus(kelp, "\"" + value + "\" is no value: nothing was put anywhere.");
+    return;
+  }
+  PutValue(kelp, {.Box = slot.Box, .Row = slot.Row, .Col = slot.Col}, value,
+           {.Way = way, .Reads = kelp.run.ReadCount, .Sd = kelp.loop.Sd});
+  if (slot.Box < 0 && slot.Calculate) CalcRow(kelp, slot.Row);
 }
 
 }  // namespace kelp

@@ -10,17 +10,17 @@ namespace kelp {
 
 struct ValueSlot {
   int Box = -1;  ///< index of `txtBlank`, or -1
-  int Row = 0;   ///< grid row; 0 when the slot is no grid cell
-  int Col = 0;
-  bool Calculate = false;  ///< the current sample is calculated afterwards
+  int Row = 0;   ///< grid row
+  int Col = -1;  ///< its column; -1 when the slot is no grid cell
+  bool Calculate = false;  ///< the row is calculated afterwards
 };
 
 ValueSlot KeySlot(const Kelp& kelp);      ///< F5 and F7 on the acquisition screen
 ValueSlot ChooserSlot(const Kelp& kelp);  ///< F5 and F7 on the chooser
 ValueSlot MeanSlot(const Kelp& kelp);     ///< a click on a mean box
 
-/// Puts a value into a slot, and calculates the sample where the slot says so. A caption that waits
-/// for nothing changes nothing.
-void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value);
+/// Puts a value into a slot, and calculates the sample where the slot says so. A caption that waits for nothing,
+/// or a value that is none, changes nothing, and the status bar says so.
+void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value, How way);
 
 }  // namespace kelp

@@ -1,10 +1,10 @@
 // The Start/Read/Save button.
 #include <utility>
 
-#include "acquire/averaging.hpp"
-#include "acquire/captions.hpp"
 #include "acquire/read_loop.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
+#include "files/base_file.hpp"
 #include "workflow/accept.hpp"
 #include "workflow/steps.hpp"
 
@@ -25,94 +25,104 @@ bool NeedsPort(Kelp& kelp) {
   return !kelp.platform.PortIsOpen() && !(kelp.loop.Running && kelp.loop.PortOpened);
 }
 
-void BeginReading(Kelp& kelp, const std::string& caption) {
-  ClearRawReads(kelp.run);
-  kelp.run.TraceColor = kTraceGreen;
-  kelp.frmAcquire.Command1.Caption = caption;
-  kelp.frmAcquire.Command1.ToolTipText = kWaitTip;
+void BeginReading(Kelp& kelp, const std::string& caption, bool secondCopro = false) {
+  SetButton(kelp, {.Caption = caption, .Tip = kWaitTip, .Trace = kTraceGreen, .SecondCopro = secondCopro});
   StartReadLoop(kelp);
+  kelp.run.Loaded = true;
 }
 
 // A loop started for an Ra keeps ReadFlag, else the Ra would be offered as an Rb.
 void BeginRa(Kelp& kelp) {
-  kelp.frmAcquire.Command1.Caption = "Reading Ra";
-  ClearRawReads(kelp.run);
-  kelp.frmAcquire.Command1.ToolTipText = kWaitTip;
-  kelp.frmAcquire.Text4.Text = "Press <spacebar> when reading is stable or wait for Autoread.";
+  SetButton(kelp, {.Caption = "Reading Ra",
+                   .Tip = kWaitTip,
+                   .Text = "Press <spacebar> when reading is stable or wait for Autoread."});
   StartReadLoop(kelp);
   kelp.run.ReadFlag = true;
+  kelp.run.Loaded = true;
 }
 
-void StartIdleLoop(Kelp& kelp, const std::string& caption) {
-  if (kelp.loop.Running) return;
-  StartReadLoop(kelp);
-  if (caption == "Reading Ra" || caption == "Read Ra") kelp.run.ReadFlag = true;
-}
-
-bool EnoughReads(Kelp& kelp) {
-  if (kelp.run.ReadCount >= kelp.run.MinReads && AverageExists(kelp.run)) return true;
-  kelp.frmAcquire.Text4.Text = "Wait! Read minimum number of reads before save...";
+// By hand no question is asked, but a value that is there already is not lost without one.
+bool MaySaveByHand(Kelp& kelp) {
+  const std::string trouble = WhyNotSaved(kelp, SavedBy::Hand);
+  if (trouble.empty()) return true;
+  Say(kelp, "Wait! Read minimum number of reads before save...");
+  SetStatus(kelp, trouble);
   return false;
 }
 
-void ClickSample(Kelp& kelp, const std::string& caption) {
-  if (StartsWith(caption, "Load")) {
-    if (ResumeRestored(kelp)) return;
-    BeginReading(kelp, "Reading Station Sample");
-    kelp.frmAcquire.Text4.Text = "Reading and averaging sample reads;\n<spacebar> will manually save.";
-  } else if (caption == "Acidify" || caption == "Acidified") {
-    BeginRa(kelp);
-  } else if (caption == "Save Rb") {
-    if (EnoughReads(kelp)) AcceptRb(kelp, SavedBy::Hand, 3);
-  } else if (caption == "Save Ra") {
-    if (EnoughReads(kelp)) AcceptRa(kelp, SavedBy::Hand);
+bool SampleIsThere(Kelp& kelp) {
+  const RunState& run = kelp.run;
+  if (run.SampNum >= 1 && run.SampNum <= run.SampCount) return true;
+  SetStatus(kelp, "This station has no sample " + std::to_string(int{run.SampNum}) +
+                      ": add one in the chooser, or double-click the cell of another.");
+  ShowScreen(kelp, "frmWhatsNext");
+  return false;
+}
+
+void StartItem(Kelp& kelp, Item item) {
+  const RunState& run = kelp.run;
+  switch (item) {
+    case Item::Blank:
+      BeginReading(kelp, "Read Blank");
+      Say(kelp, "Averaging blank readings...");
+      break;
+    case Item::LowStandard: BeginReading(kelp, "Reading Low Standard"); break;
+    case Item::HighStandard: BeginReading(kelp, "Reading High Standard"); break;
+    case Item::Copro1: BeginReading(kelp, "Reading " + run.CoproLowStd); break;
+    case Item::Copro2: BeginReading(kelp, "Reading " + run.CoproHighStd, true); break;
+    case Item::Rb:
+      if (!SampleIsThere(kelp) || ResumeRestored(kelp)) return;
+      BeginReading(kelp, "Reading Station Sample");
+      Say(kelp, "Reading and averaging sample reads;\n<spacebar> will manually save.");
+      break;
+    case Item::Ra:
+      if (SampleIsThere(kelp)) BeginRa(kelp);
+      break;
+    case Item::None: break;
   }
 }
 
-void ClickBlank(Kelp& kelp, const std::string& caption) {
-  if (StartsWith(caption, "Load")) {
-    kelp.run.StepName = "BLANK";
-    BeginReading(kelp, "Read Blank");
-    kelp.frmAcquire.Text4.Text = "Averaging blank readings...";
-  } else if (EnoughReads(kelp)) {
-    AcceptBlank(kelp, SavedBy::Hand);
+void SaveItem(Kelp& kelp, Item item) {
+  switch (item) {
+    case Item::Blank: AcceptBlank(kelp, SavedBy::Hand); break;
+    case Item::LowStandard: AcceptLowStandard(kelp, SavedBy::Hand); break;
+    case Item::HighStandard: AcceptHighStandard(kelp, SavedBy::Hand); break;
+    case Item::Copro1: AcceptFirstCopro(kelp, SavedBy::Hand); break;
+    case Item::Copro2: AcceptSecondCopro(kelp, SavedBy::Hand); break;
+    case Item::Rb: AcceptRb(kelp, SavedBy::Hand, 3); break;
+    case Item::Ra: AcceptRa(kelp, SavedBy::Hand); break;
+    case Item::None: break;
   }
 }
 
-void ClickStandard(Kelp& kelp, const std::string& caption) {
-  const bool high = Contains(caption, "High");
-  if (StartsWith(caption, "Load"))
-    BeginReading(kelp, high ? "Reading High Standard" : "Reading Low Standard");
-  else if (StartsWith(caption, "Save") && EnoughReads(kelp))
-    high ? AcceptHighStandard(kelp) : AcceptLowStandard(kelp);
+// The loop runs already while an item is read; an item that was not loaded, or a loop that stands, begins anew.
+void ReadItem(Kelp& kelp, const CaptionRow& row) {
+  RunState& run = kelp.run;
+  if (kelp.loop.Running && run.Loaded) {
+    SetStatus(kelp, "Reading: " + std::to_string(int{run.ReadCount}) + " of " + std::to_string(int{run.MinReads}) +
+                        " reads are in.");
+    return;
+  }
+  if ((row.What == Item::Rb || row.What == Item::Ra) && !SampleIsThere(kelp)) return;
+  StartReadLoop(kelp);
+  run.ReadFlag = row.What == Item::Ra;
+  run.Loaded = true;
+  SetButton(kelp, {.Caption = kelp.frmAcquire.Command1.Caption, .SecondCopro = run.SecondCopro});
+  SetStatus(kelp, "Reading begins anew.");
 }
 
-void ClickCopro(Kelp& kelp, const std::string& caption) {
-  const bool second = HoldsName(caption, kelp.run.CoproHighStd);
-  if (StartsWith(caption, "Load"))
-    BeginReading(kelp, "Reading " + (second ? kelp.run.CoproHighStd : kelp.run.CoproLowStd));
-  else if (StartsWith(caption, "Save") && EnoughReads(kelp))
-    second ? AcceptSecondCopro(kelp) : AcceptFirstCopro(kelp);
+void AskForStationAgain(Kelp& kelp) {
+  if (kelp.frmCreateBase.Form.Visible) {
+    SetStatus(kelp, "No station is open: create its base file first.");
+    ShowScreen(kelp, "frmCreateBase");
+    return;
+  }
+  SetStatus(kelp, "No station is open: nothing can be measured.");
+  if (!kelp.run.BaseFile.empty()) LoadBaseFile(kelp, kelp.run.BaseFile);
 }
 
-void ClickStep(Kelp& kelp, const std::string& caption) {
-  const std::string& step = kelp.run.StepName;
-  if (step == "SAMPLE" || step == "ADDED")
-    ClickSample(kelp, caption);
-  else if (step == "BLANK" || caption == "Load Blank")  // [Back] leads from the copros to the blank
-    ClickBlank(kelp, caption);
-  else if (step == "STANDARD")
-    ClickStandard(kelp, caption);
-  else if (step == "COPROS")
-    ClickCopro(kelp, caption);
-}
-
-void SetPrompt(Kelp& kelp, const std::string& step, const std::string& caption, const std::string& tip,
-               const std::string& instruction) {
-  if (!step.empty()) kelp.run.StepName = step;
-  kelp.frmAcquire.Command1.Caption = caption;
-  kelp.frmAcquire.Command1.ToolTipText = tip;
-  kelp.frmAcquire.Text4.Text = instruction;
+void SetPrompt(Kelp& kelp, const std::string& caption, const std::string& tip, const std::string& instruction) {
+  SetButton(kelp, {.Caption = caption, .Tip = tip, .Text = instruction});
 }
 
 }  // namespace
@@ -123,7 +133,7 @@ bool ReadsEndValues(const Kelp& kelp, int stepOption) {
 }
 
 void GoToStandby(Kelp& kelp) {
-  kelp.frmAcquire.Command1.Caption = "What's Next?";
+  SetButton(kelp, {.Caption = "What's Next?", .Text = "Choose what's next."});
   kelp.run.StepName = "STANDBY";
   ShowScreen(kelp, "frmWhatsNext");
 }
@@ -133,14 +143,14 @@ bool ResumeRestored(Kelp& kelp) {
   const std::string sample = "Sample " + std::to_string(int{kelp.run.SampNum});
   if (resume == ResumeAt::Ra) {
     SetPrompt(
-        kelp, "SAMPLE", "Acidify", "Click to Start reading Ra",
+        kelp, "Acidify", "Click to Start reading Ra",
         sample + " has its Rb. ACIDIFY if that was not done, then press <spacebar> or click [Acidify].");
     kelp.run.ReadFlag = true;
-    kelp.run.TraceColor = kTraceBlue;
     return true;
   }
   if (resume != ResumeAt::Chooser) return false;
-  SetPrompt(kelp, "SAMPLE", "What's Next", "", "All samples are read.");
+  SetStep(kelp, "SAMPLE");
+  SetPrompt(kelp, "What's Next", "Click to choose what's next", "All samples are read.");
   ShowScreen(kelp, "frmWhatsNext");
   return true;
 }
@@ -150,41 +160,49 @@ void PromptSelectedStep(Kelp& kelp) {
   const auto& option = kelp.frmAcquire.Option1;
   const std::string& copro = kelp.run.CoproLowStd;
   if (option[kStepBlank].Value)
-    SetPrompt(kelp, "BLANK", "Load Blank", "Load Blank then click here when stable",
+    SetPrompt(kelp, "Load Blank", "Load Blank then click here when stable",
               "Load the blank and click [Start] or press <Spacebar>.");
   else if (option[kStepStandard].Value)
-    SetPrompt(kelp, "STANDARD", "Load Low Standard", "Load Standard then click here when stable",
+    SetPrompt(kelp, "Load Low Standard", "Load Standard then click here when stable",
               "Load the Standard and click [Start] or press <Spacebar>.");
   else if (option[kStepCopros].Value)
-    SetPrompt(kelp, "COPROS", "Load Copro 1", "Load Copro " + copro + " then click here when stable",
+    SetPrompt(kelp, "Load Copro 1", "Load Copro " + copro + " then click here when stable",
               "Load Copro " + copro + " and click [Start] or press <Spacebar>.");
   else if (option[kStepSamples].Value)
-    SetPrompt(kelp, "SAMPLE", "Load Sample", "Load Sample then click here when stable",
+    SetPrompt(kelp, "Load Sample", "Load Sample then click here when stable",
               "Load the Sample and click [Start] or press <Spacebar>.");
   else
-    SetPrompt(kelp, "", "&Start", "Click to Start", "Click [Start] or press <Spacebar>.");
+    SetPrompt(kelp, "&Start", "Click to Start", "Click [Start] or press <Spacebar>.");
 }
 
 void Command1_Click(Kelp& kelp) {
   if (kelp.run.CsvFile.empty()) {
-    SetStatus(kelp, "No station is open: nothing can be measured.");
-    kelp.frmAcquire.Text4.Text =
-        "No station is open. Press F10, log in again and create or find its base file.";
+    AskForStationAgain(kelp);
     return;
   }
   StartLogTimer(kelp);
   if (NeedsPort(kelp) && !OpenSerialPort(kelp)) return;
   const std::string caption = kelp.frmAcquire.Command1.Caption;
-  if (caption == "&Start")
-    PromptSelectedStep(kelp);
-  else if (caption == "S&tandby")
-    kelp.frmAcquire.Command1.Caption = "&Start";
-  else if (caption == "What's Next" || caption == "What's Next?")
-    ShowScreen(kelp, "frmWhatsNext");
-  else if (StartsWith(caption, "Read"))
-    StartIdleLoop(kelp, caption);
-  else
-    ClickStep(kelp, caption);
+  const CaptionRow row = ButtonRow(kelp);
+  switch (row.Does) {
+    case Phase::Idle:
+      if (caption == "S&tandby")
+        SetButton(kelp, {.Caption = "&Start"});
+      else
+        PromptSelectedStep(kelp);
+      break;
+    case Phase::Next: ShowScreen(kelp, "frmWhatsNext"); break;
+    case Phase::Load:
+    case Phase::Acid: StartItem(kelp, row.What); break;
+    case Phase::Read: ReadItem(kelp, row); break;
+    case Phase::Save:
+      if (!kelp.run.Loaded)
+        StartItem(kelp, row.What);
+      else if (MaySaveByHand(kelp))
+        SaveItem(kelp, row.What);
+      break;
+  }
+  if (IsPaused(kelp)) SetStatus(kelp, "The program is paused: click [Resume] to read.");
 }
 
 }  // namespace kelp

@@ -7,15 +7,12 @@
 namespace kelp {
 
 /// The click of the Start/Read/Save button: starts the reading of a loaded item, or saves it by hand
-/// without the acceptance questions.
+/// without the acceptance questions. Without a station it asks for the base file again.
 void Command1_Click(Kelp& kelp);
 
 /// The automatic save: judges the averaged reading, stores it and moves the run on. Called after every
 /// pass of the read loop while Autoread is on.
 void SaveReading(Kelp& kelp);
-
-/// An average exists and its SD, as shown, is at or below the criterion.
-bool SdIsMet(const Kelp& kelp);
 
 /// The prompts of the step that the selector shows, as the space bar and a click on "&Start" give.
 void PromptSelectedStep(Kelp& kelp);

@@ -3,6 +3,7 @@
 #include "acquire/averaging.hpp"
 #include "core/config.hpp"
 #include "core/option.hpp"
+#include "core/start_button.hpp"
 #include "files/base_file.hpp"
 #include "record/record.hpp"
 #include "workflow/save_station.hpp"
@@ -50,7 +51,7 @@ void NextStationByOk(Kelp& kelp) {
 }
 
 void AddSampleToStation(Kelp& kelp) {
-  kelp.run.StepName = "ADDED";
+  SetStep(kelp, "ADDED");
   AddSample(kelp);
 }
 
@@ -88,7 +89,7 @@ void CarryOut(Kelp& kelp, int choice) {
       ClearReadingDisplays(kelp.frmAcquire);
       break;
     case kPrintSave: PrintSaveByOk(kelp); break;
-    default: break;  // "Quit" is never carried out by OK
+    default: break;
   }
 }
 
@@ -158,6 +159,8 @@ void frmWhatsNext_Load(Kelp& kelp) {
 void NextButton_Click(Kelp& kelp) {
   const HideAtEnd hide(kelp);
   const auto& options = kelp.frmWhatsNext.Option1;
+  // "Quit" is never carried out by OK.
+  if (options[kQuit].Value) SetStatus(kelp, "[OK] does not quit: double-click \"Quit\" in the chooser.");
   for (int choice = kNextStation; choice <= kPrintSave; ++choice) {
     if (!options[choice].Value) continue;
     CarryOut(kelp, choice);
@@ -184,8 +187,8 @@ void StopButton_Click(Kelp& kelp) {
 
 void frmWhatsNext_KeyDown(Kelp& kelp, int number) {
   const FrmAcquire& form = kelp.frmAcquire;
-  if (number == 5) PutIntoSlot(kelp, ChooserSlot(kelp), std::string(form.txtStats[1].Text));
-  if (number == 7) PutIntoSlot(kelp, ChooserSlot(kelp), std::string(form.txtReading.Text));
+  if (number == 5) PutIntoSlot(kelp, ChooserSlot(kelp), std::string(form.txtStats[1].Text), How::F5);
+  if (number == 7) PutIntoSlot(kelp, ChooserSlot(kelp), std::string(form.txtReading.Text), How::F7);
 }
 
 }  // namespace kelp
