@@ -19,6 +19,7 @@ class NotingDisk : public Disk {
   bool Exists(const std::string& path) override { return disk_.Exists(path); }
   bool IsFolder(const std::string& path) override { return disk_.IsFolder(path); }
   bool AnyFileIn(const std::string& folder) override { return disk_.AnyFileIn(folder); }
+  std::vector<std::string> FilesIn(const std::string& folder) override { return disk_.FilesIn(folder); }
   std::string Read(const std::string& path) override { return disk_.Read(path); }
   void Replace(const std::string& path, const std::string& content) override {
     disk_.Replace(path, content);

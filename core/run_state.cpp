@@ -13,7 +13,7 @@ std::size_t StationTable::Index(int row, int col) {
 
 void ClearTable(RunState& run) { run.SampTbl.Clear(); }
 
-void SplitToRow(RunState& run, std::string_view line, int row) {
+void SplitToRow(StationTable& table, std::string_view line, int row) {
   if (line.empty()) return;
   if (line.front() == ' ')
     throw RunTimeError(ErrorKind::InvalidCall,
@@ -21,7 +21,7 @@ void SplitToRow(RunState& run, std::string_view line, int row) {
   int col = 0;
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (line[i] != ' ')
-      run.SampTbl(row, col) += line[i];
+      table(row, col) += line[i];
     else if (line[i - 1] != ' ')
       ++col;
   }

@@ -9,6 +9,7 @@
 #include "files/html_report.hpp"
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
+#include "files/station_text.hpp"
 #include "files/station_values.hpp"
 #include "files/table_lines.hpp"
 
@@ -22,6 +23,12 @@ std::string Joined(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
   return text;
+}
+
+// The report has no place for them; the base file carries them behind it, for the review.
+std::vector<std::string> Standards(const FrmAcquire& form) {
+  const auto pair = [&](int box) { return ValuePair{form.txtBlank[box].Text, form.txtBlank[box + 1].Text}; };
+  return StandardLines(pair(kBoxLowStandard), pair(kBoxHighStandard));
 }
 
 bool NoStationIsOpen(const RunState& run) {
@@ -97,7 +104,7 @@ std::optional<RunTimeError> WriteStation(Kelp& kelp) {
   // A station reloaded from its kept copy is saved under its own name; the file there is kept like any.
   run.BaseFile = StationPath(run.BaseFile);
   Once(run, run.BaseFile, [&] { KeepBaseFile(disk, run.BaseFile, now); });
-  disk.Replace(run.BaseFile, table + report);
+  disk.Replace(run.BaseFile, table + report + Joined(Standards(kelp.frmAcquire)));
   disk.Replace(run.BaseFile + ".htm", HtmlReport(lines));
   std::optional<RunTimeError> printFailure;
   if (kelp.frmWhatsNext.Check2[0].Value) {

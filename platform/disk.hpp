@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace kelp {
 
@@ -20,6 +21,9 @@ class Disk {
 
   /// True when the folder exists and holds at least one file.
   virtual bool AnyFileIn(const std::string& folder) = 0;
+
+  /// The names of the ordinary files in a folder, sorted; none when there is no such folder.
+  virtual std::vector<std::string> FilesIn(const std::string& folder) = 0;
 
   /// The whole file, byte for byte. Files above 64 MiB are refused.
   virtual std::string Read(const std::string& path) = 0;

@@ -19,6 +19,7 @@ class HostDisk : public Disk {
   bool Exists(const std::string& path) override;
   bool IsFolder(const std::string& path) override;
   bool AnyFileIn(const std::string& folder) override;
+  std::vector<std::string> FilesIn(const std::string& folder) override;
   std::string Read(const std::string& path) override;
   void Replace(const std::string& path, const std::string& content) override;
   void Append(const std::string& path, const std::string& text) override;

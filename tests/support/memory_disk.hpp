@@ -39,6 +39,14 @@ class MemoryDisk : public Disk {
       if (path.starts_with(start) && path.find('\\', start.size()) == std::string::npos) return true;
     return false;
   }
+  std::vector<std::string> FilesIn(const std::string& folder) override {
+    const std::string start = Key(folder) + "\\";
+    std::vector<std::string> names;
+    for (const auto& [path, content] : Files)
+      if (path.starts_with(start) && path.find('\\', start.size()) == std::string::npos)
+        names.push_back(path.substr(start.size()));
+    return names;
+  }
   std::string Read(const std::string& path) override {
     const auto file = Files.find(Lower(path));
     if (file == Files.end()) throw FileError(path, IsFolder(path) ? "is a folder" : "does not exist");
