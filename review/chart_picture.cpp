@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::size_t kMostNames = 25;
 constexpr std::size_t kStationTicks = 12;
+constexpr double kFarAway = 1.5;
 
 Axis StationAxis(const ControlChart& chart) {
   const std::size_t count = chart.Stations.size();
@@ -20,7 +21,10 @@ Axis StationAxis(const ControlChart& chart) {
   return axis;
 }
 
+bool Inside(const Picture& picture, double y) { return y >= picture.Y.From && y <= picture.Y.To; }
+
 void AddRule(Picture& picture, double at, const std::string& text, Ink ink, Dash dash) {
+  if (!Inside(picture, at)) return;
   picture.Lines.push_back({{{picture.X.From, at}, {picture.X.To, at}}, ink, dash});
   if (!text.empty()) picture.SideLabels.push_back({at, text, ink});
 }
@@ -44,8 +48,7 @@ void AddRules(Picture& picture, const ControlChart& chart) {
             Dash::Solid);
   if (copro) AddRule(picture, chart.Lower, "tolerance", Ink::Alert, Dash::Solid);
   AddRule(picture, chart.Mean, "mean " + SavedText(chart.Mean), Ink::Third, Dash::Solid);
-  if (copro)
-    AddRule(picture, chart.Expected, "line of cfg " + RawText(chart.Expected), Ink::Text, Dash::Dotted);
+  if (copro) AddRule(picture, chart.Expected, "expected " + RawText(chart.Expected), Ink::Text, Dash::Dotted);
   if (!chart.Lines) return;
   for (const int times : {3, 2})
     for (const int sign : {1, -1})
@@ -72,6 +75,23 @@ void AddPoints(Picture& picture, const ControlChart& chart) {
   }
 }
 
+// A limit far away would press the values into a line: then it is told and not drawn.
+void IncludeLimits(Picture& picture, const ControlChart& chart, double& low, double& high) {
+  if (chart.Upper == 0) return;
+  const double room = kFarAway * std::max(high - low, 1e-4);
+  const double lower = chart.Expected != 0 ? chart.Lower : low;
+  if (chart.Upper - high <= room && low - lower <= room) {
+    low = std::min(low, lower);
+    high = std::max(high, chart.Upper);
+    return;
+  }
+  picture.Note +=
+      (picture.Note.empty() ? "" : " ") + std::string("All within ") +
+      (chart.Expected != 0 ? "the tolerance of " + RawText(chart.Lower) + " to " + RawText(chart.Upper)
+                           : "the limit of " + SavedText(chart.Upper)) +
+      ", which lies outside the picture.";
+}
+
 }  // namespace
 
 Picture ChartPicture(const ControlChart& chart) {
@@ -81,12 +101,11 @@ Picture ChartPicture(const ControlChart& chart) {
   picture.RightMargin = 130;
   double low = chart.Lines ? chart.Mean - 3 * chart.Sd : chart.Mean;
   double high = chart.Lines ? chart.Mean + 3 * chart.Sd : chart.Mean;
-  if (chart.Upper != 0) high = std::max(high, chart.Upper);
-  if (chart.Expected != 0) low = std::min(low, chart.Lower);
   for (const ChartPoint& point : chart.Points) {
     low = std::min(low, point.Value);
     high = std::max(high, point.Value);
   }
+  IncludeLimits(picture, chart, low, high);
   picture.X = StationAxis(chart);
   picture.Y = NiceAxis(chart.Name + " (reading)", low, high, 5);
   AddRules(picture, chart);

@@ -14,10 +14,11 @@ constexpr const char* kStyle =
     "color:var(--i0)}h1{font-size:24px}h2{font-size:19px;margin-top:32px}table{border-collapse:collapse;"
     "width:100%}"
     "th,td{text-align:left;padding:3px 10px 3px 0;border-bottom:1px solid var(--i2);vertical-align:top}"
+    "td.w{white-space:nowrap}"
     "td.n,th.n{text-align:right;font-variant-numeric:tabular-nums}thead{display:table-header-group}"
     ".pair{display:flex;flex-wrap:wrap;gap:8px}svg{max-width:100%;height:auto}tr,svg,.pair{break-inside:"
     "avoid}"
-    "@page{size:A4;margin:14mm}@media print{body{font-size:10.5pt;margin:0;max-width:none;padding:0}"
+    "@page{size:A4;margin:14mm}@media print{body{font-size:9pt;margin:0;max-width:none;padding:0}"
     "h2{break-after:avoid}.pair{flex-wrap:nowrap}.pair svg{width:49%}}\n";
 
 std::string Cell(const std::string& text, bool number = false) {
@@ -47,10 +48,10 @@ void PutStations(const Review& review, const Put& put) {
   for (std::size_t i = 0; i < review.Stations.size(); ++i) {
     const StationFile& file = review.Cruise.Stations[i];
     const Station& station = review.Stations[i];
-    put("<tr>" + Cell(file.ProcNum) + Cell(file.Station) + Cell(file.ReadDate + " " + file.ReadTime) +
-        Cell(file.Analyst) + Cell(std::to_string(file.Samples.size()), true) + Cell(file.F, true) +
-        Cell(file.Tau, true) + Cell(Box(station.Blank.Begin), true) + Cell(Box(station.Blank.End), true) +
-        "</tr>\n");
+    put("<tr>" + Cell(file.ProcNum) + Cell(file.Station) + "<td class=\"w\">" +
+        XmlText(file.ReadDate + " " + file.ReadTime) + "</td>" + Cell(file.Analyst) +
+        Cell(std::to_string(file.Samples.size()), true) + Cell(file.F, true) + Cell(file.Tau, true) +
+        Cell(Box(station.Blank.Begin), true) + Cell(Box(station.Blank.End), true) + "</tr>\n");
   }
   put("</table>\n");
 }
