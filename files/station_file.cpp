@@ -3,7 +3,6 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
-#include "files/kept_copy.hpp"
 #include "files/station_values.hpp"
 #include "files/table_field.hpp"
 #include "platform/error.hpp"
@@ -119,7 +118,8 @@ StationFile OpenStation(const Kelp& kelp) {
 std::string ProcNumOfBaseFile(const std::string& name) {
   if (name.size() < 6 || !SameIgnoringCase(Left(name, 3), "chl") || Contains(name, ".")) return "";
   const std::string procNum = name.substr(3);
-  return StationPath("\\" + name) == "\\" + name && UsableProcNum(procNum) ? procNum : "";
+  // A copy over another system may have lost the letter case of a kept copy's name.
+  return !Contains(Lower(procNum), "base") && UsableProcNum(procNum) ? procNum : "";
 }
 
 }  // namespace kelp

@@ -19,6 +19,8 @@ struct Constants {
 
 std::string FText(double value) { return Fixed(value, 6); }
 std::string TauText(double value) { return Fixed(value, 4); }
+// The mean of two blanks has one decimal more than they have; nothing that was calculated with is rounded.
+std::string AverageText(double value) { return Fixed(value, 5); }
 std::string BoxText(const Measured& value) { return value ? SavedText(*value) : ""; }
 
 double Average(double before, const std::optional<double>& after) {
@@ -102,7 +104,7 @@ void AddStation(FinalData& data, const StationFile& file, const Station& station
                           file.Fluorometer,
                           BoxText(station.Blank.Begin),
                           BoxText(station.Blank.End),
-                          SavedText(constants.Blank),
+                          AverageText(constants.Blank),
                           cells.Rb,
                           cells.Ra,
                           file.F,
