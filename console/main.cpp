@@ -1,10 +1,13 @@
-// kelp-console: plays an operator script on the whole program, without a display.
+// kelp-console: plays an operator script on the whole program, or reviews a cruise, without a display.
 #include <iostream>
 
 #include "console/console.hpp"
+#include "console/review/review_command.hpp"
 #include "script/options.hpp"
 
 int main(int argc, char** argv) {
+  if (argc > 1 && std::string_view(argv[1]) == "review")
+    return kelp::RunReview({argv + 2, argv + argc}, std::cout, std::cerr);
   const kelp::ConsoleOptions options = kelp::ReadOptions({argv + 1, argv + argc});
   if (options.Help) {
     std::cout << kelp::kConsoleHelp;

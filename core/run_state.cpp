@@ -24,7 +24,7 @@ void ClearRawReads(RunState& run) {
 
 void ClearTable(RunState& run) { run.SampTbl.Clear(); }
 
-void SplitToRow(RunState& run, std::string_view line, int row) {
+void SplitToRow(StationTable& table, std::string_view line, int row) {
   if (line.empty()) return;
   if (line.front() == ' ')
     throw RunTimeError(ErrorKind::InvalidCall,
@@ -32,7 +32,7 @@ void SplitToRow(RunState& run, std::string_view line, int row) {
   int col = 0;
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (line[i] != ' ')
-      run.SampTbl(row, col) += line[i];
+      table(row, col) += line[i];
     else if (line[i - 1] != ' ')
       ++col;
   }

@@ -186,7 +186,8 @@ void ClearTable(RunState& run);
 /// Splits a text line on runs of blanks into the cells of a table row; cells are appended to, so the
 /// row must be empty. A line that begins with a blank is "Invalid procedure call", a row of 105 or
 /// more or a 15th field "Subscript out of range".
-void SplitToRow(RunState& run, std::string_view line, int row);
+void SplitToRow(StationTable& table, std::string_view line, int row);
+inline void SplitToRow(RunState& run, std::string_view line, int row) { SplitToRow(run.SampTbl, line, row); }
 
 /// The table row of the current sample.
 inline int SampleRow(const RunState& run) { return run.SampNum + StationTable::kFirstSampleRow - 1; }

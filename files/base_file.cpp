@@ -1,7 +1,5 @@
 #include "files/base_file.hpp"
 
-#include <algorithm>
-
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
@@ -13,14 +11,13 @@
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
 #include "files/station_lock.hpp"
+#include "files/station_text.hpp"
 #include "files/table_field.hpp"
 #include "record/record.hpp"
 
 namespace kelp {
 
 namespace {
-
-constexpr std::size_t kHeaderLines = 5;
 
 enum class Found { File, Nothing, CreateScreen };
 
@@ -61,34 +58,9 @@ Found FindBaseFile(Kelp& kelp, std::string& path) {
   return Found::File;
 }
 
-// The rows of the station end where the report of an earlier save begins.
-std::size_t TableEnd(const std::vector<std::string>& lines) {
-  if (lines.size() < kHeaderLines) return lines.size();
-  auto end = std::find(lines.begin() + kHeaderLines, lines.end(), kReportBanner);
-  if (end == lines.end()) return lines.size();
-  while (end != lines.begin() && Trim(*(end - 1)).empty()) --end;
-  return static_cast<std::size_t>(end - lines.begin());
-}
-
-void FillTable(Kelp& kelp, const std::string& path, const std::vector<std::string>& lines, std::size_t end) {
-  RunState& run = kelp.run;
-  if (end < kHeaderLines)
-    throw FileError(path, "has " + std::to_string(end) +
-                              " lines, but a base file begins with 5 header lines; "
-                              "create the station anew or choose another file");
-  run.SampTbl(0, 0) = lines[0];
-  run.SampTbl(1, 0) = lines[1];
-  for (std::size_t i = 2; i < end; ++i) {
-    try {
-      // A blank line takes its row and leaves it empty.
-      if (!Trim(lines[i]).empty()) SplitToRow(run, lines[i], static_cast<int>(i));
-      if (i >= static_cast<std::size_t>(StationTable::kRows))
-        static_cast<void>(run.SampTbl(static_cast<int>(i), 0));
-    } catch (const RunTimeError& error) {
-      throw RunTimeError(error.kind(), path + ", line " + std::to_string(i + 1) + ": " + error.what());
-    }
-  }
-  run.SampCount = static_cast<long long>(end) - 5;
+void FillTable(RunState& run, const StationText& text) {
+  run.SampTbl = text.Table;
+  run.SampCount = text.Samples();
 }
 
 void SetPaths(Kelp& kelp, const std::string& path) {
@@ -171,14 +143,13 @@ void ImportCtd(Kelp& kelp) {
 bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   RunState& run = kelp.run;
   std::string& station = kelp.frmAcquire.txtStaInfo[kStaLineSta].Text;
-  const std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
-  const std::size_t end = TableEnd(lines);
-  FillTable(kelp, path, lines, end);
+  const StationText text = SplitStationText(path, kelp.platform.disk().Read(path));
+  FillTable(run, text);
   // The data of a run anew from a kept copy are appended to the files of the station.
   SetPaths(kelp, StationPath(path));
   station = Trim(run.SampTbl(0, 0));
   BeginStation(kelp);
-  const bool hasReport = end < lines.size();
+  const bool hasReport = !text.Report.empty();
   const bool reopened = HasResults(run);
   if (hasReport || reopened) TakeBackCells(run);
   const bool ownHeader = hasReport || reopened;
@@ -194,7 +165,7 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   if (hasReport) {
     // What the operator saved stands above what the CTD files say.
     station = Trim(run.SampTbl(0, 0));
-    TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
+    TakeReportHeading(kelp, text.Report);
   }
   const bool restored = OfferRestore(kelp);
   ShowScreen(kelp, "frmAcquire");

@@ -4,6 +4,7 @@
 
 #include "core/config.hpp"
 #include "core/text.hpp"
+#include "files/cruise.hpp"
 #include "files/station_values.hpp"
 
 namespace kelp {
@@ -27,6 +28,8 @@ Values StationColumns(const Kelp& kelp) {
   station.resize(2);
   const std::string& f = form.txtStaInfo[kStaF].Text;
   const std::string& tau = form.txtStaInfo[kStaTau].Text;
+  const auto hours = HoursToRun(form.txtStaInfo[kStaFiltDate].Text, form.txtStaInfo[kStaFiltTime].Text,
+                                read.Date, read.Time);
   return {
       {"CruzID", run.CruiseID},
       {"OccLine", station[0]},
@@ -34,6 +37,7 @@ Values StationColumns(const Kelp& kelp) {
       {"ProcessingNumber", run.ProcNum},
       {"Blank", BlankToSave(kelp)},
       {"AverBlank", form.txtStaInfo[kStaAveBlank].Text},
+      {"HoursToRun", hours ? HoursText(*hours) : ""},
       {"DateFiltration", run.CtdDate},
       {"TimeFiltration", run.CtdTime},
       {"ReadDate", read.Date},

@@ -1,10 +1,11 @@
-// Reads the heading of a saved report back into the header boxes.
+// Reads the heading of a saved report, and puts it back into the header boxes.
 #include <algorithm>
 #include <optional>
 
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/report.hpp"
+#include "files/station_text.hpp"
 #include "files/station_values.hpp"
 
 namespace kelp {
@@ -28,90 +29,116 @@ HeadingLine SplitHeading(std::string_view line, std::string_view leftKey, std::s
   return values;
 }
 
-struct Pair {
-  std::string First;
-  std::string Second;
-};
-
-std::optional<Pair> SplitAt(const std::optional<std::string>& text, std::string_view mark) {
-  const auto at = text ? text->find(mark) : std::string::npos;
-  if (at == std::string::npos) return {};
-  return Pair{text->substr(0, at), text->substr(at + mark.size())};
+std::optional<std::string> Trimmed(const std::optional<std::string>& text) {
+  return text ? std::optional(std::string(Trim(*text))) : std::nullopt;
 }
 
-void TakeFiltration(FrmAcquire& form, const std::optional<std::string>& text) {
+std::optional<ValuePair> SplitAt(const std::optional<std::string>& text, std::string_view mark) {
+  const auto at = text ? text->find(mark) : std::string::npos;
+  if (at == std::string::npos) return {};
+  return ValuePair{text->substr(0, at), text->substr(at + mark.size())};
+}
+
+void ReadFiltration(ReportHeading& heading, const std::optional<std::string>& text) {
   if (!text) return;
   // A blank in front: only the time was filled in.
   const DateAndTime filtered =
       text->starts_with(' ') ? DateAndTime{"", std::string(Trim(*text))} : SplitDateTime(*text);
-  form.txtStaInfo[kStaFiltDate].Text = filtered.Date;
-  form.txtStaInfo[kStaFiltTime].Text = filtered.Time;
+  heading.FiltDate = filtered.Date;
+  heading.FiltTime = filtered.Time;
+}
+
+std::optional<ValuePair> ReadCopro(std::string_view line, std::string& name) {
+  const auto key = line.rfind(": ");
+  if (key == std::string_view::npos) return {};
+  const std::string_view copro = "Copro ";
+  const auto start = line.find(copro);
+  if (start != std::string_view::npos && start < key)
+    name = line.substr(start + copro.size(), key - start - copro.size());
+  return SplitAt(std::string(Trim(line.substr(key + 2))), "/");
+}
+
+// Reports of Kelp 0.1 have no such line.
+void ReadStandards(ReportHeading& heading, const std::vector<std::string>& report) {
+  for (const std::string& line : report) {
+    const HeadingLine values = SplitHeading(line, kLowStandard, kHighStandard);
+    if (!values.Left || !values.Right) continue;
+    heading.LowStandard = SplitAt(Trimmed(values.Left), "/");
+    heading.HighStandard = SplitAt(values.Right, "/");
+    return;
+  }
 }
 
 // A box of "0" was never read and one of -99 was skipped: neither is a blank to calculate with.
 std::string ReadBlank(const std::string& shown) { return shown == "0" || Val(shown) <= -99 ? "" : shown; }
 
-void TakeBlanks(Kelp& kelp, const std::optional<Pair>& blanks) {
+void TakeBlanks(Kelp& kelp, const std::optional<ValuePair>& blanks) {
   if (!blanks) return;
   FrmAcquire& form = kelp.frmAcquire;
-  form.txtBlank[kBoxBeginBlank].Text = blanks->First;
-  form.txtBlank[kBoxEndBlank].Text = blanks->Second;
-  kelp.run.BeginBlankText = ReadBlank(blanks->First);
-  kelp.run.EndBlankText = ReadBlank(blanks->Second);
+  form.txtBlank[kBoxBeginBlank].Text = blanks->Begin;
+  form.txtBlank[kBoxEndBlank].Text = blanks->End;
+  kelp.run.BeginBlankText = ReadBlank(blanks->Begin);
+  kelp.run.EndBlankText = ReadBlank(blanks->End);
   ShowAverageBlank(kelp);
 }
 
-void TakePair(FrmAcquire& form, const std::optional<Pair>& values, int box) {
-  if (!values) return;
-  form.txtBlank[box].Text = values->First;
-  form.txtBlank[box + 1].Text = values->Second;
-}
-
-std::optional<Pair> CoproOf(std::string_view line) {
-  const auto key = line.rfind(": ");
-  if (key == std::string_view::npos) return {};
-  return SplitAt(std::string(Trim(line.substr(key + 2))), "/");
-}
-
-// Reports of Kelp 0.1 have no such line.
-void TakeStandards(Kelp& kelp, const std::vector<std::string>& report) {
-  for (const std::string& line : report) {
-    const HeadingLine values = SplitHeading(line, kLowStandard, kHighStandard);
-    if (!values.Left || !values.Right) continue;
-    TakePair(kelp.frmAcquire, SplitAt(std::string(Trim(*values.Left)), "/"), kBoxLowStandard);
-    TakePair(kelp.frmAcquire, SplitAt(values.Right, "/"), kBoxHighStandard);
-    return;
-  }
+void TakePair(FrmAcquire& form, const std::optional<ValuePair>& pair, int box) {
+  if (!pair) return;
+  form.txtBlank[box].Text = pair->Begin;
+  form.txtBlank[box + 1].Text = pair->End;
 }
 
 }  // namespace
 
-void TakeReportHeading(Kelp& kelp, const std::vector<std::string>& lines) {
-  FrmAcquire& form = kelp.frmAcquire;
+ReportHeading ReadHeading(const std::vector<std::string>& lines) {
+  ReportHeading heading;
   const auto banner = std::find(lines.begin(), lines.end(), kReportBanner);
   const auto below = [&](std::ptrdiff_t count) {
     return lines.end() - banner > count ? std::string_view(*(banner + count)) : std::string_view();
   };
+  heading.Cruise = Trimmed(SplitHeading(below(2), "    Expedition: BayTREK ", "Cast ").Left);
+  heading.Ship = Trimmed(SplitHeading(below(3), "    Ship: ", "    Station: ").Left);
   const HeadingLine filtered = SplitHeading(below(4), "    Filtered: ", "Fluorometer: ");
-  TakeFiltration(form, filtered.Left);
-  if (filtered.Right) form.txtStaInfo[kStaFluorometer].Text = *filtered.Right;
+  ReadFiltration(heading, filtered.Left);
+  heading.Fluorometer = filtered.Right;
 
   const HeadingLine read = SplitHeading(below(5), "    Read: ", "F=");
   if (read.Left) {
     const DateAndTime at = SplitDateTime(*read.Left);
-    kelp.run.RunDate = at.Date + "," + at.Time;
+    heading.ReadDate = at.Date;
+    heading.ReadTime = at.Time;
   }
   if (const auto constants = SplitAt(read.Right, ", tau=")) {
-    form.txtStaInfo[kStaF].Text = constants->First;
-    form.txtStaInfo[kStaTau].Text = constants->Second;
+    heading.F = constants->Begin;
+    heading.Tau = constants->End;
   }
-
   const HeadingLine readBy = SplitHeading(below(6), "    Read by: ", "begin/end: ");
-  if (readBy.Left) form.Combo1.Text = Trim(*readBy.Left);
-  TakeBlanks(kelp, SplitAt(readBy.Right, "/"));
-  TakePair(form, CoproOf(below(7)), kBoxCopro1);
-  TakePair(form, CoproOf(below(8)), kBoxCopro2);
-  TakeStandards(kelp, {banner, lines.end()});
+  heading.Analyst = Trimmed(readBy.Left);
+  heading.Blank = SplitAt(readBy.Right, "/");
+  heading.Copro1 = ReadCopro(below(7), heading.CoproName1);
+  heading.Copro2 = ReadCopro(below(8), heading.CoproName2);
+  ReadStandards(heading, {banner, lines.end()});
+  return heading;
+}
+
+void TakeReportHeading(Kelp& kelp, const std::vector<std::string>& lines) {
+  const ReportHeading heading = ReadHeading(lines);
+  FrmAcquire& form = kelp.frmAcquire;
+  const auto take = [](std::string& box, const std::optional<std::string>& text) {
+    if (text) box = *text;
+  };
+  take(form.txtStaInfo[kStaFiltDate].Text, heading.FiltDate);
+  take(form.txtStaInfo[kStaFiltTime].Text, heading.FiltTime);
+  take(form.txtStaInfo[kStaFluorometer].Text, heading.Fluorometer);
+  take(form.txtStaInfo[kStaF].Text, heading.F);
+  take(form.txtStaInfo[kStaTau].Text, heading.Tau);
+  take(form.Combo1.Text, heading.Analyst);
+  if (heading.ReadDate) kelp.run.RunDate = *heading.ReadDate + "," + *heading.ReadTime;
+  TakeBlanks(kelp, heading.Blank);
+  TakePair(form, heading.LowStandard, kBoxLowStandard);
+  TakePair(form, heading.HighStandard, kBoxHighStandard);
+  TakePair(form, heading.Copro1, kBoxCopro1);
+  TakePair(form, heading.Copro2, kBoxCopro2);
 }
 
 }  // namespace kelp

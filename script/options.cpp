@@ -10,7 +10,8 @@ namespace kelp {
 
 const char* const kConsoleHelp =
     "Usage: kelp-console [options] [SCRIPT]\n"
-    "Plays an operator script on the whole program, without a display.\n"
+    "       kelp-console review FOLDER [options]   (see kelp-console review --help)\n"
+    "Plays an operator script on the whole program, without a display, or reviews a cruise's stations.\n"
     "\n"
     "  SCRIPT              the script; standard input when absent or \"-\"\n"
     "  --drives DIR        where the drives live (drive c is DIR/drive_c); created when absent\n"

@@ -5,6 +5,7 @@
 
 #include "core/config.hpp"
 #include "core/text.hpp"
+#include "desktop/machine/file_dialog.hpp"
 #include "desktop/machine/first_start.hpp"
 #include "desktop/machine/paths.hpp"
 #include "desktop/machine/settings_dialog.hpp"
@@ -31,7 +32,9 @@ DesktopRun::DesktopRun(Options options)
       kelp_(platform_),
       runner_(kelp_),
       windows_(kelp_, [this](const Event& event) { return runner_.Post(event); }),
-      cues_(kelp_, sound_) {
+      cues_(kelp_, sound_),
+      review_(kelp_, [this] { return AskForFolder(&review_, kelp_.run.DataOutPath, drives_); }),
+      profile_(kelp_) {
   line_.Simulate(options_.Instrument == InstrumentKind::Simulated);
   ConnectParts();
   windows_.RestoreGeometry(KeptGeometry());
@@ -61,6 +64,8 @@ void DesktopRun::ConnectParts() {
 
   QObject::connect(windows_.MachineSettingsButton(), &QPushButton::clicked, &runner_,
                    [this] { ChangeSettings(); });
+  QObject::connect(windows_.ReviewButton(), &QPushButton::clicked, &runner_, [this] { OpenReview(); });
+  windows_.ProfileWanted = [this] { profile_.Toggle(); };
   sound_.On = settings_.Sound;
   windows_.SoundSwitch()->setChecked(settings_.Sound);
   QObject::connect(windows_.SoundSwitch(), &QAbstractButton::toggled, &runner_, [this](bool on) {
@@ -80,6 +85,13 @@ void DesktopRun::WelcomeFirst() {
   line_.Simulate(choice == FirstChoice::Simulate);
   if (choice == FirstChoice::Settings) ChangeSettings();
   Keep();
+}
+
+void DesktopRun::OpenReview() {
+  review_.show();
+  review_.raise();
+  review_.activateWindow();
+  review_.Open(WithBackslash(CfgValue(kelp_.run, kCfgDataPath)));
 }
 
 void DesktopRun::ChangeSettings() {
@@ -120,6 +132,8 @@ int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run
 void DesktopRun::End() {
   KeepGeometry(windows_.Geometry());
   line_.Close();
+  review_.close();
+  profile_.close();
   for (const std::string& screen : kelp_.Shown) windows_.Hide(screen);
   Ended();
 }

@@ -15,6 +15,8 @@
 #include "desktop/machine/runner.hpp"
 #include "desktop/machine/sound.hpp"
 #include "desktop/machine/sound_cues.hpp"
+#include "desktop/review/review_window.hpp"
+#include "desktop/review/running_profile.hpp"
 #include "desktop/windows/windows.hpp"
 
 namespace kelp {
@@ -39,6 +41,7 @@ class DesktopRun {
 
  private:
   void ConnectParts();
+  void OpenReview();
   void WelcomeFirst();
   void ChangeSettings();
   void TakeSettings(const MachineSettings& settings, bool simulate);
@@ -60,6 +63,8 @@ class DesktopRun {
   Windows windows_;
   Sound sound_;
   SoundCues cues_;
+  ReviewWindow review_;
+  RunningProfile profile_;
 };
 
 }  // namespace kelp

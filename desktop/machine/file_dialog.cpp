@@ -44,6 +44,15 @@ std::optional<QString> Choose(QWidget* parent, const QString& filter, const QStr
   return dialog.selectedFiles().constFirst();
 }
 
+void TellOnNoDrive(QWidget* parent, const QString& place, const std::string& choose, const DriveMap& drives) {
+  ShowMessage(parent,
+              {.Text = place.toStdString() + " lies on no drive of the program.\nDrive c is the folder " +
+                       FromPath(drives.DriveFolder('c')).toStdString() + ".\n" + choose +
+                       " there, or make its folder a drive in Machine settings.",
+               .Title = "File on no drive",
+               .Icon = Icon::Exclamation});
+}
+
 }  // namespace
 
 QString NameFilter(const std::string& filter) {
@@ -53,16 +62,20 @@ QString NameFilter(const std::string& filter) {
   return text + " (" + QString(patterns).replace(';', ' ') + ")";
 }
 
+std::optional<std::string> AskForFolder(QWidget* parent, const std::string& folder, const DriveMap& drives) {
+  const QString chosen =
+      QFileDialog::getExistingDirectory(parent, "Folder of the station files", StartFolder(folder, drives));
+  if (chosen.isEmpty()) return std::nullopt;
+  const auto path = drives.ProgramPath(ToPath(chosen));
+  if (!path) TellOnNoDrive(parent, chosen, "Choose a folder", drives);
+  return path;
+}
+
 std::optional<std::string> AskForFile(QWidget* parent, const FileQuestion& question, const DriveMap& drives) {
   const QString folder = StartFolder(question.Folder, drives);
   while (const auto chosen = Choose(parent, NameFilter(question.Filter), folder, drives)) {
     if (const auto path = drives.ProgramPath(ToPath(*chosen))) return path;
-    ShowMessage(parent,
-                {.Text = chosen->toStdString() + " lies on no drive of the program.\nDrive c is the folder " +
-                         FromPath(drives.DriveFolder('c')).toStdString() +
-                         ".\nChoose a file there, or make its folder a drive in Machine settings.",
-                 .Title = "File on no drive",
-                 .Icon = Icon::Exclamation});
+    TellOnNoDrive(parent, *chosen, "Choose a file", drives);
   }
   return std::nullopt;
 }

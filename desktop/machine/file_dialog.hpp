@@ -19,4 +19,8 @@ QString NameFilter(const std::string& filter);
 /// operator gives up.
 std::optional<std::string> AskForFile(QWidget* parent, const FileQuestion& question, const DriveMap& drives);
 
+/// Asks for a folder in the same way. Nothing when the operator gives up, or chose one on no drive, which
+/// is told.
+std::optional<std::string> AskForFolder(QWidget* parent, const std::string& folder, const DriveMap& drives);
+
 }  // namespace kelp

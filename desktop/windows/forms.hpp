@@ -10,7 +10,8 @@ class QPushButton;
 namespace kelp {
 
 /// `machineSettings` is a button beside those of the screen; the window takes it over.
-std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPushButton* machineSettings);
+std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPushButton* review,
+                                          QPushButton* machineSettings);
 std::unique_ptr<ScreenWindow> MakeFrmLogin(Kelp& kelp, const Report& report);
 std::unique_ptr<ScreenWindow> MakeFrmCreateBase(Kelp& kelp, const Report& report);
 std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report);

@@ -34,7 +34,8 @@ QGroupBox* MakeLastStation(const Binder& controls, QGroupBox* group) {
 
 }  // namespace
 
-std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPushButton* machineSettings) {
+std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPushButton* review,
+                                          QPushButton* machineSettings) {
   auto window = std::make_unique<ScreenWindow>(kelp, "frmMain", kelp.frmMain.Form, report);
   Binder& controls = window->Controls;
   auto* group = controls.Use("Label1", -1, new QGroupBox(window.get()));
@@ -57,6 +58,8 @@ std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPus
     buttons->addWidget(button);
     chain.push_back(button);
   };
+  review->setParent(window.get());
+  add(review);
   for (const int i : kFileButtons) add(controls("Command1", i));
   for (const int i : kConfigButtons) add(controls("Command1", i));
   machineSettings->setParent(window.get());

@@ -30,10 +30,14 @@ Windows::Windows(Kelp& kelp, std::function<bool(const Event&)> post)
     : kelp_(kelp),
       post_(std::move(post)),
       machineSettings_(new QPushButton("Machine settings...")),
+      review_(new QPushButton("Review cruise...")),
       soundSwitch_(MakeSoundSwitch()) {
   machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, the text editor");
-  machineSettings_->setFocusPolicy(Qt::TabFocus);
-  machineSettings_->setAutoDefault(true);
+  review_->setToolTip("Profiles, control charts, checks, calibration and final data of the saved stations");
+  for (QPushButton* button : {machineSettings_, review_}) {
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoDefault(true);
+  }
   // A screen is hidden before the next one is shown: that is not the end of the program.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   windows_["frmMain"] = Make("frmMain");
@@ -46,7 +50,7 @@ Windows::~Windows() {
 
 std::unique_ptr<ScreenWindow> Windows::Make(const std::string& screen) {
   const Report report = [this](const Event& event) { Send(event); };
-  if (screen == "frmMain") return MakeFrmMain(kelp_, report, machineSettings_);
+  if (screen == "frmMain") return MakeFrmMain(kelp_, report, review_, machineSettings_);
   if (screen == "frmLogin") return MakeFrmLogin(kelp_, report);
   if (screen == "frmCreateBase") return MakeFrmCreateBase(kelp_, report);
   if (screen == "frmWhatsNext") return MakeFrmWhatsNext(kelp_, report);

@@ -41,6 +41,10 @@ class Windows : public QObject {
 
   /// The button "Machine settings..." of the main window.
   QPushButton* MachineSettingsButton() { return machineSettings_; }
+  /// The button "Review cruise..." of the main window.
+  QPushButton* ReviewButton() { return review_; }
+  /// F11 was pressed on the acquisition screen: its profile so far is wanted.
+  std::function<void()> ProfileWanted = [] {};
   /// A checkable button in the status bar: checked is sound on.
   QAbstractButton* SoundSwitch() { return soundSwitch_; }
 
@@ -72,6 +76,7 @@ class Windows : public QObject {
   Kelp& kelp_;
   std::function<bool(const Event&)> post_;
   QPushButton* machineSettings_;
+  QPushButton* review_;
   QAbstractButton* soundSwitch_;
   std::map<std::string, std::unique_ptr<ScreenWindow>> windows_ = {};
   std::map<std::string, QByteArray> geometry_ = {};

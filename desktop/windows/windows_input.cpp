@@ -89,6 +89,10 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
   // A key that a widget leaves is offered to its parents too; the program has had its say by then.
   const QWidget* focus = window->focusWidget();
   if (focus != nullptr && focus != widget) return false;
+  if (key.key() == Qt::Key_F11 && key.modifiers() == Qt::NoModifier && window->Screen() == "frmAcquire") {
+    if (!key.isAutoRepeat()) ProfileWanted();
+    return true;
+  }
   const auto meaning = EventOfKey(key, *widget, window->Screen(), place);
   if (!meaning) return false;
   // A key held down is one key press: a second save must be meant.
