@@ -3,9 +3,10 @@
 
 #include "console/console.hpp"
 #include "console/options.hpp"
+#include "platform/host.hpp"
 
 int main(int argc, char** argv) {
-  const kelp::ConsoleOptions options = kelp::ReadOptions({argv + 1, argv + argc});
+  const kelp::ConsoleOptions options = kelp::ReadOptions(kelp::HostArguments(argc, argv));
   if (options.Help) {
     std::cout << kelp::kConsoleHelp;
     return 0;

@@ -52,7 +52,8 @@ std::string WhyNotOpen(const std::string& device, DWORD error) {
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
       return device +
-             " is in use by another program; close that program (where there is none, this user may not open it)";
+             " is in use by another program; close that program (where there is none, this user may not open "
+             "it)";
     default:
       return device + " can't be opened (" + std::system_category().message(static_cast<int>(error)) +
              "); pull its adapter and plug it in again, check that it is a serial port, and its settings";
@@ -76,14 +77,12 @@ std::string OpenSerialDevice(Handle& handle, const std::string& device, const Se
   if (::SetCommState(handle.get(), &control) == 0) {
     const DWORD error = ::GetLastError();
     return refused(error == ERROR_INVALID_PARAMETER
-                       ? device + " does not take these settings; see which the adapter and the instrument know"
+                       ? device +
+                             " does not take these settings; see which the adapter and the instrument know"
                        : WhyNotOpen(device, error));
   }
-  // A read ends with the first bytes that are there, or after a while with none.
   COMMTIMEOUTS times{};
-  times.ReadIntervalTimeout = times.ReadTotalTimeoutMultiplier = MAXDWORD;
-  times.ReadTotalTimeoutConstant = kReadEvery;
-  times.WriteTotalTimeoutConstant = kReadEvery;
+  times.ReadTotalTimeoutConstant = times.WriteTotalTimeoutConstant = kReadEvery;
   if (::SetCommTimeouts(handle.get(), &times) == 0) return refused(WhyNotOpen(device, ::GetLastError()));
   ::SetupComm(handle.get(), 64 << 10, 4 << 10);
   return {};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
 
 #include "platform/serial_settings.hpp"
 #include "platform/windows/handle.hpp"
@@ -16,11 +17,26 @@ constexpr UINT kBytesCame = WM_APP;
 constexpr std::size_t kAtOnce = 64 << 10;  // then the program has its turn
 constexpr DWORD kToCancel = 1000;          // milliseconds that a driver has to give a read back
 
-// A read that the driver works on. It is complete when its event is set.
+// A read that the driver works on. It is complete when its event is set: with the first byte that comes.
 struct Reading {
   OVERLAPPED Overlapped = {};
   Handle Done = Handle(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
   char Block[4096] = {};
+
+  // Starts to read so many bytes. False when the line is lost.
+  bool Start(const Handle& device, DWORD size) {
+    Overlapped = {};
+    Overlapped.hEvent = Done.get();
+    return ::ReadFile(device.get(), Block, size, nullptr, &Overlapped) != 0 ||
+           ::GetLastError() == ERROR_IO_PENDING;
+  }
+
+  // The bytes that it brought, none when its time was up; nothing when the line is lost.
+  std::optional<DWORD> Result(const Handle& device, bool wait) {
+    DWORD count = 0;
+    if (::GetOverlappedResult(device.get(), &Overlapped, &count, wait) != 0) return count;
+    return ::GetLastError() == WAIT_TIMEOUT ? std::optional<DWORD>(0) : std::nullopt;
+  }
 };
 
 }  // namespace
@@ -68,32 +84,33 @@ void SerialLine::Port::MakeWindow() {
   type.hInstance = ::GetModuleHandleW(nullptr);
   type.lpszClassName = name;
   ::RegisterClassW(&type);
-  Window =
-      ::CreateWindowExW(0, name, name, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, type.hInstance, nullptr);
+  Window = ::CreateWindowExW(0, name, name, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, type.hInstance, nullptr);
   ::SetWindowLongPtrW(Window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-// Asks for the next bytes. False when the line is lost.
+// Waits for the next byte. False when the line is lost.
 bool SerialLine::Port::Ask() {
   StopWaiting();
-  Pending->Overlapped = {};
-  Pending->Overlapped.hEvent = Pending->Done.get();
   Asked = ::GetTickCount64();
-  if (::ReadFile(Device.get(), Pending->Block, sizeof Pending->Block, nullptr, &Pending->Overlapped) == 0 &&
-      ::GetLastError() != ERROR_IO_PENDING)
-    return false;
-  return ::RegisterWaitForSingleObject(&Waiter, Pending->Done.get(), Wake, this, INFINITE,
+  return Pending->Start(Device, 1) &&
+         ::RegisterWaitForSingleObject(&Waiter, Pending->Done.get(), Wake, this, INFINITE,
                                        WT_EXECUTEONLYONCE | WT_EXECUTEINWAITTHREAD) != 0;
 }
 
-// Takes what a completed read brought, and asks for more. False when the line is lost.
+// Takes the byte that came and those behind it, and waits for more. False when the line is lost.
 bool SerialLine::Port::TakeOne(std::size_t& taken) {
-  DWORD count = 0;
-  if (::GetOverlappedResult(Device.get(), &Pending->Overlapped, &count, FALSE) == 0) return false;
+  std::optional<DWORD> count = Pending->Result(Device, false);
   // A read ends without a byte when its time is up. One that ends so at once has no instrument any more.
-  if (count == 0 && ::GetTickCount64() - Asked < kReadEvery / 2) return false;
-  Line.Keep(Pending->Block, count);
-  taken += count;
+  if (!count || (*count == 0 && ::GetTickCount64() - Asked < kReadEvery / 2)) return false;
+  COMSTAT state{};
+  while (*count > 0) {
+    Line.Keep(Pending->Block, *count);
+    taken += *count;
+    if (taken >= kAtOnce || ::ClearCommError(Device.get(), nullptr, &state) == 0 || state.cbInQue == 0) break;
+    if (!Pending->Start(Device, std::min<DWORD>(state.cbInQue, sizeof Pending->Block))) return false;
+    count = Pending->Result(Device, true);
+    if (!count) return false;
+  }
   return Ask();
 }
 
@@ -154,7 +171,8 @@ bool SerialLine::WaitForBytes(int milliseconds) {
   if (!waiting_.empty()) return true;
   if (!IsOpen())
     ::Sleep(static_cast<DWORD>(milliseconds));
-  else if (::WaitForSingleObject(port_->Pending->Done.get(), static_cast<DWORD>(milliseconds)) == WAIT_OBJECT_0)
+  else if (::WaitForSingleObject(port_->Pending->Done.get(), static_cast<DWORD>(milliseconds)) ==
+           WAIT_OBJECT_0)
     port_->Take();
   return !waiting_.empty();
 }
@@ -168,8 +186,8 @@ std::vector<std::string> SerialDevices() {
   wchar_t device[256];
   for (DWORD i = 0;; ++i) {
     DWORD nameLength = std::size(name), bytes = sizeof device - sizeof *device, type = 0;
-    const LSTATUS status = ::RegEnumValueW(key, i, name, &nameLength, nullptr, &type,
-                                           reinterpret_cast<BYTE*>(device), &bytes);
+    const LSTATUS status =
+        ::RegEnumValueW(key, i, name, &nameLength, nullptr, &type, reinterpret_cast<BYTE*>(device), &bytes);
     if (status == ERROR_NO_MORE_ITEMS) break;
     if (status != 0 || type != REG_SZ) continue;
     device[bytes / sizeof *device] = L'\0';
