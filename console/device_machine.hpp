@@ -6,8 +6,8 @@
 #include <string>
 
 #include "platform/host.hpp"
-#include "platform/qt/serial_line.hpp"
 #include "platform/scripted.hpp"
+#include "platform/serial_line.hpp"
 
 namespace kelp {
 

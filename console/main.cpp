@@ -3,12 +3,14 @@
 
 #include "console/console.hpp"
 #include "console/review/review_command.hpp"
+#include "platform/host.hpp"
 #include "script/options.hpp"
 
 int main(int argc, char** argv) {
-  if (argc > 1 && std::string_view(argv[1]) == "review")
-    return kelp::RunReview({argv + 2, argv + argc}, std::cout, std::cerr);
-  const kelp::ConsoleOptions options = kelp::ReadOptions({argv + 1, argv + argc});
+  const std::vector<std::string> words = kelp::HostArguments(argc, argv);
+  if (!words.empty() && words.front() == "review")
+    return kelp::RunReview({words.begin() + 1, words.end()}, std::cout, std::cerr);
+  const kelp::ConsoleOptions options = kelp::ReadOptions(words);
   if (options.Help) {
     std::cout << kelp::kConsoleHelp;
     return 0;

@@ -8,6 +8,7 @@
 #include "desktop/machine/desktop_run.hpp"
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/window_script_host.hpp"
+#include "platform/host.hpp"
 
 namespace {
 
@@ -39,7 +40,7 @@ int Run(const kelp::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const kelp::Options options = kelp::ReadCommandLine({argv + 1, argv + argc});
+  const kelp::Options options = kelp::ReadCommandLine(kelp::HostArguments(argc, argv));
   if (options.Help || options.Version) {
     std::cout << (options.Help ? kelp::kDesktopHelp : "kelp " KELP_VERSION "\n");
     return 0;

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/qt/serial_line.hpp"
+#include "platform/serial_line.hpp"
 
 namespace kelp {
 

@@ -10,13 +10,13 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QSerialPortInfo>
 #include <QSet>
 #include <QVBoxLayout>
 
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/paths.hpp"
 #include "platform/host.hpp"
+#include "platform/serial_line.hpp"
 
 namespace kelp {
 
@@ -71,7 +71,7 @@ bool IsLetter(const QString& key) { return key.size() == 1 && key.at(0) >= 'a' &
 
 QStringList PortsFound() {
   QStringList devices;
-  for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) devices << port.systemLocation();
+  for (const std::string& device : SerialDevices()) devices << QString::fromStdString(device);
   return devices;
 }
 

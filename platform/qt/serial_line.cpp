@@ -1,51 +1,31 @@
-#include "platform/qt/serial_line.hpp"
+// The serial line over Qt's SerialPort.
+#include "platform/serial_line.hpp"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QSerialPort>
+#include <QSerialPortInfo>
 #include <QThread>
 #include <map>
-#include <optional>
-#include <sstream>
+
+#include "platform/serial_settings.hpp"
 
 namespace kelp {
 
 namespace {
 
-constexpr std::size_t kKept = 64 << 10;
-
-struct Settings {
-  qint32 Baud = 0;
-  QSerialPort::Parity Parity = QSerialPort::NoParity;
-  QSerialPort::DataBits DataBits = QSerialPort::Data8;
-  QSerialPort::StopBits StopBits = QSerialPort::OneStop;
-};
-
-std::optional<Settings> Parsed(const std::string& text) {
+QSerialPort::Parity Parity(char letter) {
   static const std::map<char, QSerialPort::Parity> parities = {
       {'n', QSerialPort::NoParity},   {'e', QSerialPort::EvenParity},  {'o', QSerialPort::OddParity},
       {'m', QSerialPort::MarkParity}, {'s', QSerialPort::SpaceParity},
   };
-  static const std::map<std::string, QSerialPort::StopBits> stops = {
-      {"1", QSerialPort::OneStop}, {"1.5", QSerialPort::OneAndHalfStop}, {"2", QSerialPort::TwoStop}};
-  std::istringstream in(text);
-  Settings settings;
-  char comma[3] = {};
-  char parity = 0;
-  int bits = 0;
-  std::string stop, rest;
-  in >> settings.Baud >> comma[0] >> parity >> comma[1] >> bits >> comma[2] >> stop;
-  const bool whole = in && !(in >> rest) && std::string(comma, 3) == ",,,";
-  const auto parityFound =
-      parities.find(parity >= 'A' && parity <= 'Z' ? static_cast<char>(parity + 32) : parity);
-  const auto stopFound = stops.find(stop);
-  if (!whole || settings.Baud <= 0 || parityFound == parities.end() || bits < 5 || bits > 8 ||
-      stopFound == stops.end())
-    return std::nullopt;
-  settings.Parity = parityFound->second;
-  settings.DataBits = static_cast<QSerialPort::DataBits>(bits);
-  settings.StopBits = stopFound->second;
-  return settings;
+  return parities.at(letter);
+}
+
+QSerialPort::StopBits Stop(StopBits bits) {
+  return bits == StopBits::One   ? QSerialPort::OneStop
+         : bits == StopBits::Two ? QSerialPort::TwoStop
+                                 : QSerialPort::OneAndHalfStop;
 }
 
 // Qt's port asks for one, and a program without an event loop, such as the console, has none.
@@ -84,12 +64,22 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
 
 }  // namespace
 
+// Qt's object asks for an application before it is made.
+struct SerialLine::Port {
+  QSerialPort Device;
+};
+
 SerialLine::SerialLine() {
   NeedApplication();
-  port_ = std::make_unique<QSerialPort>();
-  QObject::connect(port_.get(), &QSerialPort::readyRead, [this] { TakeBytes(); });
-  QObject::connect(port_.get(), &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
-    if (IsHarmless(error) || !port_->isOpen()) return;
+  port_ = std::make_unique<Port>();
+  QSerialPort& device = port_->Device;
+  QObject::connect(&device, &QSerialPort::readyRead, [this, &device] {
+    const QByteArray bytes = device.readAll();
+    Keep(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    if (OnBytes) OnBytes();
+  });
+  QObject::connect(&device, &QSerialPort::errorOccurred, [this, &device](QSerialPort::SerialPortError error) {
+    if (IsHarmless(error) || !device.isOpen()) return;
     Close();
     if (OnBytes) OnBytes();
   });
@@ -100,54 +90,43 @@ SerialLine::~SerialLine() { Close(); }
 std::string SerialLine::Open(const std::string& device, const std::string& settings) {
   Close();
   if (device.empty()) return "this port number has no device; choose one";
-  const auto parsed = Parsed(settings);
-  if (!parsed)
-    return device + " can't be opened with the settings \"" + settings +
-           "\"; write baud rate, parity, data and stop bits as in 9600,n,8,1";
-  port_->clearError();
-  port_->setPortName(QString::fromStdString(device));
-  port_->setBaudRate(parsed->Baud);
-  port_->setParity(parsed->Parity);
-  port_->setDataBits(parsed->DataBits);
-  port_->setStopBits(parsed->StopBits);
-  if (!port_->open(QIODevice::ReadOnly)) return Why(*port_, device);
+  const auto parsed = ReadSerialSettings(settings);
+  if (!parsed) return WrongSerialSettings(device, settings);
+  QSerialPort& port = port_->Device;
+  port.clearError();
+  port.setPortName(QString::fromStdString(device));
+  port.setBaudRate(parsed->Baud);
+  port.setParity(Parity(parsed->Parity));
+  port.setDataBits(static_cast<QSerialPort::DataBits>(parsed->DataBits));
+  port.setStopBits(Stop(parsed->Stop));
+  if (!port.open(QIODevice::ReadOnly)) return Why(port, device);
   // Some instruments and most adapters talk only while these are up; a pseudo-terminal has neither.
-  port_->setDataTerminalReady(true);
-  port_->setRequestToSend(true);
+  port.setDataTerminalReady(true);
+  port.setRequestToSend(true);
   return {};
 }
 
 void SerialLine::Close() {
-  if (port_->isOpen()) port_->close();
+  if (port_->Device.isOpen()) port_->Device.close();
   waiting_.clear();
 }
 
-bool SerialLine::IsOpen() const { return port_->isOpen(); }
-
-std::string SerialLine::ReadAll() {
-  std::string text;
-  text.swap(waiting_);
-  return text;
-}
-
-void SerialLine::TakeBytes() {
-  const QByteArray bytes = port_->readAll();
-  waiting_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-  if (waiting_.size() > kKept) {
-    // Half a line would be read as another value: what is kept begins with a whole one.
-    waiting_.erase(0, waiting_.size() - kKept);
-    waiting_.erase(0, waiting_.find('\n') + 1);
-  }
-  if (OnBytes) OnBytes();
-}
+bool SerialLine::IsOpen() const { return port_->Device.isOpen(); }
 
 bool SerialLine::WaitForBytes(int milliseconds) {
   if (!waiting_.empty()) return true;
   if (IsOpen())
-    port_->waitForReadyRead(milliseconds);
+    port_->Device.waitForReadyRead(milliseconds);
   else
     QThread::msleep(static_cast<unsigned long>(milliseconds));
   return !waiting_.empty();
+}
+
+std::vector<std::string> SerialDevices() {
+  std::vector<std::string> devices;
+  for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts())
+    devices.push_back(port.systemLocation().toStdString());
+  return devices;
 }
 
 }  // namespace kelp

@@ -12,16 +12,22 @@ namespace kelp {
 /// A file handle that is closed with its scope.
 class Handle {
  public:
+  Handle() = default;
   explicit Handle(HANDLE handle) : handle_(handle) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   ~Handle() { Close(); }
   void Close();
+  /// Closes what it held and holds this.
+  void Hold(HANDLE handle) {
+    Close();
+    handle_ = handle;
+  }
   [[nodiscard]] HANDLE get() const { return handle_; }
   [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
 
  private:
-  HANDLE handle_;
+  HANDLE handle_ = INVALID_HANDLE_VALUE;
 };
 
 /// Plain words for an error number, and what to do about it.

@@ -1,5 +1,5 @@
 // The serial line on a real pseudo-terminal.
-#include "platform/qt/serial_line.hpp"
+#include "platform/serial_line.hpp"
 
 #include <fcntl.h>
 #include <grp.h>

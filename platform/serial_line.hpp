@@ -1,14 +1,13 @@
-// The serial line to the instrument, over Qt's SerialPort. Serves an event loop (OnBytes) and a program
-// without one (WaitForBytes); both wake as soon as bytes arrive. A device that fails or goes away closes
-// the line; the same object opens it again.
+// The serial line to the instrument. Serves an event loop (OnBytes) and a program without one
+// (WaitForBytes); both wake as soon as bytes arrive. A device that fails or goes away closes the line; the
+// same object opens it again. One source for each kind of machine: platform/qt, platform/windows.
 #pragma once
 
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
-
-class QSerialPort;
+#include <vector>
 
 namespace kelp {
 
@@ -37,14 +36,19 @@ class SerialLine {
   /// a loop around it does not spin. True when bytes are waiting. Must not be called from OnBytes.
   bool WaitForBytes(int milliseconds);
 
-  /// Called from the event loop, or from WaitForBytes, when bytes have arrived or the line was lost.
+  /// Called from the event loop (on Windows any message loop of this thread), or from WaitForBytes, when
+  /// bytes have arrived or the line was lost.
   std::function<void()> OnBytes;
 
  private:
-  void TakeBytes();
+  struct Port;
+  void Keep(const char* bytes, std::size_t count);
 
-  std::unique_ptr<QSerialPort> port_;
+  std::unique_ptr<Port> port_;
   std::string waiting_;
 };
+
+/// The serial devices that the machine has now, as Open takes them, in the order of their numbers.
+std::vector<std::string> SerialDevices();
 
 }  // namespace kelp

@@ -1,20 +1,21 @@
-// kelp-fluorometer: the simulated fluorometer on a pseudo-terminal, so that the real serial path can be
-// tried with no instrument at hand. Standard output has the device's path, standard input takes what an
-// operator does to the instrument.
-#include <poll.h>
-#include <unistd.h>
-
+// kelp-fluorometer: the simulated fluorometer at the other end of a serial line, so that the real serial path
+// can be tried with no instrument at hand. Standard input takes what an operator does to the instrument.
 #include <charconv>
 #include <chrono>
 #include <cmath>
-#include <filesystem>
+#include <condition_variable>
+#include <cstdlib>
+#include <deque>
 #include <iostream>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
-#include "console/posix/pseudo_terminal.hpp"
+#include "console/instrument_end.hpp"
+#include "platform/host.hpp"
 #include "script/words.hpp"
 #include "simulator/simulated_fluorometer.hpp"
 
@@ -25,12 +26,10 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr const char* kHelp =
-    "Usage: kelp-fluorometer [options]\n"
-    "Opens a pseudo-terminal, prints its path and sends a simulated fluorometer's lines on it.\n"
     "\n"
     "  --rate LINES        lines a second (1); each line is a second of the instrument's life\n"
-    "  --seed SEED         of noise and of samples (1)\n"
-    "  --link PATH         a link to the pseudo-terminal, which stays when the line hangs up\n"
+    "  --seed SEED         of noise and of samples (1)\n";
+constexpr const char* kCommandsHelp =
     "  --help, --version   print this, or the version, and end\n"
     "\n"
     "Commands on standard input:\n"
@@ -39,13 +38,13 @@ constexpr const char* kHelp =
     "  acid RATIO          the reading falls to the level divided by RATIO\n"
     "  noise SD            of the readings from now on; 0 for the built-in noise\n"
     "  send TEXT           send TEXT, with \\r \\n \\\\ \\xHH as in C\n"
-    "  hangup              unplug the line and plug it in again: a new path is printed\n"
+    "  hangup              unplug the line and plug it in again\n"
     "  quit                end\n";
 
 struct Options {
   double rate = 1;
   std::uint32_t seed = 1;
-  std::string link = {};
+  LineOptions line = {};
 };
 
 template <class Number>
@@ -56,77 +55,77 @@ std::optional<Number> NumberIn(std::string_view text) {
   return number;
 }
 
+// Lines of standard input, which no machine lets every kind of program wait for together with a time.
+class Commands {
+ public:
+  Commands() : reader_([this] { Read(); }) {}
+  /// The process ends without waiting for the reader, which nothing wakes.
+  ~Commands() { reader_.detach(); }
+  Commands(const Commands&) = delete;
+  Commands& operator=(const Commands&) = delete;
+
+  /// The next line, or nothing when none has come by then.
+  std::optional<std::string> Next(Clock::time_point until) {
+    std::unique_lock lock(mutex_);
+    if (!came_.wait_until(lock, until, [this] { return !lines_.empty(); })) return std::nullopt;
+    std::string line = std::move(lines_.front());
+    lines_.pop_front();
+    return line;
+  }
+
+ private:
+  void Read() {
+    for (std::string line; std::getline(std::cin, line);) {
+      if (line.ends_with('\r')) line.pop_back();
+      const std::lock_guard lock(mutex_);
+      lines_.push_back(std::move(line));
+      came_.notify_one();
+    }
+  }
+
+  std::mutex mutex_ = {};
+  std::condition_variable came_ = {};
+  std::deque<std::string> lines_ = {};
+  std::thread reader_;
+};
+
 class Bench {
  public:
-  explicit Bench(Options options) : options_(std::move(options)), fluorometer_(options_.seed) { PlugIn(); }
-  ~Bench() {
-    std::error_code ignored;
-    if (std::filesystem::is_symlink(options_.link, ignored)) std::filesystem::remove(options_.link, ignored);
-  }
-  Bench(const Bench&) = delete;
-  Bench& operator=(const Bench&) = delete;
+  explicit Bench(Options options) : options_(std::move(options)), fluorometer_(options_.seed) { Connect(); }
 
   /// Sends lines at their time and takes commands until "quit". Without a standard input it only sends.
   void Run();
 
  private:
-  void PlugIn();
-  void TakeCommands();
+  void Connect();
   void Obey(std::string_view line);
   void PutIn(std::string_view kind, std::string_view level);
 
   Options options_;
   SimulatedFluorometer fluorometer_;
-  std::unique_ptr<PseudoTerminal> terminal_ = {};
-  std::string input_ = {};
-  bool inputOpen_ = true;
+  std::unique_ptr<InstrumentEnd> line_ = {};
   bool quit_ = false;
 };
 
-void Bench::PlugIn() {
-  terminal_.reset();
-  terminal_ = std::make_unique<PseudoTerminal>();
-  if (!options_.link.empty()) {
-    // Only a link of an earlier time gives way: anything else there is somebody's file.
-    std::error_code missing;
-    const auto status = std::filesystem::symlink_status(options_.link, missing);
-    if (std::filesystem::is_symlink(status))
-      std::filesystem::remove(options_.link);
-    else if (std::filesystem::exists(status))
-      throw std::runtime_error("--link " + options_.link +
-                               ": a file or folder of that name is there; choose a name that is free");
-    std::filesystem::create_symlink(terminal_->Path(), options_.link);
-  }
-  std::cout << terminal_->Path() << std::endl;
+void Bench::Connect() {
+  line_.reset();
+  line_ = PlugIn(options_.line);
+  if (!line_->Path().empty()) std::cout << line_->Path() << std::endl;
 }
 
 void Bench::Run() {
+  Commands commands;
   const auto between =
       std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(1 / options_.rate));
   auto next = Clock::now() + between;
   while (!quit_) {
     if (Clock::now() >= next) {
-      terminal_->Send(fluorometer_.NextLine());
+      line_->Send(fluorometer_.NextLine());
       next += between;
     }
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now()).count();
-    pollfd input{inputOpen_ ? STDIN_FILENO : -1, POLLIN, 0};
-    ::poll(&input, 1, static_cast<int>(std::max<std::int64_t>(0, left)));
-    if (input.revents != 0) TakeCommands();
-  }
-}
-
-void Bench::TakeCommands() {
-  char block[4096];
-  const ssize_t count = ::read(STDIN_FILENO, block, sizeof block);
-  if (count <= 0) inputOpen_ = false;
-  if (count > 0) input_.append(block, static_cast<std::size_t>(count));
-  for (auto end = input_.find('\n'); end != std::string::npos && !quit_; end = input_.find('\n')) {
-    std::string line = input_.substr(0, end);
-    input_.erase(0, end + 1);
-    if (line.ends_with('\r')) line.pop_back();
+    const auto command = commands.Next(next);
     try {
-      Obey(line);
+      if (command) Obey(*command);
     } catch (const ScriptFault& fault) {
       std::cerr << "kelp-fluorometer: " << fault.what << std::endl;
     }
@@ -139,7 +138,7 @@ void Bench::Obey(std::string_view line) {
   if (command == "send") {
     const auto text = Unescaped(line);
     if (!text) ScriptIsWrong("an escape is wrong; \\r, \\n, \\\\ and \\xHH can be used");
-    terminal_->Send(*text);
+    line_->Send(*text);
     return;
   }
   const std::string_view kind = command == "tube" ? TakeWord(line) : "";
@@ -155,7 +154,7 @@ void Bench::Obey(std::string_view line) {
   else if (command == "noise" && number >= 0 && number <= 100)
     fluorometer_.SetNoise(number);
   else if (command == "hangup")
-    PlugIn();
+    Connect();
   else if (command == "quit")
     quit_ = true;
   else
@@ -183,9 +182,9 @@ std::string Take(Options& options, std::string_view name, std::string_view value
     options.seed = seed.value_or(1);
     return seed ? "" : "--seed is a whole number";
   }
-  if (name == "--link") {
-    options.link = value;
-    return value.empty() ? "--link wants a path" : "";
+  if (name == kLineOption) {
+    (name == "--link" ? options.line.Link : options.line.Port) = value;
+    return value.empty() ? std::string(name) + " wants a path or a device" : "";
   }
   return "unknown option \"" + std::string(name) + "\"; --help lists the options";
 }
@@ -194,7 +193,11 @@ int Main(const std::vector<std::string>& arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (arguments[i] == "--help" || arguments[i] == "--version") {
-      std::cout << (arguments[i] == "--help" ? kHelp : "kelp-fluorometer " KELP_VERSION "\n");
+      if (arguments[i] == "--help")
+        std::cout << "Usage: kelp-fluorometer [options]\n"
+                  << kLineHelp[0] << kHelp << kLineHelp[1] << kCommandsHelp;
+      else
+        std::cout << "kelp-fluorometer " KELP_VERSION "\n";
       return 0;
     }
     const auto sign = arguments[i].find('=');
@@ -219,10 +222,13 @@ int Main(const std::vector<std::string>& arguments) {
 }  // namespace kelp
 
 int main(int argc, char** argv) {
+  int status = 1;
   try {
-    return kelp::Main({argv + 1, argv + argc});
+    status = kelp::Main(kelp::HostArguments(argc, argv));
   } catch (const std::exception& error) {
     std::cerr << "kelp-fluorometer: " << error.what() << std::endl;
-    return 1;
   }
+  // Not exit(): the reader of standard input may hold its lock for ever.
+  std::cout.flush();
+  std::_Exit(status);
 }
