@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "acquire/captions.hpp"
+#include "acquire/offscale.hpp"
 #include "acquire/parser.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -13,7 +14,6 @@ namespace kelp {
 namespace {
 
 constexpr int kReadsBeforeOffscale = 10;
-constexpr double kLeastLimitForOffscale = 40;
 
 // The mean of the Read boxes that hold something above 0: what is shown until the buffer is full.
 void ShowDisplayAverage(FrmAcquire& form) {
@@ -38,9 +38,7 @@ void StoreRead(RunState& run, float reading) {
 }
 
 void WarnOffscale(Kelp& kelp, float reading) {
-  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit ||
-      kelp.run.LabCalRun || kelp.run.ReadCount <= kReadsBeforeOffscale)
-    return;
+  if (!IsOffscale(kelp, reading) || kelp.run.ReadCount <= kReadsBeforeOffscale) return;
   const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK",
                         "Dilute the sample! Offscale!", Buttons::Ok, Icon::Critical};
   while (kelp.platform.Ask(warning) != Answer::Ok) {
@@ -113,7 +111,7 @@ void TakeReading(Kelp& kelp, float reading) {
   form.txtStats[1].Text = RawText(reading);
   ShowDisplayAverage(form);
   run.LastRawText = form.txtStats[1].Text;
-  run.Chart.AddPoint(ChartValue(reading));
+  run.Chart.AddPoint(ChartValue(reading), ChartDivisor(reading));
   DropRead(kelp.loop.Accumulator);
   const auto start = Left(form.Command1.Caption, 4);
   if (start == "Read" || start == "Save") ++run.ReadCount;

@@ -1,6 +1,7 @@
 #include "app/focus.hpp"
 
 #include "app/editor.hpp"
+#include "core/date_time.hpp"
 #include "core/text.hpp"
 #include "workflow/run_controls.hpp"
 
@@ -12,6 +13,10 @@ void Leave(Kelp& kelp, const FocusPlace& place) {
   const Window* window = FindWindow(kelp, place.Screen);
   if (window == nullptr || !window->Visible) return;
   if (IsAt(place, "frmAcquire", "txtStaInfo")) txtStaInfo_LostFocus(kelp, place.Index);
+  if (IsAt(place, "frmCreateBase", "Text1") && place.Index == 6) {
+    std::string& time = kelp.frmCreateBase.Text1[6].Text;
+    time = WholeTime(time);
+  }
   if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox &&
       kelp.frmEditCFG.CruiseEdited) {
     kelp.frmEditCFG.CruiseEdited = false;
@@ -53,12 +58,16 @@ FocusPlace FocusOn(const Kelp& kelp, std::string_view screen) {
                                            {"frmLogin", "Combo1"},
                                            {"frmAcquire", "Command1"},
                                            {"frmCreateBase", "Text1", 0},
-                                           {"frmWhatsNext", "NextButton"},
+                                           {"frmWhatsNext", "Option1", 0},
                                            {"frmChangeStep", "Option1", 0},
                                            {"dlgRunRem", "Text1"},
                                            {"frmRecalc", "Text1", 0},
                                            {"frmEditCFG", "Text1", FrmEditCFG::kFirstBox},
                                            {"frmProgress", ""}};
+  // The chooser begins on the choice that stands, not on OK.
+  for (int i = 0; i < kelp.frmWhatsNext.Option1.kCount; ++i)
+    if (SameIgnoringCase(screen, "frmWhatsNext") && kelp.frmWhatsNext.Option1[i].Value)
+      return {"frmWhatsNext", "Option1", i};
   for (const FocusPlace& place : kBeginnings)
     if (SameIgnoringCase(place.Screen, screen)) return place;
   return {};

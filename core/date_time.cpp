@@ -102,6 +102,24 @@ std::optional<LocalTime> ParseDateTime(std::string_view text) {
   return *date + std::chrono::seconds(seconds);
 }
 
+std::string DateProblem(std::string_view text) {
+  if (Trim(text).empty() || ParseDateTime(std::string(text) + " 00:00:00")) return {};
+  return "the filtration date is to be written as MM/DD/YYYY";
+}
+
+std::string TimeProblem(std::string_view text) {
+  if (Trim(text).empty() || ParseDateTime("01/01/2000 " + WholeTime(text))) return {};
+  return "the filtration time is to be written as HH:MM:SS";
+}
+
+std::string WholeTime(std::string_view text) {
+  std::vector<std::string> words = Words(text);
+  if (words.empty() || std::count(words[0].begin(), words[0].end(), ':') != 1) return std::string(text);
+  words[0] += ":00";
+  const auto time = ParseDateTime("01/01/2000 " + words[0] + (words.size() > 1 ? " " + words[1] : ""));
+  return time && words.size() <= 2 ? LongTime(*time) : std::string(text);
+}
+
 DateAndTime SplitDateTime(std::string_view text) {
   text = Trim(text);
   const auto colon = text.find(':');

@@ -16,6 +16,13 @@ std::string LongTime(LocalTime time);
 /// "YYYY-MM-DD HH:MM:SS". Nothing when the text is none of these or no date of the calendar.
 std::optional<LocalTime> ParseDateTime(std::string_view text);
 
+/// What is wrong with a typed date or time, and how to write it; empty for a good one and for an empty text.
+/// A time may be without seconds.
+std::string DateProblem(std::string_view text);
+std::string TimeProblem(std::string_view text);
+/// A typed time as the files carry it: "9:40" becomes "09:40:00". What is no time stays as typed.
+std::string WholeTime(std::string_view text);
+
 /// Splits "date time" before the word with the first ":", which may be all there is; without a ":" at
 /// the first blank. Both parts trimmed.
 struct DateAndTime {

@@ -50,7 +50,9 @@ struct Kelp {
   StoreNote Note;       ///< how the value that this event stores came to be
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended
-  bool Ended = false;   ///< the program has ended: front ends stop
+  /// Why the per-read log could not be written the last time; empty when it was.
+  std::string LogTrouble;
+  bool Ended = false;  ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.

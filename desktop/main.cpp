@@ -43,6 +43,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("kelp"));
   QApplication::setDesktopFileName(QStringLiteral("kelp"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/kelp.png")));
   try {
     return options.Script.empty() ? Run(options) : Play(options);
   } catch (const std::exception& error) {

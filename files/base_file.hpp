@@ -14,6 +14,10 @@ inline constexpr const char* kReadLogHeader =
 /// Shows the create screen, with the processing number and the starting bottle and vial filled in.
 void ShowCreateBase(Kelp& kelp);
 
+/// Marks the boxes of the create screen whose values deserve a second look: no samples, a date or time that
+/// can't be read. All of them are allowed.
+void CheckCreateBase(Kelp& kelp);
+
 /// "Create File" of the create screen: checks the boxes, writes the base file, copies the boxes to
 /// the acquisition screen and loads the station. Throws FileError when it can't be written.
 void CreateBaseFile(Kelp& kelp);

@@ -1,5 +1,6 @@
 // The create screen's work: writes a base file from the sample log sheet's values.
 #include "core/config.hpp"
+#include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
@@ -40,7 +41,7 @@ void CopyToHeaderBoxes(Kelp& kelp) {
   header[kStaBottle].Text = box[kBottle].Text;
   header[kStaVial].Text = box[kVial].Text;
   header[kStaFiltDate].Text = box[kDate].Text;
-  header[kStaFiltTime].Text = box[kTime].Text;
+  header[kStaFiltTime].Text = WholeTime(box[kTime].Text);
   kelp.run.BottleEdited = true;
   kelp.run.VialEdited = !Trim(box[kVial].Text).empty();
 }
@@ -81,7 +82,15 @@ void ShowCreateBase(Kelp& kelp) {
   box[kProcNum].Text = kelp.run.ProcNum;
   box[kBottle].Text = CfgValue(kelp.run, kCfgStartBottle);
   box[kVial].Text = std::to_string(kelp.run.TubeNum + 1);
+  CheckCreateBase(kelp);
   ShowScreen(kelp, "frmCreateBase");
+}
+
+void CheckCreateBase(Kelp& kelp) {
+  auto& box = kelp.frmCreateBase.Text1;
+  box[kCount].Problem = Val(box[kCount].Text) >= 1 ? "" : "no number: the station will have no samples";
+  box[kDate].Problem = DateProblem(box[kDate].Text);
+  box[kTime].Problem = TimeProblem(box[kTime].Text);
 }
 
 void CreateBaseFile(Kelp& kelp) {

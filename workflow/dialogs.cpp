@@ -110,8 +110,11 @@ void dlgRunRem_OKButton_Click(Kelp& kelp) {
   const int row = kelp.run.SampNum - (finished && kelp.dlgRunRem.Option1[2].Value ? 1 : 0);
   // The table row is the sample's number as it stands, without the offset that Skip applies.
   kelp.run.SampTbl(row, filterer ? kTblFiltererRemark : kTblReaderRemark) = remark;
-  if (row >= 1 && row < kelp.frmAcquire.datalog.Rows)
-    kelp.frmAcquire.datalog.Text(row, filterer ? kColFiltCom : kColReadCom) = remark;
+  if (row < 1 || row >= kelp.frmAcquire.datalog.Rows) return;
+  Grid& grid = kelp.frmAcquire.datalog;
+  grid.Text(row, filterer ? kColFiltCom : kColReadCom) = remark;
+  SetStatus(kelp, std::string(filterer ? "Filterer's" : "Reader's") + " remark of sample " +
+                      std::to_string(row) + ", bottle " + grid.Text(row, kColBottle) + ": " + remark);
 }
 
 void frmRecalc_Command1_Click(Kelp& kelp, int index) {

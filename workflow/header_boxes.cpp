@@ -40,14 +40,8 @@ std::string ProblemOf(const Kelp& kelp, int index) {
       return IsNumber(text) && value > 0 ? "" : "the extraction volume is to be a number of mL above 0";
     case kStaBottle: return IsNumber(text) ? "" : "the starting bottle is to be a number";
     case kStaVial: return IsNumber(text) ? "" : "the starting vial is to be a number";
-    case kStaFiltDate:
-      return Trim(text).empty() || ParseDateTime(text + " 00:00:00")
-                 ? ""
-                 : "the filtration date is to be written as MM/DD/YYYY";
-    case kStaFiltTime:
-      return Trim(text).empty() || ParseDateTime("01/01/2000 " + text)
-                 ? ""
-                 : "the filtration time is to be written as HH:MM:SS";
+    case kStaFiltDate: return DateProblem(text);
+    case kStaFiltTime: return TimeProblem(text);
     default: return "";
   }
 }
@@ -84,6 +78,7 @@ void txtStaInfo_Change(Kelp& kelp, int index) {
 
 void txtStaInfo_LostFocus(Kelp& kelp, int index) {
   TextBox& box = kelp.frmAcquire.txtStaInfo[index];
+  if (index == kStaFiltTime) box.Text = WholeTime(box.Text);
   box.Problem = ProblemOf(kelp, index);
   if (!box.Problem.empty())
     SetStatus(kelp, "\"" + box.Text + "\": " + box.Problem + ". The value stays as typed.");
