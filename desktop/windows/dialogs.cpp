@@ -39,7 +39,10 @@ class CreateWindow : public ScreenWindow {
         lines << FromProgram(form_.Label1[i].Caption).trimmed() + " " + FromProgram(box.Problem);
     // The room is there before the first remark: nothing moves when one comes or goes.
     while (lines.size() < 3) lines << " ";
-    if (const QString text = lines.join('\n'); text != Remarks->ShownText()) Remarks->ShowText(text);
+    if (const QString text = lines.join('\n'); text != Remarks->ShownText()) {
+      Remarks->resize(layout()->sizeHint().width(), Remarks->height());
+      Remarks->ShowText(text);
+    }
   }
   WrapText* const Remarks;
 

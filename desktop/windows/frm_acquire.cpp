@@ -18,6 +18,18 @@
 
 namespace kelp {
 
+namespace {
+
+// The two sides shrink to their least height before the page scrolls; with the labels that wrap in it, Qt's own
+// layout would keep the height that it likes best.
+class SideBySide : public QHBoxLayout {
+ public:
+  using QHBoxLayout::QHBoxLayout;
+  [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+};
+
+}  // namespace
+
 FrmAcquireWindow::FrmAcquireWindow(Kelp& kelp, const Report& report, QAbstractButton* soundSwitch)
     : ScreenWindow(kelp, "frmAcquire", kelp.frmAcquire.Form, report), kelp_(kelp) {
   MakeOwnWidgets();
@@ -36,9 +48,9 @@ FrmAcquireWindow::FrmAcquireWindow(Kelp& kelp, const Report& report, QAbstractBu
   station->addWidget(MakeStandards());
   station->addWidget(grid_, 1);
   station->addWidget(MakeHistory());
-  auto* sides = new QHBoxLayout(page);
-  sides->setContentsMargins(6, 2, 6, 2);
-  sides->setSpacing(8);
+  auto* sides = new SideBySide(page);
+  sides->setContentsMargins(4, 2, 4, 2);
+  sides->setSpacing(5);
   sides->addWidget(MakeFluorometer(), 2);
   sides->addLayout(station, 3);
   scroll->setWidget(page);
@@ -93,11 +105,11 @@ void FrmAcquireWindow::MakeOwnWidgets() {
   reading_ = plain("txtReading", -1, 6, Qt::AlignHCenter);
   SetLook(reading_, 1, true);
   reading_->FillWithText(16);
-  for (int i = 0; i < 3; ++i) SetLook(plain("txtStats", i, i == 0 ? 5 : 6, Qt::AlignRight), 1.25, true);
+  for (int i = 0; i < 3; ++i) SetLook(plain("txtStats", i, i == 0 ? 4 : 6, Qt::AlignRight), 1.15, true);
   plain("Text1", -1, 0, Qt::AlignLeft);
   for (int i = 0; i < 10; ++i) box("txtRead", i, 6, Qt::AlignRight);
   for (int k = 1; k <= 20; ++k) box("txtMean", k, 6, Qt::AlignRight)->SetUsable();
-  plain("txtBlank", kBoxAutoCriterion, 7, Qt::AlignLeft);
+  plain("txtBlank", kBoxAutoCriterion, 6, Qt::AlignLeft);
   for (int i = 0; i < kBoxAutoCriterion; ++i)
     standards_.push_back(Controls.Use("txtBlank", i, new MarkedEdit(this)));
   instruction_ = Controls.Use("Text4", -1, new InstructionBox(this));
@@ -141,10 +153,10 @@ void FrmAcquireWindow::NameWidgets() const {
 void FrmAcquireWindow::SetTabs(QWidget* soundSwitch) const {
   std::vector<QWidget*> chain;
   const auto add = [&](const char* control, int index = -1) { chain.push_back(Controls(control, index)); };
-  for (const char* button : {"Command1", "Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"})
+  for (const char* button :
+       {"Command1", "Check1", "Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"})
     add(button);
   for (int i = 0; i < kelp_.frmAcquire.Option1.kCount; ++i) add("Option1", i);
-  add("Check1");
   for (int i = 0; i < kelp_.frmAcquire.txtStaInfo.kCount; ++i) add("txtStaInfo", i);
   add("Combo1");
   for (int i = 0; i < kBoxAutoCriterion; ++i) add("txtBlank", i);

@@ -48,7 +48,7 @@ QWidget* FrmAcquireWindow::MakeTopLine() {
 
 QWidget* FrmAcquireWindow::MakeFluorometer() {
   auto* layout = new QVBoxLayout(fluorometer_);
-  layout->setContentsMargins(8, 4, 8, 6);
+  layout->setContentsMargins(5, 4, 5, 5);
   layout->setSpacing(5);
   layout->addWidget(MakeReading(), 6);
   layout->addWidget(chart_, 4);
@@ -66,13 +66,18 @@ QWidget* FrmAcquireWindow::MakeReading() {
   panel->setAutoFillBackground(true);
   sdSign_ = new Sign(panel);
   readsSign_ = new Sign(panel);
-  for (int i = 0; i < kelp_.frmAcquire.lblStats.kCount; ++i) Fade(Controls("lblStats", i));
-  Fade(Controls("lblBlank", kBoxAutoCriterion));
+  const auto caption = [](QWidget* label) {
+    SetLook(label, 0.93);
+    Fade(label);
+  };
+  for (int i = 0; i < kelp_.frmAcquire.lblStats.kCount; ++i) caption(Controls("lblStats", i));
+  for (QWidget* sign : {sdSign_, readsSign_}) SetLook(sign, 0.93);
+  caption(Controls("lblBlank", kBoxAutoCriterion));
   Fade(Controls("txtBlank", kBoxAutoCriterion));
   Fade(Controls("Text1"));
 
   auto* stats = new QGridLayout;
-  stats->setHorizontalSpacing(6);
+  stats->setHorizontalSpacing(4);
   stats->setVerticalSpacing(1);
   const auto row = [&](int at, int col, int index, QWidget* beside) {
     stats->addWidget(Controls("lblStats", index), at, col);
@@ -87,7 +92,7 @@ QWidget* FrmAcquireWindow::MakeReading() {
   stats->setColumnStretch(2, 1);
 
   auto* layout = new QVBoxLayout(panel);
-  layout->setContentsMargins(8, 4, 8, 6);
+  layout->setContentsMargins(5, 4, 5, 5);
   layout->setSpacing(2);
   // Beside the number stands what it is when it is no value of this item.
   beside_ = new WrapText(panel);
@@ -113,9 +118,14 @@ QLayout* FrmAcquireWindow::MakeRunButtons() {
   runButtons_ = new QGridLayout;
   runButtons_->setSpacing(4);
   PlaceRunButtons(false);
+  // Autoread decides whether the button is pressed at all: it stands beside it.
+  auto* going = new QHBoxLayout;
+  going->setSpacing(8);
+  going->addWidget(start, 1);
+  going->addWidget(Controls("Check1"));
   auto* layout = new QVBoxLayout;
   layout->setSpacing(4);
-  layout->addWidget(start);
+  layout->addLayout(going);
   layout->addLayout(runButtons_);
   return layout;
 }
@@ -140,7 +150,6 @@ QLayout* FrmAcquireWindow::MakeStepSelector() const {
   layout->setSpacing(6);
   for (int i = 0; i < kelp_.frmAcquire.Option1.kCount; ++i) layout->addWidget(Controls("Option1", i));
   layout->addStretch();
-  layout->addWidget(Controls("Check1"));
   return layout;
 }
 

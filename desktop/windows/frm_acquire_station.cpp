@@ -25,15 +25,16 @@ constexpr int kInitialsLabel = 14;
 
 QWidget* FrmAcquireWindow::MakeHeader() const {
   auto* layout = new QGridLayout(header_);
-  layout->setContentsMargins(8, 4, 8, 6);
-  layout->setHorizontalSpacing(6);
+  layout->setContentsMargins(6, 3, 6, 4);
+  layout->setHorizontalSpacing(3);
   layout->setVerticalSpacing(3);
   const auto place = [&](int at, QWidget* label, QWidget* box) {
     const int col = at % kHeaderColumns * 2;
     static_cast<QLabel*>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label, at / kHeaderColumns, col);
     layout->addWidget(box, at / kHeaderColumns, col + 1);
-    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : 8));
+    SetLook(label, 0.93);
+    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : at == kStaFiltTime ? 8 : 7));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->setColumnStretch(col + 1, 1);
   };
@@ -46,8 +47,8 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
 QWidget* FrmAcquireWindow::MakeStandards() const {
   auto* group = new QGroupBox("Blanks and standards", header_->parentWidget());
   auto* layout = new QGridLayout(group);
-  layout->setContentsMargins(8, 2, 8, 6);
-  layout->setHorizontalSpacing(4);
+  layout->setContentsMargins(6, 2, 6, 4);
+  layout->setHorizontalSpacing(3);
   layout->setVerticalSpacing(2);
   // Begin and end value side by side, a gap between the pairs; long labels take two lines.
   for (int i = 0; i < kBoxAutoCriterion; ++i) {
@@ -59,11 +60,12 @@ QWidget* FrmAcquireWindow::MakeStandards() const {
     label->setFixedHeight(label->fontMetrics().lineSpacing() * 2 + 2);
     layout->addWidget(label, 0, col);
     QWidget* box = Controls("txtBlank", i);
+    SetLook(box, 0.93);
     box->setMinimumWidth(DigitsWidth(*box, 7));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->addWidget(box, 1, col);
     layout->setColumnStretch(col, 1);
-    if (col % 3 == 1) layout->setColumnMinimumWidth(col + 1, i == kBoxAutoCriterion - 1 ? 0 : 8);
+    if (col % 3 == 1) layout->setColumnMinimumWidth(col + 1, i == kBoxAutoCriterion - 1 ? 0 : 6);
   }
   return group;
 }
@@ -77,7 +79,7 @@ QWidget* FrmAcquireWindow::MakeHistory() const {
   const auto fill = [&](const char* control, int first, int count, int top) {
     for (int i = 0; i < count; ++i) {
       QWidget* box = Controls(control, first + i);
-      SetLook(box, 0.93);
+      SetLook(box, 0.87);
       box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
       box->setMinimumWidth(DigitsWidth(*box, 6) + 4);
       layout->addWidget(box, top + i / kColumns, i % kColumns);

@@ -14,6 +14,8 @@ namespace kelp {
 
 namespace {
 
+constexpr int kMargin = 18;
+
 // The chooser, with the samples that were not read: that is seen before the station is closed, or not at all.
 class ChooserWindow : public ScreenWindow {
  public:
@@ -30,6 +32,7 @@ class ChooserWindow : public ScreenWindow {
     ScreenWindow::ShowChanges();
     const QString text = FromProgram(UnreadSamples(kelp_));
     if (text == Unread->ShownText()) return;
+    Unread->resize(layout()->sizeHint().width() - 2 * kMargin, Unread->height());
     Unread->ShowText(text);
     Unread->setVisible(!text.isEmpty());
     Announce(Unread);
@@ -84,7 +87,7 @@ std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report)
   SetInk(reminder, WarnInk);
 
   auto* layout = new QVBoxLayout(window.get());
-  layout->setContentsMargins(18, 16, 18, 14);
+  layout->setContentsMargins(kMargin, 16, kMargin, 14);
   layout->setSpacing(12);
   layout->addWidget(window->Unread);
   layout->addLayout(choices);

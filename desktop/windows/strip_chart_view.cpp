@@ -90,7 +90,9 @@ void StripChartView::PaintScales(QPainter& painter) const {
     const QString text = FromProgram(ScaleText(scale.Divisor));
     painter.drawLine(place, place - QPointF(0, 5));
     if (place.x() < free) continue;
-    painter.drawText(place + QPointF(2, -4), text);
+    // Above the box where there is room.
+    const bool above = place.y() > metrics.height();
+    painter.drawText(place + QPointF(above ? 2 : 5, above ? -4 : metrics.ascent()), text);
     free = place.x() + metrics.horizontalAdvance(text) + 6;
   }
 }

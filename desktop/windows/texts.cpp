@@ -16,6 +16,8 @@ namespace {
 constexpr int kPad = 5;
 constexpr int kWrap = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextWordWrap;
 
+constexpr int kUnplaced = 100;  // the width that a widget has until a layout or its owner gives it one
+
 QColor AlarmInk(const QPalette& palette) { return Paint(SchemeFor(palette).Alarm.Ink); }
 
 // Black and yellow bars at the left edge, as on what may burn the hands.
@@ -99,8 +101,9 @@ void WrapText::ShowText(const QString& text) {
 
 // The layout moves only when the text takes another number of lines.
 void WrapText::CountLines() {
-  const int height =
-      fontMetrics().boundingRect(QRect(0, 0, std::max(width(), 50), 10000), kWrap, ShownText()).height();
+  // Before it has a place in the window there is no width to count with.
+  if (width() <= kUnplaced) return;
+  const int height = fontMetrics().boundingRect(QRect(0, 0, width(), 10000), kWrap, ShownText()).height();
   const int lines = std::max(1, (height + fontMetrics().lineSpacing() / 2) / fontMetrics().lineSpacing());
   if (std::exchange(lines_, lines) != lines) updateGeometry();
 }
@@ -147,6 +150,7 @@ void AlarmBand::ShowAlarms(const std::vector<Alarm>& alarms, bool calling) {
   shown_ = alarms;
   QStringList lines;
   for (const Alarm& alarm : alarms) lines << FromProgram(alarm.Text);
+  words_->resize(parentWidget()->width() - seen_->sizeHint().width() - fontMetrics().height() * 4, words_->height());
   words_->ShowText(lines.join('\n'));
   setVisible(!alarms.empty());
   if (more) Announce(words_);

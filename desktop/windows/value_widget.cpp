@@ -77,7 +77,9 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
   if (hasFocus()) DrawFocusRing(painter, rect(), palette());
-  painter.setFont(FittedFont());
+  QFont font = FittedFont();
+  if (faint_) font.setBold(false);
+  painter.setFont(font);
   const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   const auto role = frame_ == Frame::Line ? QPalette::Text : QPalette::WindowText;
   painter.setPen(faint_ ? FaintText(palette()) : palette().color(group, role));
