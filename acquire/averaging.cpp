@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "acquire/captions.hpp"
+#include "acquire/offscale.hpp"
 #include "acquire/parser.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -13,7 +14,6 @@ namespace kelp {
 namespace {
 
 constexpr int kReadsBeforeOffscale = 10;
-constexpr double kLeastLimitForOffscale = 40;
 const std::string kMendLine13 = "; write 10 into configuration line 13 (number of reads to average)";
 
 // The mean of the Read boxes that hold something above 0: what is shown until the buffer is full.
@@ -43,8 +43,7 @@ void StoreRead(RunState& run, float reading) {
 void WarnOffscale(Kelp& kelp, float reading) {
   std::string& mark = kelp.frmAcquire.txtStats[1].Problem;
   mark.clear();
-  if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit || kelp.run.LabCalRun)
-    return;
+  if (!IsOffscale(kelp, reading)) return;
   mark = "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
   SetStatus(kelp, RawText(static_cast<double>(reading)) + " is " + mark + ".");
   if (kelp.run.ReadCount <= kReadsBeforeOffscale) return;
@@ -121,7 +120,7 @@ void TakeReading(Kelp& kelp, float reading) {
   form.txtStats[1].Text = RawText(reading);
   ShowDisplayAverage(form);
   run.LastRawText = form.txtStats[1].Text;
-  run.Chart.AddPoint(ChartValue(reading));
+  run.Chart.AddPoint(ChartValue(reading), ChartDivisor(reading));
   DropRead(kelp.loop.Accumulator);
   const auto start = Left(form.Command1.Caption, 4);
   if (start == "Read" || start == "Save") ++run.ReadCount;

@@ -31,11 +31,12 @@ void BoundAccumulator(std::string& accumulator) {
   if (accumulator.size() > kMaxUnread) accumulator.erase(0, accumulator.size() - kMaxUnread);
 }
 
-float ChartValue(float reading) {
-  if (reading <= 1) return reading;
-  if (reading <= 10) return reading / 10;
-  if (reading <= 20) return reading / 20;
-  return reading / 30;
+int ChartDivisor(float reading) {
+  if (reading <= 1) return 1;
+  if (reading <= 10) return 10;
+  return reading <= 20 ? 20 : 30;
 }
+
+float ChartValue(float reading) { return reading / static_cast<float>(ChartDivisor(reading)); }
 
 }  // namespace kelp

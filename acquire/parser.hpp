@@ -22,5 +22,7 @@ void BoundAccumulator(std::string& accumulator);
 /// The strip chart's value of a reading; above 20 it is x / 30, so that readings above 30 leave the
 /// chart's full scale.
 float ChartValue(float reading);
+/// What that value was divided by: 1, 10, 20 or 30.
+int ChartDivisor(float reading);
 
 }  // namespace kelp

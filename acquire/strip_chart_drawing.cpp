@@ -18,4 +18,16 @@ std::vector<ChartLine> ChartBars(const StripChart& chart) {
   return bars;
 }
 
+std::vector<ChartScale> ChartScales(const StripChart& chart) {
+  std::vector<ChartScale> scales;
+  for (int i = 0; i < StripChart::kSlots; ++i) {
+    const int divisor = chart.Divisor(i);
+    if (divisor != 0 && (scales.empty() || scales.back().Divisor != divisor))
+      scales.push_back({i * 0.01, divisor});
+  }
+  return scales;
+}
+
+std::string ScaleText(int divisor) { return divisor == 1 ? "x1" : "/" + std::to_string(divisor); }
+
 }  // namespace kelp

@@ -2,6 +2,7 @@
 // only has to draw them: x and y run from -0.2 to 1.2, y grows upwards, the plot is the unit square.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "core/strip_chart.hpp"
@@ -23,6 +24,12 @@ struct ChartLabel {
   double Y = 0;
 };
 
+/// Where the scale of the bars changes: from the bar at X on, readings are divided by Divisor.
+struct ChartScale {
+  double X = 0;
+  int Divisor = 1;
+};
+
 inline constexpr double kChartLeft = -0.2;
 inline constexpr double kChartTop = 1.2;
 inline constexpr double kChartWidth = 1.4;
@@ -36,5 +43,9 @@ std::vector<ChartLine> ChartAxes();
 std::vector<ChartLabel> ChartLabels();
 /// The 101 bars, oldest at x = 0, newest at x = 1; values outside 0 to 1 are not clipped.
 std::vector<ChartLine> ChartBars(const StripChart& chart);
+/// The scales of the bars, oldest first; the first one begins where the readings begin.
+std::vector<ChartScale> ChartScales(const StripChart& chart);
+/// How a scale is written: "x1", "/10", "/20", "/30".
+std::string ScaleText(int divisor);
 
 }  // namespace kelp

@@ -65,6 +65,7 @@ void ClickOnDialog(Kelp& kelp, const FocusPlace& place) {
   if (is("frmRecalc", "Command1")) frmRecalc_Command1_Click(kelp, index);
   if (is("frmEditCFG", "Option1")) SelectOption(kelp.frmEditCFG.Option1, index);
   if (is("frmEditCFG", "Command1")) frmEditCFG_Command1_Click(kelp, index);
+  if (is("frmEditCFG", "cmdBack")) LeaveEditor(kelp);
   if (is("frmCreateBase", "cmdCreateBase") && index == 0) CreateBaseFile(kelp);
   if (is("frmCreateBase", "cmdCreateBase") && index == 2 && MayLeave(kelp)) EndProgram(kelp);
 }
@@ -109,18 +110,6 @@ void DblClickControl(Kelp& kelp, const FocusPlace& place) {
   } else if (IsAt(place, "frmAcquire", "datalog")) {
     datalog_DblClick(kelp);
   }
-}
-
-void CloseWindow(Kelp& kelp, std::string_view screen) {
-  const auto is = [&](std::string_view name) { return SameIgnoringCase(name, screen); };
-  if (is("frmMain") || is("frmCreateBase")) QuitFromMain(kelp);
-  if (is("frmAcquire")) Command3_Click(kelp);
-  if (is("frmLogin")) cmdCancel_Click(kelp);
-  if (is("frmWhatsNext")) StopButton_Click(kelp);
-  if (is("frmChangeStep")) frmChangeStep_Command1_Click(kelp, 1);
-  if (is("dlgRunRem")) HideScreen(kelp, "dlgRunRem");
-  if (is("frmRecalc")) frmRecalc_Command1_Click(kelp, 2);
-  if (is("frmEditCFG")) frmEditCFG_Command1_Click(kelp, 1);
 }
 
 }  // namespace kelp

@@ -5,7 +5,9 @@
 #include "acquire/read_loop.hpp"
 #include "app/clicks.hpp"
 #include "app/focus.hpp"
+#include "app/leaving.hpp"
 #include "app/main_window.hpp"
+#include "app/pasting.hpp"
 #include "app/typing.hpp"
 #include "files/read_log.hpp"
 #include "files/station_lock.hpp"
@@ -70,6 +72,11 @@ void Handle(Kelp& kelp, const Event& event) {
     case EventKind::Key: PressKey(kelp, event.Place.Screen, event.Key); break;
     case EventKind::Edit: EditControl(kelp, event.Place, event.Text); break;
     case EventKind::Focus: MoveFocus(kelp, event.Place); break;
+    case EventKind::Paste:
+      SelectCell(kelp, event);
+      PasteCells(kelp, event.Text);
+      break;
+    case EventKind::Escape: LeaveDialog(kelp, event.Place.Screen); break;
     case EventKind::SelectCell: SelectCell(kelp, event); break;
     case EventKind::Close: CloseWindow(kelp, event.Place.Screen); break;
   }
@@ -115,7 +122,7 @@ void Start(Kelp& kelp) {
 
 bool Post(Kelp& kelp, const Event& event) {
   if (kelp.Ended) return false;
-  const bool forScreen = event.Kind == EventKind::Key || event.Kind == EventKind::Close;
+  const bool forScreen = event.Kind == EventKind::Key || event.Kind == EventKind::Close || event.Kind == EventKind::Escape;
   if (forScreen) {
     const Window* window = FindWindow(kelp, event.Place.Screen);
     if (window == nullptr || !window->Visible) return false;

@@ -54,6 +54,7 @@ void UpdateConfig(Kelp& kelp) {
   }
   if (!kelp.frmEditCFG.Option1[kAveBlank].Value) SelectOption(kelp.frmEditCFG.Option1, kCurrentBlank);
   Tell(kelp, "C:\\KElp\\kelp.cfg updated.");
+  kelp.Focus = {"frmEditCFG", "cmdBack"};
 }
 
 void CancelToAcquisition(Kelp& kelp) {
@@ -74,10 +75,17 @@ void frmEditCFG_Load(Kelp& kelp) {
   FrmEditCFG& form = kelp.frmEditCFG;
   for (int i = 0; i <= FrmEditCFG::kLastLine; ++i)
     if (HasBox(i)) form.Text1[FrmEditCFG::kFirstBox + i].Text = BoxValue(kelp.run, i);
+  for (int i = form.txtLine.kFirst; i <= form.txtLine.kLast; ++i)
+    form.txtLine[i].Text = CfgValue(kelp.run, i);
   // Line 18 is looked at, while the save writes line 17: the two are kept as they are.
   const bool average = Contains(Upper(BoxValue(kelp.run, 18)), "AVE");
   SelectOption(form.Option1, average ? kAveBlank : kCurrentBlank);
   ShowScreen(kelp, "frmEditCFG");
+}
+
+void LeaveEditor(Kelp& kelp) {
+  UnloadScreen(kelp, "frmEditCFG", kelp.frmEditCFG);
+  ShowScreen(kelp, kelp.Shown.empty() ? "frmMain" : std::string(kelp.Shown.front()));
 }
 
 void frmEditCFG_CruiseLostFocus(Kelp& kelp) {

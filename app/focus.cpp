@@ -55,12 +55,16 @@ FocusPlace FocusOn(const Kelp& kelp, std::string_view screen) {
                                            {"frmLogin", "Combo1"},
                                            {"frmAcquire", "Command1"},
                                            {"frmCreateBase", "Text1", 0},
-                                           {"frmWhatsNext", "NextButton"},
+                                           {"frmWhatsNext", "Option1", 0},
                                            {"frmChangeStep", "Option1", 0},
                                            {"dlgRunRem", "Text1"},
                                            {"frmRecalc", "Text1", 0},
                                            {"frmEditCFG", "Text1", FrmEditCFG::kFirstBox},
                                            {"frmProgress", ""}};
+  // The chooser begins on the choice that stands, not on OK.
+  for (int i = 0; i < kelp.frmWhatsNext.Option1.kCount; ++i)
+    if (SameIgnoringCase(screen, "frmWhatsNext") && kelp.frmWhatsNext.Option1[i].Value)
+      return {"frmWhatsNext", "Option1", i};
   for (const FocusPlace& place : kBeginnings)
     if (SameIgnoringCase(place.Screen, screen)) return place;
   return {};

@@ -1,6 +1,8 @@
 #include "app/panel.hpp"
 
+#include "acquire/captions.hpp"
 #include "acquire/save_check.hpp"
+#include "app/alarms.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
@@ -40,7 +42,8 @@ PanelState PanelOf(const Kelp& kelp) {
   PanelState panel;
   panel.Criterion = SdText(CfgNumber(run, kCfgSdCriterion));
   panel.HasSd = !form.txtStats[2].Text.empty();
-  panel.SdMet = panel.HasSd && SdIsMet(kelp);
+  // What stood before the line fell silent is no sign that a value may be saved now.
+  panel.SdMet = panel.HasSd && SdIsMet(kelp) && ReadingAge(kelp) < 0;
   panel.MinReads = run.MinReads;
   panel.ReadsMet = Val(form.txtStats[0].Text) >= run.MinReads && !form.txtStats[0].Text.empty();
   panel.Station = std::string(Trim(form.txtStaInfo[kStaProcNum].Text)) + "  " +

@@ -4,7 +4,9 @@
 #include "app/clicks.hpp"
 #include "app/door.hpp"
 #include "app/focus.hpp"
+#include "app/panel.hpp"
 #include "core/text.hpp"
+#include "files/base_file.hpp"
 #include "record/record.hpp"
 #include "workflow/keys.hpp"
 #include "workflow/run_controls.hpp"
@@ -19,9 +21,35 @@ void ResetProgram(Kelp& kelp) {
   frmAcquire_Load(kelp);
 }
 
+// Grid and Autoread are used at every sample: each has a key of its own.
+void GoToGrid(Kelp& kelp) {
+  Grid& grid = kelp.frmAcquire.datalog;
+  const PanelState panel = PanelOf(kelp);
+  if (panel.Row > 0 && !IsAt(kelp.Focus, "frmAcquire", "datalog")) {
+    grid.Row = panel.Row;
+    grid.Col = panel.Col < 0 ? kColRb : panel.Col;
+  }
+  MoveFocus(kelp, {"frmAcquire", "datalog"});
+}
+
+void ToggleAutoread(Kelp& kelp) {
+  bool& on = kelp.frmAcquire.Check1.Value;
+  on = !on;
+  SetStatus(kelp, on ? "Autoread is on: values are saved by themselves." : "Autoread is off.");
+}
+
+void PressAcquireKey(Kelp& kelp, int number) {
+  switch (number) {
+    case 10: ResetProgram(kelp); break;
+    case 11: GoToGrid(kelp); break;
+    case 12: ToggleAutoread(kelp); break;
+    default: FunctionKey(kelp, number); break;
+  }
+}
+
 void PressFunctionKey(Kelp& kelp, const std::string& screen, int number) {
   if (SameIgnoringCase(screen, "frmAcquire"))
-    number == 10 ? ResetProgram(kelp) : FunctionKey(kelp, number);
+    PressAcquireKey(kelp, number);
   else if (SameIgnoringCase(screen, "frmWhatsNext"))
     frmWhatsNext_KeyDown(kelp, number);
 }
@@ -34,6 +62,8 @@ void PressEnter(Kelp& kelp, const FocusPlace& focus) {
     TabOn(kelp, focus.Screen);
   else if (SameIgnoringCase(focus.Screen, "frmAcquire"))
     MoveFocus(kelp, {"frmAcquire", "Command1"});
+  else if (IsAt(focus, "dlgRunRem", "Text1"))
+    Post(kelp, {.Kind = EventKind::Click, .Place = {"dlgRunRem", "OKButton"}});
   else if (std::holds_alternative<Button*>(ControlAt(kelp, focus)))
     Post(kelp, {.Kind = EventKind::Click, .Place = focus});
   else if (SameIgnoringCase(focus.Screen, "frmLogin"))
@@ -60,6 +90,8 @@ void TypeInto(Kelp& kelp, const FocusPlace& focus, int key) {
     Post(kelp, {.Kind = EventKind::Click, .Place = focus});
 }
 
+bool InComment(const Kelp& kelp) { return kelp.frmAcquire.datalog.Col >= kColFiltCom; }
+
 }  // namespace
 
 void PressKey(Kelp& kelp, const std::string& screen, int key) {
@@ -72,10 +104,13 @@ void PressKey(Kelp& kelp, const std::string& screen, int key) {
   } else if (key == kKeyEnter) {
     PressEnter(kelp, focus);
   } else {
-    // In a box or the grid a space is an ordinary character.
-    const bool start =
-        key == kKeySpace && SameIgnoringCase(screen, "frmAcquire") && !TakesText(ControlAt(kelp, focus));
-    if (!start || !SpaceKey(kelp)) TypeInto(kelp, focus, key);
+    // In a box or a comment a space is an ordinary character; in a cell with a number it is no part of the
+    // number and does what it does on the button.
+    const bool onAcquire = key == kKeySpace && SameIgnoringCase(screen, "frmAcquire");
+    const bool inCell = onAcquire && IsAt(focus, "frmAcquire", "datalog") && !InComment(kelp);
+    const bool start = inCell || (onAcquire && !TakesText(ControlAt(kelp, focus)));
+    if (start && SpaceKey(kelp)) return;
+    TypeInto(kelp, inCell ? FocusPlace{"frmAcquire", "Command1"} : focus, key);
   }
 }
 
@@ -86,6 +121,10 @@ void EditControl(Kelp& kelp, const FocusPlace& place, const std::string& text) {
     return;
   }
   if (ValueOf(control) == text) return;
+  if (const auto* box = std::get_if<TextBox*>(&control); box != nullptr && (*box)->Locked) {
+    SetStatus(kelp, "This value is shown for reading only.");
+    return;
+  }
   if (IsAt(place, "frmAcquire", "txtBlank")) {
     txtBlank_Change(kelp, place.Index, text);
     return;
@@ -98,6 +137,7 @@ void EditControl(Kelp& kelp, const FocusPlace& place, const std::string& text) {
   if (const auto* combo = std::get_if<ComboBox*>(&control)) (*combo)->Text = text;
   if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox)
     kelp.frmEditCFG.CruiseEdited = true;
+  if (IsAt(place, "frmCreateBase", "Text1")) CheckCreateBase(kelp);
   if (IsAt(place, "frmMain", "Text1") && place.Index == 4) kelp.frmMain.LastTube = text;
 }
 

@@ -33,6 +33,7 @@ struct TextBox {
   bool Visible = true;
   /// What is wrong with a typed value; empty when it is fine. A box with a text here is marked.
   std::string Problem = {};
+  bool Locked = false;  ///< its text is for reading only
 };
 
 struct OptionButton {

@@ -108,12 +108,25 @@ std::string OwnDate(std::string_view text) {
 }
 
 std::string OwnTime(std::string_view text) {
-  // "9:40:00PM" is as good as "9:40:00 PM".
+  // "9:40:00PM" is as good as "9:40:00 PM", and nobody notes the seconds.
   std::string time(Trim(text));
-  for (const char* half : {"AM", "PM"})
-    if (EndsWith(Upper(time), half)) time = std::string(Trim(Left(time, time.size() - 2))) + " " + half;
-  const auto at = ParseDateTime("01/01/2000 " + time);
+  std::string half;
+  for (const char* mark : {"AM", "PM"})
+    if (EndsWith(Upper(time), mark)) {
+      half = std::string(" ") + mark;
+      time = Trim(Left(time, time.size() - 2));
+    }
+  if (std::count(time.begin(), time.end(), ':') == 1) time += ":00";
+  const auto at = ParseDateTime("01/01/2000 " + time + half);
   return at ? LongTime(*at) : "";
+}
+
+std::string DateProblem(std::string_view text) {
+  return Trim(text).empty() || !OwnDate(text).empty() ? "" : "the filtration date is to be written as MM/DD/YYYY";
+}
+
+std::string TimeProblem(std::string_view text) {
+  return Trim(text).empty() || !OwnTime(text).empty() ? "" : "the filtration time is to be written as HH:MM:SS";
 }
 
 DateAndTime SplitDateTime(std::string_view text) {

@@ -62,7 +62,9 @@ struct Kelp {
   long StoresBefore = 0;    ///< `run.Stores` when the event began
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended
-  bool Ended = false;   ///< the program has ended: front ends stop
+  /// Why the per-read log could not be written the last time; empty when it was.
+  std::string LogTrouble;
+  bool Ended = false;  ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.

@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("kelp"));
   QApplication::setDesktopFileName(QStringLiteral("org.kelp.Kelp"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/kelp.png")));
   try {
     return options.Script.empty() ? Run(options) : Play(options);
   } catch (const std::exception& error) {

@@ -139,6 +139,13 @@ void ImportCtd(Kelp& kelp) {
   }
 }
 
+// What the recalculation will use, beside the two boxes that it takes.
+void TellStationIn(FrmRecalc& dialog, const Kelp& kelp) {
+  dialog.Text1[2].Text = kelp.frmAcquire.txtBlank[kBoxEndBlank].Text;
+  dialog.Text1[3].Text = kelp.frmAcquire.txtStaInfo[kStaFiltrVol].Text;
+  dialog.Text1[4].Text = kelp.frmAcquire.txtStaInfo[kStaExtractVol].Text;
+}
+
 // True for a station that brings values of its own.
 bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   RunState& run = kelp.run;
@@ -171,6 +178,7 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
   ShowScreen(kelp, "frmAcquire");
   if (reopened && !restored && AnySampleRead(kelp)) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
+    TellStationIn(kelp.frmRecalc, kelp);
     ShowScreen(kelp, "frmRecalc");
   }
   return ownHeader || restored;

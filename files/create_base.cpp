@@ -43,8 +43,9 @@ void CopyToHeaderBoxes(Kelp& kelp) {
   header[kStaLineSta].Text = box[kLineSta].Text;
   header[kStaBottle].Text = box[kBottle].Text;
   header[kStaVial].Text = box[kVial].Text;
-  header[kStaFiltDate].Text = box[kDate].Text;
-  header[kStaFiltTime].Text = box[kTime].Text;
+  const auto orTyped = [](const std::string& own, const std::string& typed) { return own.empty() ? typed : own; };
+  header[kStaFiltDate].Text = orTyped(OwnDate(box[kDate].Text), box[kDate].Text);
+  header[kStaFiltTime].Text = orTyped(OwnTime(box[kTime].Text), box[kTime].Text);
   kelp.run.BottleEdited = true;
   kelp.run.VialEdited = !Trim(box[kVial].Text).empty();
 }
@@ -86,6 +87,7 @@ void ShowCreateBase(Kelp& kelp) {
   box[kProcNum].Text = kelp.run.ProcNum;
   box[kBottle].Text = CfgValue(kelp.run, kCfgStartBottle);
   box[kVial].Text = std::to_string(kelp.run.TubeNum + 1);
+  CheckCreateBase(kelp);
   ShowScreen(kelp, "frmCreateBase");
 }
 
@@ -93,6 +95,13 @@ void CreateBox_LostFocus(Kelp& kelp, int index) {
   std::string& text = kelp.frmCreateBase.Text1[index].Text;
   const std::string own = index == kDate ? OwnDate(text) : index == kTime ? OwnTime(text) : "";
   if (!own.empty()) text = own;
+}
+
+void CheckCreateBase(Kelp& kelp) {
+  auto& box = kelp.frmCreateBase.Text1;
+  box[kCount].Problem = Val(box[kCount].Text) >= 1 ? "" : "no number: the station will have no samples";
+  box[kDate].Problem = DateProblem(box[kDate].Text);
+  box[kTime].Problem = TimeProblem(box[kTime].Text);
 }
 
 void CreateBaseFile(Kelp& kelp) {

@@ -39,8 +39,10 @@ void AppendReadLog(Kelp& kelp) {
       // No flush: the log may lie on a slow share, and a reading must never wait for it.
       disk.AppendUnflushed(kelp.run.CsvFile, record);
       disk.AppendUnflushed(kelp.run.TmpFile, record);
+      kelp.LogTrouble.clear();
       return;
     } catch (const RunTimeError& error) {
+      kelp.LogTrouble = error.what();
       SetStatus(kelp, error.what());
       const Answer answer =
           kelp.platform.Ask({"Unable to save read to file, fix filepath or network connection then hit OK, "
@@ -63,6 +65,7 @@ void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& ma
       disk.Append(path, record + "\r\n");
     } catch (const FileError& error) {
       // The value is safe in the table and the grid: the run must go on to the next tube.
+      kelp.LogTrouble = error.what();
       ReportError(kelp, error);
     }
   };

@@ -42,12 +42,8 @@ std::string ProblemOf(const Kelp& kelp, int index) {
       return IsNumber(text) && value > 0 ? "" : "the extraction volume is to be a number of mL above 0";
     case kStaBottle: return IsNumber(text) ? "" : "the starting bottle is to be a number";
     case kStaVial: return IsNumber(text) ? "" : "the starting vial is to be a number";
-    case kStaFiltDate:
-      return Trim(text).empty() || !OwnDate(text).empty() ? ""
-                                                          : "the filtration date is to be written as MM/DD/YYYY";
-    case kStaFiltTime:
-      return Trim(text).empty() || !OwnTime(text).empty() ? ""
-                                                          : "the filtration time is to be written as HH:MM:SS";
+    case kStaFiltDate: return DateProblem(text);
+    case kStaFiltTime: return TimeProblem(text);
     default: return "";
   }
 }

@@ -128,6 +128,8 @@ struct FrmRecalc {
     // All five boxes and labels carry the same tooltip, copy for copy.
     for (auto& box : Text1) box.ToolTipText = "Enter beginning blank to use or KElp will use kelp.cfg value";
     for (auto& label : Label1) label.ToolTipText = Text1[0].ToolTipText;
+    // The buttons use the first two boxes only: the others tell the station's values.
+    for (int i = 2; i < Text1.kCount; ++i) Text1[i].Locked = true;
   }
 
   Window Form{"Data found - recalculate or reload base?"};

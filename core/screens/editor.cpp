@@ -47,6 +47,18 @@ FrmEditCFG::FrmEditCFG() {
     Label1[kFirstBox + row.line].Caption = row.label;
     Text1[kFirstBox + row.line].Text = row.text;
   }
+  static constexpr Row kOthers[] = {
+      {33, "33 Upper limit: ", "Readings above it are off scale; 40 or less switches the warning off"},
+      {34, "34 Blank limit: ", "A blank above it is asked about before it is saved"},
+      {35, "35 Blank limit AWOL: ", "The same for a fluorometer whose name begins with AWOL"},
+      {36, "36 Printer: ", "01 = a printer is there and reports are printed, 00 = none"},
+      {37, "37 Database csv: ", "01 = rows for the database are written, 00 = none"},
+  };
+  for (const Row& row : kOthers) {
+    lblLine[row.line].Caption = row.label;
+    lblLine[row.line].ToolTipText = txtLine[row.line].ToolTipText = row.text;
+    txtLine[row.line].Locked = true;
+  }
   Text1[kFirstBox + kLineWithOptions].Visible = false;
   Label1[kFirstBox + kLineWithOptions].Visible = false;
 }

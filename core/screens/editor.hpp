@@ -1,5 +1,5 @@
 // The configuration editor: line NN of the configuration is edited in Text1(200 + NN), line 17 by
-// the two option buttons. Lines 33 to 40 have no box.
+// the two option buttons. Lines 33 to 37 are shown for reading; 38 to 40 are spare.
 #pragma once
 
 #include "core/controls.hpp"
@@ -26,6 +26,11 @@ struct FrmEditCFG {
       {"Cancel/Menu", "Returns to menu without updating"},
       {"Quit", "Quit completely out of KElp"},
   }}};
+  Button cmdBack{"Main window", "Back to where the editor was opened from, without updating"};
+  /// Lines 33 to 37, which are changed in the file itself.
+  ControlArray<TextBox, 5, 33> txtLine;
+  ControlArray<Label, 5, 33> lblLine;
+  Label lblLines{"Other lines (changed in a text editor)"};
   ControlArray<Label, 3> Label2{{{{"Station Settings"}, {"Sample Settings"}, {"Fluorometer Settings"}}}};
 
   bool CruiseEdited = false;  ///< the cruise box was edited and not left yet
@@ -35,7 +40,11 @@ struct FrmEditCFG {
     visit("Label1", self.Label1);
     visit("Text1", self.Text1);
     visit("Option1", self.Option1);
+    visit("lblLines", self.lblLines);
+    visit("lblLine", self.lblLine);
+    visit("txtLine", self.txtLine);
     visit("Command1", self.Command1);
+    visit("cmdBack", self.cmdBack);
   }
 };
 

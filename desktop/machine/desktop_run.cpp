@@ -32,7 +32,7 @@ DesktopRun::DesktopRun(Options options)
       kelp_(platform_),
       runner_(kelp_),
       windows_(kelp_, [this](const Event& event) { return runner_.Post(event); }),
-      cues_(kelp_, sound_),
+      cues_(kelp_),
       review_(kelp_, [this] { return AskForFolder(&review_, kelp_.run.DataOutPath, drives_); }),
       profile_(kelp_) {
   line_.Simulate(options_.Instrument == InstrumentKind::Simulated);
@@ -44,7 +44,8 @@ void DesktopRun::ConnectParts() {
   ShowScreensIn(windows_, platform_.Screens);
   platform_.Screens.DialogOpens = [this] { runner_.DialogOpens(); };
   platform_.Screens.DialogClosed = [this] { runner_.DialogClosed(); };
-  platform_.Question = [this] { sound_.Play(Cue::Attention); };
+  platform_.Question = [this] { sound_.Play(Cue::Question); };
+  platform_.ShowsPreview = [this] { return settings_.Preview; };
   platform_.PdfPath = [this] { return kelp_.run.PrnFile.substr(0, kelp_.run.PrnFile.rfind('.')) + ".pdf"; };
   platform_.PrinterChosen = [this](const QString& printer) {
     settings_.Printer = printer;
@@ -58,15 +59,23 @@ void DesktopRun::ConnectParts() {
   runner_.ShowChanges = [this] { windows_.ShowChanges(); };
   runner_.After = [this, showPort](bool typed) {
     showPort();
-    cues_.Listen(typed);
+    Listen(typed);
   };
+  constexpr int kAlarmEvery = 3000;
+  alarm_.setInterval(kAlarmEvery);
+  QObject::connect(&alarm_, &QTimer::timeout, &runner_, [this] {
+    if (windows_.AlarmCalls())
+      sound_.Play(Cue::Alarm);
+    else
+      alarm_.stop();
+  });
   runner_.End = [this] { End(); };
 
   QObject::connect(windows_.MachineSettingsButton(), &QPushButton::clicked, &runner_,
                    [this] { ChangeSettings(); });
   QObject::connect(windows_.ReviewButton(), &QPushButton::clicked, &runner_, [this] { OpenReview(); });
   windows_.ProfileWanted = [this] { profile_.Toggle(); };
-  sound_.On = settings_.Sound;
+  TakeLookAndSound();
   windows_.SoundSwitch()->setChecked(settings_.Sound);
   QObject::connect(windows_.SoundSwitch(), &QAbstractButton::toggled, &runner_, [this](bool on) {
     sound_.On = settings_.Sound = on;
@@ -80,10 +89,10 @@ void DesktopRun::Start() {
 }
 
 void DesktopRun::WelcomeFirst() {
-  const FirstChoice choice =
-      AskFirstChoice(FromPath(drives_.DriveFolder('c')), QString::fromStdString(Device(1)));
-  line_.Simulate(choice == FirstChoice::Simulate);
-  if (choice == FirstChoice::Settings) ChangeSettings();
+  FirstStart page(settings_, options_);
+  const bool taken = page.exec() == QDialog::Accepted;
+  if (taken) TakeSettings(page.Settings(), page.Simulate());
+  if (page.WantsSettings()) ChangeSettings();
   Keep();
 }
 
@@ -94,9 +103,29 @@ void DesktopRun::OpenReview() {
   review_.Open(WithBackslash(CfgValue(kelp_.run, kCfgDataPath)));
 }
 
+void DesktopRun::TakeLookAndSound() {
+  sound_.On = settings_.Sound;
+  sound_.Off = settings_.SoundsOff;
+  ApplyScheme(settings_.Scheme);
+}
+
+// What has just become due, and the alarm for as long as nobody has seen it.
+void DesktopRun::Listen(bool typed) {
+  if (const auto cue = cues_.Listen(typed, GlanceAt(kelp_).State)) sound_.Play(*cue);
+  const bool calls = windows_.AlarmCalls();
+  if (calls == alarm_.isActive()) return;
+  if (!calls) {
+    alarm_.stop();
+    return;
+  }
+  alarm_.start();
+  sound_.Play(Cue::Alarm);
+}
+
 void DesktopRun::ChangeSettings() {
   const DialogTime rest(platform_.Screens);
   SettingsDialog dialog(windows_.FrontWindow(), settings_, options_, line_.IsSimulated());
+  dialog.Hear = [this](Cue cue) { sound_.PlayNow(cue); };
   if (dialog.exec() == QDialog::Accepted) TakeSettings(dialog.Settings(), dialog.Simulate());
 }
 
@@ -113,6 +142,7 @@ void DesktopRun::TakeSettings(const MachineSettings& settings, bool simulate) {
   settings_ = settings;
   if (Device(PortNumber()) != before) line_.Close();
   line_.Simulate(simulate);
+  TakeLookAndSound();
   Keep();
 }
 

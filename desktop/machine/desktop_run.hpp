@@ -14,7 +14,6 @@
 #include "desktop/machine/qt_platform.hpp"
 #include "desktop/machine/runner.hpp"
 #include "desktop/machine/sound.hpp"
-#include "desktop/machine/sound_cues.hpp"
 #include "desktop/review/review_window.hpp"
 #include "desktop/review/running_profile.hpp"
 #include "desktop/windows/windows.hpp"
@@ -43,10 +42,12 @@ class DesktopRun {
   void ConnectParts();
   void OpenReview();
   void WelcomeFirst();
+  void Listen(bool typed);
   void ChangeSettings();
   void TakeSettings(const MachineSettings& settings, bool simulate);
   void Keep();
   void Written(const std::string& path);
+  void TakeLookAndSound();
   [[nodiscard]] int PortNumber() const;
   [[nodiscard]] std::string Device(int port) const { return DeviceFor(port, settings_, options_); }
   void End();
@@ -62,7 +63,8 @@ class DesktopRun {
   Runner runner_;
   Windows windows_;
   Sound sound_;
-  SoundCues cues_;
+  CueListener cues_;
+  QTimer alarm_;  ///< repeats the alarm's sound until it is seen
   ReviewWindow review_;
   RunningProfile profile_;
 };

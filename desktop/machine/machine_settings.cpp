@@ -1,6 +1,7 @@
 #include "desktop/machine/machine_settings.hpp"
 
 #include <QSettings>
+#include <array>
 
 #include "desktop/machine/paths.hpp"
 #include "platform/error.hpp"
@@ -12,6 +13,16 @@ namespace {
 
 const QString kMaker = QStringLiteral("Kelp");
 const QString kProgram = QStringLiteral("kelp");
+
+constexpr std::array<const char*, 3> kSchemes = {"system", "light", "dark"};
+
+SchemeChoice SchemeNamed(const QString& name) {
+  for (std::size_t i = 0; i < kSchemes.size(); ++i)
+    if (name == kSchemes[i]) return static_cast<SchemeChoice>(i);
+  return SchemeChoice::System;
+}
+
+QString CueKey(Cue cue) { return QStringLiteral("sounds/%1").arg(static_cast<int>(cue)); }
 
 void MakeFolders(const std::filesystem::path& folder) {
   std::error_code error;
@@ -39,6 +50,10 @@ MachineSettings LoadSettings() {
   settings.Editor = store.value(QStringLiteral("editor")).toString();
   settings.Printer = store.value(QStringLiteral("printer")).toString();
   settings.Sound = store.value(QStringLiteral("sound"), true).toBool();
+  for (const Cue cue : kCues)
+    if (!store.value(CueKey(cue), true).toBool()) settings.SoundsOff.insert(cue);
+  settings.Scheme = SchemeNamed(store.value(QStringLiteral("scheme")).toString());
+  settings.Preview = store.value(QStringLiteral("preview"), true).toBool();
   return settings;
 }
 
@@ -53,6 +68,9 @@ QString SaveSettings(const MachineSettings& settings) {
   store.setValue(QStringLiteral("editor"), settings.Editor);
   store.setValue(QStringLiteral("printer"), settings.Printer);
   store.setValue(QStringLiteral("sound"), settings.Sound);
+  for (const Cue cue : kCues) store.setValue(CueKey(cue), settings.SoundsOff.count(cue) == 0);
+  store.setValue(QStringLiteral("scheme"), kSchemes[static_cast<std::size_t>(settings.Scheme)]);
+  store.setValue(QStringLiteral("preview"), settings.Preview);
   store.sync();
   if (store.status() == QSettings::NoError) return {};
   return store.fileName() + " can't be written: the machine settings hold only until the program ends";

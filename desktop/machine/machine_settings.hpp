@@ -6,9 +6,12 @@
 #include <QByteArray>
 #include <QString>
 #include <map>
+#include <set>
 #include <string>
 
+#include "app/cues.hpp"
 #include "desktop/machine/command_line.hpp"
+#include "desktop/windows/focus_style.hpp"
 #include "platform/drive_map.hpp"
 
 namespace kelp {
@@ -19,6 +22,9 @@ struct MachineSettings {
   QString Editor = {};                  ///< a command; empty for the machine's text editor
   QString Printer = {};                 ///< a name; empty for the machine's default printer
   bool Sound = true;
+  std::set<Cue> SoundsOff = {};  ///< cues that are not wanted
+  SchemeChoice Scheme = SchemeChoice::System;
+  bool Preview = true;  ///< reports are shown before they are printed
 };
 
 /// True when settings were kept before: this is not the first start.

@@ -1,6 +1,8 @@
 #include "desktop/machine/message_box.hpp"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
 
 namespace kelp {
 
@@ -54,7 +56,42 @@ Answer AnswerOf(int button) {
   }
 }
 
+// True for a key that leads to a button: Tab, an arrow, or the button's letter.
+bool LeadsToButton(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down: return true;
+    default: return key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z;
+  }
+}
+
 }  // namespace
+
+int BoxKeys::Rest = 700;
+
+BoxKeys::BoxKeys(QMessageBox& box) : box_(box) {
+  rest_.setRemainingTime(Rest);
+  qApp->installEventFilter(this);
+}
+
+bool BoxKeys::eventFilter(QObject* object, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride) return false;
+  const auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr || widget->window() != &box_) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const bool space = key.key() == Qt::Key_Space;
+  if (!rest_.hasExpired() || key.isAutoRepeat() || (space && !reached_)) {
+    event->accept();
+    return true;
+  }
+  if (type == QEvent::KeyPress) reached_ |= LeadsToButton(key);
+  return false;
+}
 
 void SetUpBox(QMessageBox& box, const Message& message) {
   box.setWindowTitle(message.Title.empty() ? QStringLiteral("Kelp") : QString::fromStdString(message.Title));
@@ -64,7 +101,8 @@ void SetUpBox(QMessageBox& box, const Message& message) {
   box.setIcon(IconOf(message.Icon));
   box.setStandardButtons(ButtonsOf(message.Buttons));
   const bool yes = message.Buttons == Buttons::YesNo || message.Buttons == Buttons::YesNoCancel;
-  box.setDefaultButton(yes ? QMessageBox::Yes : QMessageBox::Ok);
+  const bool no = yes && message.DefaultNo;
+  box.setDefaultButton(no ? QMessageBox::No : yes ? QMessageBox::Yes : QMessageBox::Ok);
   box.setEscapeButton(EscapeOf(message.Buttons));
 }
 
@@ -73,6 +111,7 @@ QAbstractButton* ButtonOf(const QMessageBox& box, Answer answer) { return box.bu
 Answer ShowMessage(QWidget* parent, const Message& message) {
   QMessageBox box(parent);
   SetUpBox(box, message);
+  const BoxKeys keys(box);
   return AnswerOf(box.exec());
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desktop/machine/fluorometer_line.hpp"
+#include "desktop/machine/print_preview.hpp"
 #include "desktop/machine/report_printer.hpp"
 #include "desktop/machine/screen_host.hpp"
 #include "platform/drive_map.hpp"
@@ -19,13 +20,21 @@ class QtPlatform : public Platform {
   /// Everything handed in must outlive the platform; `editor` is looked up at each launch.
   QtPlatform(Disk& disk, const DriveMap& drives, FluorometerLine& line, const QString& editor,
              const QString& printer)
-      : disk_(disk), drives_(drives), line_(line), editor_(editor), printer_(printer) {}
+      : disk_(disk), drives_(drives), line_(line), editor_(editor), printer_(printer) {
+    printer_.Preview = [this](QPrinter& device, const QStringList& lines) {
+      if (!ShowsPreview()) return true;
+      const DialogTime dialog(Screens);
+      return PreviewPages(Screens.Front(), device, lines);
+    };
+  }
 
   ScreenHost Screens = {};
   /// A message box comes up: the operator is called.
   std::function<void()> Question = [] {};
   /// The program path of a PDF beside the station's files.
   std::function<std::string()> PdfPath = [] { return std::string("c:\\kelp\\report.pdf"); };
+  /// Reports are shown before they are printed.
+  std::function<bool()> ShowsPreview = [] { return false; };
   /// The operator chose a printer.
   std::function<void(const QString&)> PrinterChosen = [](const QString&) {};
 

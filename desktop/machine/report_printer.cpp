@@ -80,6 +80,8 @@ void ReportPrinter::EndDocument(const std::function<Answer(const Message&)>& ask
   } else if (QPrinterInfo::availablePrinterNames().isEmpty()) {
     const std::string path = FreeName(pdfPath, [&](const std::string& name) { return disk.Exists(name); });
     if (ask(PdfOffer(path)) == Answer::Yes) disk.Replace(path, Pdf(lines));
+  } else if (Preview && !Preview(Printer(), lines)) {
+    return;
   } else if (!PrintLines(Printer(), lines) || Printer().printerState() == QPrinter::Error) {
     throw FileError("printer", Printer().printerName().toStdString() +
                                    " does not print; see to it or choose another one, then print again");

@@ -6,7 +6,8 @@ namespace kelp {
 
 namespace {
 
-constexpr int kPassEvery = 50;  // milliseconds, when no bytes come in
+// The line is looked at once a second when no bytes come in; all else that a pass does needs bytes.
+constexpr int kPassEvery = 1000;
 
 void SetTimer(QTimer& timer, bool wanted, int interval) {
   if (!wanted)
@@ -20,8 +21,17 @@ void SetTimer(QTimer& timer, bool wanted, int interval) {
 Runner::Runner(Kelp& kelp) : kelp_(kelp) {
   passes_.setTimerType(Qt::CoarseTimer);
   connect(&passes_, &QTimer::timeout, this, &Runner::BytesCame);
+  // One wake for both: the tick of the log is a look at the line too.
   connect(&ticks_, &QTimer::timeout, this, [this] {
-    if (WantsTicks(kelp_)) Run([this] { Tick(kelp_); }, false);
+    if (!WantsTicks(kelp_)) return;
+    const bool look = WantsPasses(kelp_) && passes_.isActive();
+    if (look) passes_.start();
+    Run(
+        [&] {
+          if (look) Pass(kelp_);
+          Tick(kelp_);
+        },
+        false);
   });
 }
 
@@ -62,6 +72,7 @@ bool Runner::Post(const Event& event) {
 }
 
 void Runner::BytesCame() {
+  if (passes_.isActive()) passes_.start();
   if (WantsPasses(kelp_)) Run([this] { Pass(kelp_); }, false);
 }
 

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSet>
@@ -15,6 +16,7 @@
 
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/paths.hpp"
+#include "desktop/machine/serial_ports.hpp"
 #include "platform/host.hpp"
 #include "platform/serial_line.hpp"
 
@@ -69,12 +71,6 @@ QString ColumnProblem(const QTableWidget& table, const QString& what, const Good
 
 bool IsLetter(const QString& key) { return key.size() == 1 && key.at(0) >= 'a' && key.at(0) <= 'z'; }
 
-QStringList PortsFound() {
-  QStringList devices;
-  for (const std::string& device : SerialDevices()) devices << QString::fromStdString(device);
-  return devices;
-}
-
 QString GivenText(const Options& options) {
   QStringList given;
   if (options.Drives) given << "all drives in " + FromPath(*options.Drives);
@@ -96,6 +92,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
   layout->addWidget(DrivesBox());
   layout->addWidget(PortsBox());
   layout->addWidget(EditorBox());
+  auto* pair = new QHBoxLayout;
+  pair->addWidget(SoundsBox());
+  pair->addWidget(LookBox());
+  layout->addLayout(pair);
   simulate_ = new QCheckBox(QStringLiteral("Read the &simulated fluorometer until the program ends"));
   simulate_->setChecked(simulate);
   layout->addWidget(simulate_);
@@ -111,6 +111,14 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
   for (const auto& [letter, folder] : settings.Drives) AddDrive(QString(QLatin1Char(letter)), folder);
   for (const auto& [port, device] : settings.Ports) AddPort(QString::number(port), device);
   editor_->setText(settings.Editor);
+  preview_->setChecked(settings.Preview);
+  scheme_->button(static_cast<int>(settings.Scheme))->setChecked(true);
+  for (const auto& [cue, box] : sounds_) {
+    box->setChecked(settings.SoundsOff.count(cue) == 0);
+    connect(box, &QCheckBox::clicked, this, [this, cue = cue](bool on) {
+      if (on) Hear(cue);
+    });
+  }
   FitToScreen(content, buttons);
 }
 
@@ -176,11 +184,36 @@ QWidget* SettingsDialog::EditorBox() {
   editor_->setAccessibleName(QStringLiteral("Text editor"));
   editor_->setPlaceholderText(QStringLiteral("The machine's text editor"));
   layout->addWidget(editor_);
-  AddButton(layout, QStringLiteral("&Browse..."), this, [this] {
+  AddButton(layout, QStringLiteral("Bro&wse..."), this, [this] {
     const QString program = QFileDialog::getOpenFileName(this, QStringLiteral("Text editor"));
     // Quoted: what is typed here is a command with arguments.
     if (!program.isEmpty()) editor_->setText("\"" + program + "\"");
   });
+  return box;
+}
+
+QWidget* SettingsDialog::LookBox() {
+  auto* box = new QGroupBox(QStringLiteral("Screen and printer"));
+  auto* layout = new QVBoxLayout(box);
+  scheme_ = new QButtonGroup(box);
+  const char* const names[] = {"Colours of the s&ystem", "&Light", "Dar&k"};
+  for (int i = 0; i < 3; ++i) {
+    auto* option = new QRadioButton(QLatin1String(names[i]));
+    scheme_->addButton(option, i);
+    layout->addWidget(option);
+  }
+  preview_ = new QCheckBox(QStringLiteral("Show reports &before printing"));
+  layout->addWidget(preview_);
+  layout->addStretch();
+  return box;
+}
+
+QWidget* SettingsDialog::SoundsBox() {
+  auto* box = new QGroupBox(QStringLiteral("Sounds (ticking one plays it)"));
+  auto* layout = new QVBoxLayout(box);
+  for (const Cue cue : kCues)
+    layout->addWidget(sounds_[cue] = new QCheckBox(QString::fromLatin1(NameOf(cue))));
+  layout->addStretch();
   return box;
 }
 
@@ -199,7 +232,7 @@ void SettingsDialog::AddPort(const QString& number, const QString& device) {
   auto* combo = new QComboBox;
   combo->setEditable(true);
   combo->setAccessibleName("Device of port " + number);
-  combo->addItems(PortsFound());
+  combo->addItems(SerialPortsFound());
   combo->setCurrentText(device);
   ports_->setCellWidget(row, 1, combo);
   ports_->setCurrentCell(row, 0);
@@ -215,7 +248,7 @@ void SettingsDialog::ChooseFolder() {
 
 // A cable plugged in while the dialog is open: the lists are made anew, what was chosen stays.
 void SettingsDialog::FindPorts() {
-  const QStringList found = PortsFound();
+  const QStringList found = SerialPortsFound();
   for (int row = 0; row < ports_->rowCount(); ++row) {
     auto* combo = qobject_cast<QComboBox*>(ports_->cellWidget(row, 1));
     const QString chosen = combo->currentText();
@@ -240,6 +273,11 @@ MachineSettings SettingsDialog::Settings() const {
     if (port > 0 && !device.isEmpty()) settings.Ports[port] = device;
   }
   settings.Editor = editor_->text().trimmed();
+  settings.Preview = preview_->isChecked();
+  settings.Scheme = static_cast<SchemeChoice>(scheme_->checkedId());
+  settings.SoundsOff.clear();
+  for (const auto& [cue, sound] : sounds_)
+    if (!sound->isChecked()) settings.SoundsOff.insert(cue);
   return settings;
 }
 

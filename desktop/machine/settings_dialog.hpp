@@ -2,10 +2,12 @@
 // simulated fluorometer for this run.
 #pragma once
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTableWidget>
+#include <functional>
 
 #include "desktop/machine/machine_settings.hpp"
 
@@ -25,6 +27,9 @@ class SettingsDialog : public QDialog {
   void AddDrive(const QString& letter, const QString& folder);
   void AddPort(const QString& number, const QString& device);
 
+  /// Lets a sound be heard when it is switched on.
+  std::function<void(Cue)> Hear = [](Cue) {};
+
   /// Says what can't be taken, or is empty: a drive that is no letter, a port that is no number, one
   /// that is there twice.
   [[nodiscard]] QString Problem() const;
@@ -36,6 +41,8 @@ class SettingsDialog : public QDialog {
   QWidget* DrivesBox();
   QWidget* PortsBox();
   QWidget* EditorBox();
+  QWidget* LookBox();
+  QWidget* SoundsBox();
   void FitToScreen(QWidget* content, QWidget* buttons);
   void ChooseFolder();
   void FindPorts();
@@ -45,6 +52,9 @@ class SettingsDialog : public QDialog {
   QTableWidget* ports_ = nullptr;
   QLineEdit* editor_ = nullptr;
   QCheckBox* simulate_ = nullptr;
+  QCheckBox* preview_ = nullptr;
+  QButtonGroup* scheme_ = nullptr;
+  std::map<Cue, QCheckBox*> sounds_ = {};
 };
 
 }  // namespace kelp

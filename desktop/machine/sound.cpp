@@ -14,16 +14,6 @@ namespace {
 
 constexpr int kRate = 22050;  // samples a second
 
-struct Tone {
-  double Hertz;
-  double Seconds;
-};
-
-std::vector<Tone> TonesOf(Cue cue) {
-  if (cue == Cue::Saved) return {{1320, 0.09}};
-  return {{880, 0.12}, {660, 0.16}};
-}
-
 void PutNumber(QByteArray& to, std::uint32_t number, int bytes) {
   for (int i = 0; i < bytes; ++i) to += static_cast<char>((number >> (8 * i)) & 0xFFU);
 }
@@ -36,7 +26,7 @@ QByteArray Samples(const std::vector<Tone>& tones) {
     for (int i = 0; i < count; ++i) {
       const double at = static_cast<double>(i) / kRate;
       const double fade = std::sin(3.14159265 * i / count);
-      const double level = 12000 * fade * std::sin(2 * 3.14159265 * tone.Hertz * at);
+      const double level = 14000 * fade * std::sin(2 * 3.14159265 * tone.Hertz * at);
       PutNumber(samples, static_cast<std::uint32_t>(static_cast<std::int32_t>(level)), 2);
     }
   }
@@ -72,8 +62,8 @@ QString Player() {
 
 QString Sound::FileOf(Cue cue) {
   if (!folder_) folder_ = std::make_unique<QTemporaryDir>();
-  const QString name =
-      folder_->filePath(cue == Cue::Saved ? QStringLiteral("saved.wav") : QStringLiteral("ask.wav"));
+  static const char* const names[] = {"can-save.wav", "saved.wav", "acid.wav", "question.wav", "alarm.wav"};
+  const QString name = folder_->filePath(QLatin1String(names[static_cast<std::size_t>(cue)]));
   if (QFile::exists(name)) return name;
   QFile file(name);
   const QByteArray wav = WavOf(cue);
@@ -82,7 +72,11 @@ QString Sound::FileOf(Cue cue) {
 }
 
 void Sound::Play(Cue cue) {
-  if (!On) return;
+  if (!On || Off.count(cue) > 0) return;
+  PlayNow(cue);
+}
+
+void Sound::PlayNow(Cue cue) {
   if (!player_) player_ = Player();
   if (!player_->isEmpty()) {
     QProcess process;

@@ -7,20 +7,22 @@
 #include <QTemporaryDir>
 #include <memory>
 #include <optional>
+#include <set>
+
+#include "app/cues.hpp"
 
 namespace kelp {
-
-enum class Cue {
-  Saved,      ///< a value was saved: one short high tone
-  Attention,  ///< a question, or acid is due: two tones
-};
 
 class Sound {
  public:
   bool On = true;
+  std::set<Cue> Off = {};  ///< cues that are not wanted
 
-  /// Starts the sound and does not wait for it. Nothing fails: without a player it is the beep.
+  /// Starts the sound, when it is wanted, and does not wait for it. Nothing fails: without a player it is the
+  /// beep.
   void Play(Cue cue);
+  /// The same whatever is wanted, to let it be heard.
+  void PlayNow(Cue cue);
 
  private:
   QString FileOf(Cue cue);

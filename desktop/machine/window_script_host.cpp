@@ -38,6 +38,7 @@ WindowScriptHost::WindowScriptHost(Kelp& kelp, ScriptMachine& machine)
     : OwnTimeHost(kelp, machine),
       script_(machine),
       windows_(kelp, [this](const Event& event) { return FromWidget(event); }) {
+  windows_.KeyRest = 0;
   ShowScreensIn(windows_, machine.Screens);
   Changed = [this] { ShowNow(); };
   shown_.start();

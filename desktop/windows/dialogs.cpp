@@ -4,8 +4,10 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include "desktop/windows/access_keys.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
+#include "desktop/windows/texts.hpp"
 
 namespace kelp {
 
@@ -18,10 +20,40 @@ QVBoxLayout* MakeMargins(ScreenWindow& window) {
   return layout;
 }
 
+// The create screen that says in words, below its boxes, what is marked in them.
+class CreateWindow : public ScreenWindow {
+ public:
+  CreateWindow(Kelp& kelp, const Report& report)
+      : ScreenWindow(kelp, "frmCreateBase", kelp.frmCreateBase.Form, report),
+        Remarks(new WrapText(this)),
+        form_(kelp.frmCreateBase) {
+    Remarks->SetColor(WarnInk);
+    Remarks->setAccessibleName("What is marked");
+    SetLook(Remarks, 1, true);
+  }
+  void ShowChanges() override {
+    ScreenWindow::ShowChanges();
+    QStringList lines;
+    for (int i = 0; i < form_.Text1.kCount; ++i)
+      if (const TextBox& box = form_.Text1[i]; !box.Problem.empty())
+        lines << FromProgram(form_.Label1[i].Caption).trimmed() + " " + FromProgram(box.Problem);
+    // The room is there before the first remark: nothing moves when one comes or goes.
+    while (lines.size() < 3) lines << " ";
+    if (const QString text = lines.join('\n'); text != Remarks->ShownText()) {
+      Remarks->resize(layout()->sizeHint().width(), Remarks->height());
+      Remarks->ShowText(text);
+    }
+  }
+  WrapText* const Remarks;
+
+ private:
+  const FrmCreateBase& form_;
+};
+
 }  // namespace
 
 std::unique_ptr<ScreenWindow> MakeFrmCreateBase(Kelp& kelp, const Report& report) {
-  auto window = std::make_unique<ScreenWindow>(kelp, "frmCreateBase", kelp.frmCreateBase.Form, report);
+  auto window = std::make_unique<CreateWindow>(kelp, report);
   Binder& controls = window->Controls;
   controls.Bind(kelp.frmCreateBase);
   auto* fields = new QGridLayout;
@@ -31,11 +63,13 @@ std::unique_ptr<ScreenWindow> MakeFrmCreateBase(Kelp& kelp, const Report& report
     AddField(fields, i, 0, controls, "Label1", i, "Text1", i);
     controls("Text1", i)->setMinimumWidth(DigitsWidth(*window, 18));
   }
+  SetAccessKeys(controls, {{"cmdCreateBase", 0, 'C'}, {"cmdCreateBase", 2, 'Q'}});
   QBoxLayout* buttons = MakeButtonRow({controls("cmdCreateBase", 0), controls("cmdCreateBase", 2)});
   // Button 1 is no part of the screen as the operator sees it.
   buttons->addWidget(controls("cmdCreateBase", 1));
   QVBoxLayout* layout = MakeMargins(*window);
   layout->addLayout(fields);
+  layout->addWidget(window->Remarks);
   layout->addStretch();
   layout->addLayout(buttons);
   return window;
@@ -56,6 +90,7 @@ std::unique_ptr<ScreenWindow> MakeFrmChangeStep(Kelp& kelp, const Report& report
   sample->setColumnStretch(2, 1);
   layout->addLayout(sample);
   layout->addStretch();
+  SetAccessKeys(controls, {{"Command1", 0, 'R'}, {"Command1", 1, 'C'}});
   layout->addLayout(MakeButtonRow({controls("Command1", 0), controls("Command1", 1)}));
   return window;
 }
@@ -73,6 +108,13 @@ std::unique_ptr<ScreenWindow> MakeDlgRunRem(Kelp& kelp, const Report& report) {
   };
   fill(sample, 2, 3);
   fill(source, 1, 0);
+  SetAccessKeys(controls, {{"OKButton", -1, 'O'},
+                           {"CancelButton", -1, 'C'},
+                           {"Option1", 2, 'L'},
+                           {"Option1", 3, 'N'},
+                           {"Option1", 1, 'R'},
+                           {"Option1", 0, 'F'},
+                           {"Label1", -1, 'E'}});
   auto* groups = new QHBoxLayout;
   groups->addWidget(sample);
   groups->addWidget(source);
@@ -106,6 +148,7 @@ std::unique_ptr<ScreenWindow> MakeFrmRecalc(Kelp& kelp, const Report& report) {
     controls("Text1", i)->setMaximumWidth(DigitsWidth(*window, 14));
   }
   fields->setColumnStretch(2, 1);
+  SetAccessKeys(controls, {{"Command1", 0, 'R'}, {"Command1", 1, 'L'}, {"Command1", 2, 'C'}});
   QVBoxLayout* layout = MakeMargins(*window);
   layout->addWidget(explanation);
   layout->addLayout(fields);

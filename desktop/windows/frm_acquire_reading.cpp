@@ -1,6 +1,6 @@
-// The fluorometer's side of the acquisition screen: the average reading large enough to be read from
-// across the bench, its SD and read counter beside their criteria, the chart, what to do now, and the
-// buttons that do it.
+// The line across the top of the acquisition screen, and the fluorometer's side: the average reading large
+// enough to be read from across the bench, its SD and read counter beside their criteria, the charts, what to
+// do now, and the buttons that do it.
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -9,7 +9,10 @@
 
 #include "desktop/windows/frm_acquire.hpp"
 #include "desktop/windows/look.hpp"
+#include "desktop/windows/signs.hpp"
+#include "desktop/windows/stability_view.hpp"
 #include "desktop/windows/strip_chart_view.hpp"
+#include "desktop/windows/texts.hpp"
 
 namespace kelp {
 
@@ -18,28 +21,41 @@ namespace {
 constexpr int kCounter = 0;
 constexpr int kRawReading = 1;
 constexpr int kSd = 2;
-constexpr int kHistoryColumns = 5;
 
 void Fade(QWidget* widget) { SetInk(widget, FaintText); }
 
-QLabel* MakeCaption(const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  Fade(label);
-  return label;
-}
-
 }  // namespace
+
+QWidget* FrmAcquireWindow::MakeTopLine() {
+  auto* line = new QWidget(this);
+  step_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, line);
+  step_->setAccessibleName("Step");
+  SetLook(step_, 1, true);
+  step_->FillWithText(2.1);
+  last_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignRight, line);
+  last_->setAccessibleName("Last result");
+  last_->FillWithText(1.6);
+  plate_ = new StatePlate(line);
+  auto* layout = new QHBoxLayout(line);
+  layout->setContentsMargins(10, 4, 8, 2);
+  layout->setSpacing(10);
+  layout->addWidget(step_, 5);
+  layout->addWidget(last_, 3);
+  layout->addWidget(plate_);
+  line->setFixedHeight(fontMetrics().height() * 5 / 2);
+  return line;
+}
 
 QWidget* FrmAcquireWindow::MakeFluorometer() {
   auto* layout = new QVBoxLayout(fluorometer_);
-  layout->setContentsMargins(8, 6, 8, 8);
-  layout->setSpacing(7);
-  layout->addWidget(MakeReading(), 5);
+  layout->setContentsMargins(5, 4, 5, 5);
+  layout->setSpacing(5);
+  layout->addWidget(MakeReading(), 6);
   layout->addWidget(chart_, 4);
-  layout->addWidget(Controls("Text4"));
+  layout->addWidget(stability_, 3);
+  layout->addWidget(instruction_);
   layout->addLayout(MakeRunButtons());
   layout->addLayout(MakeStepSelector());
-  layout->addLayout(MakeHistory());
   return fluorometer_;
 }
 
@@ -50,13 +66,18 @@ QWidget* FrmAcquireWindow::MakeReading() {
   panel->setAutoFillBackground(true);
   sdSign_ = new Sign(panel);
   readsSign_ = new Sign(panel);
-  for (int i = 0; i < kelp_.frmAcquire.lblStats.kCount; ++i) Fade(Controls("lblStats", i));
-  Fade(Controls("lblBlank", kBoxAutoCriterion));
+  const auto caption = [](QWidget* label) {
+    SetLook(label, 0.93);
+    Fade(label);
+  };
+  for (int i = 0; i < kelp_.frmAcquire.lblStats.kCount; ++i) caption(Controls("lblStats", i));
+  for (QWidget* sign : {sdSign_, readsSign_}) SetLook(sign, 0.93);
+  caption(Controls("lblBlank", kBoxAutoCriterion));
   Fade(Controls("txtBlank", kBoxAutoCriterion));
   Fade(Controls("Text1"));
 
   auto* stats = new QGridLayout;
-  stats->setHorizontalSpacing(6);
+  stats->setHorizontalSpacing(4);
   stats->setVerticalSpacing(1);
   const auto row = [&](int at, int col, int index, QWidget* beside) {
     stats->addWidget(Controls("lblStats", index), at, col);
@@ -71,62 +92,64 @@ QWidget* FrmAcquireWindow::MakeReading() {
   stats->setColumnStretch(2, 1);
 
   auto* layout = new QVBoxLayout(panel);
-  layout->setContentsMargins(8, 4, 8, 6);
+  layout->setContentsMargins(5, 4, 5, 5);
   layout->setSpacing(2);
-  step_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, panel);
-  step_->setAccessibleName("Step");
-  SetLook(step_, 1.1, true);
-  Fade(step_);
-  layout->addWidget(step_);
-  layout->addWidget(Controls("txtReading"), 1);
+  // Beside the number stands what it is when it is no value of this item.
+  beside_ = new WrapText(panel);
+  beside_->setAccessibleName("Age of the reading");
+  beside_->SetColor(WarnInk);
+  SetLook(beside_, 1.2, true);
+  beside_->setFixedWidth(DigitsWidth(*beside_, 8));
+  auto* number = new QHBoxLayout;
+  number->setSpacing(4);
+  number->addWidget(reading_, 1);
+  number->addWidget(beside_);
+  layout->addLayout(number, 1);
   layout->addLayout(stats);
   return panel;
 }
 
-QLayout* FrmAcquireWindow::MakeRunButtons() const {
+QLayout* FrmAcquireWindow::MakeRunButtons() {
   QWidget* start = Controls("Command1");
   SetLook(start, 1.5, true);
   // The caption is the sub-step and changes all the time; the button stands still.
   start->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  start->setMinimumHeight(start->fontMetrics().height() * 2);
-  auto* others = new QHBoxLayout;
-  others->setSpacing(4);
-  for (const char* button : {"Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"}) {
-    QWidget* widget = Controls(button);
-    // [Pause] and [Resume] take the same room.
-    widget->setMinimumWidth(
-        std::max(widget->sizeHint().width(), widget->fontMetrics().averageCharWidth() * 11));
-    others->addWidget(widget, 1);
-  }
+  start->setMinimumHeight(start->fontMetrics().height() * 17 / 10);
+  runButtons_ = new QGridLayout;
+  runButtons_->setSpacing(4);
+  PlaceRunButtons(false);
+  // Autoread decides whether the button is pressed at all: it stands beside it.
+  auto* going = new QHBoxLayout;
+  going->setSpacing(8);
+  going->addWidget(start, 1);
+  going->addWidget(Controls("Check1"));
   auto* layout = new QVBoxLayout;
-  layout->setSpacing(5);
-  layout->addWidget(start);
-  layout->addLayout(others);
+  layout->setSpacing(4);
+  layout->addLayout(going);
+  layout->addLayout(runButtons_);
   return layout;
+}
+
+// Two rows of three, for gloves; one row where the screen is low.
+void FrmAcquireWindow::PlaceRunButtons(bool oneRow) {
+  if (runButtons_->count() > 0 && (runButtons_->rowCount() == 1 || runButtons_->itemAtPosition(1, 0) == nullptr) == oneRow)
+    return;
+  const char* const buttons[] = {"Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"};
+  for (int i = 0; i < 6; ++i) {
+    QWidget* widget = Controls(buttons[i]);
+    runButtons_->removeWidget(widget);
+    // [Pause] and [Resume] take the same room.
+    const int letters = widget->fontMetrics().horizontalAdvance("Resume") + 12;
+    widget->setMinimumWidth(i == 4 ? widget->fontMetrics().horizontalAdvance("What's Next Tester") + 12 : letters);
+    runButtons_->addWidget(widget, oneRow ? 0 : i / 3, oneRow ? i : i % 3);
+  }
 }
 
 QLayout* FrmAcquireWindow::MakeStepSelector() const {
   auto* layout = new QHBoxLayout;
-  layout->setSpacing(8);
+  layout->setSpacing(6);
   for (int i = 0; i < kelp_.frmAcquire.Option1.kCount; ++i) layout->addWidget(Controls("Option1", i));
   layout->addStretch();
-  layout->addWidget(Controls("Check1"));
-  return layout;
-}
-
-QLayout* FrmAcquireWindow::MakeHistory() {
-  auto* layout = new QGridLayout;
-  layout->setSpacing(2);
-  const auto fill = [&](const char* control, int first, int count, int top) {
-    for (int i = 0; i < count; ++i)
-      layout->addWidget(Controls(control, first + i), top + i / kHistoryColumns, 1 + i % kHistoryColumns);
-  };
-  layout->addWidget(MakeCaption("Reads", fluorometer_), 0, 0);
-  fill("txtRead", 0, 10, 0);
-  layout->setRowMinimumHeight(2, 3);
-  layout->addWidget(MakeCaption("Means", fluorometer_), 3, 0);
-  fill("txtMean", 1, 20, 3);
-  for (int i = 1; i <= kHistoryColumns; ++i) layout->setColumnStretch(i, 1);
   return layout;
 }
 

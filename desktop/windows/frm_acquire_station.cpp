@@ -10,6 +10,8 @@
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
+#include "desktop/windows/signs.hpp"
+#include "desktop/windows/texts.hpp"
 #include "desktop/windows/value_widget.hpp"
 
 namespace kelp {
@@ -23,15 +25,16 @@ constexpr int kInitialsLabel = 14;
 
 QWidget* FrmAcquireWindow::MakeHeader() const {
   auto* layout = new QGridLayout(header_);
-  layout->setContentsMargins(8, 4, 8, 6);
-  layout->setHorizontalSpacing(6);
+  layout->setContentsMargins(6, 3, 6, 4);
+  layout->setHorizontalSpacing(3);
   layout->setVerticalSpacing(3);
   const auto place = [&](int at, QWidget* label, QWidget* box) {
     const int col = at % kHeaderColumns * 2;
     static_cast<QLabel*>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label, at / kHeaderColumns, col);
     layout->addWidget(box, at / kHeaderColumns, col + 1);
-    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : 8));
+    SetLook(label, 0.93);
+    box->setMinimumWidth(DigitsWidth(*box, at == kStaFiltDate ? 11 : at == kStaFiltTime ? 8 : 7));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->setColumnStretch(col + 1, 1);
   };
@@ -44,8 +47,8 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
 QWidget* FrmAcquireWindow::MakeStandards() const {
   auto* group = new QGroupBox("Blanks and standards", header_->parentWidget());
   auto* layout = new QGridLayout(group);
-  layout->setContentsMargins(8, 2, 8, 6);
-  layout->setHorizontalSpacing(4);
+  layout->setContentsMargins(6, 2, 6, 4);
+  layout->setHorizontalSpacing(3);
   layout->setVerticalSpacing(2);
   // Begin and end value side by side, a gap between the pairs; long labels take two lines.
   for (int i = 0; i < kBoxAutoCriterion; ++i) {
@@ -57,54 +60,81 @@ QWidget* FrmAcquireWindow::MakeStandards() const {
     label->setFixedHeight(label->fontMetrics().lineSpacing() * 2 + 2);
     layout->addWidget(label, 0, col);
     QWidget* box = Controls("txtBlank", i);
+    SetLook(box, 0.93);
     box->setMinimumWidth(DigitsWidth(*box, 7));
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->addWidget(box, 1, col);
     layout->setColumnStretch(col, 1);
-    if (col % 3 == 1) layout->setColumnMinimumWidth(col + 1, i == kBoxAutoCriterion - 1 ? 0 : 8);
+    if (col % 3 == 1) layout->setColumnMinimumWidth(col + 1, i == kBoxAutoCriterion - 1 ? 0 : 6);
   }
   return group;
 }
 
-ValueBox* FrmAcquireWindow::MakeStatusText(int digits) {
-  auto* text = new ValueBox(digits, ValueBox::Frame::None, Qt::AlignLeft, this);
-  // On a narrow screen the status texts are cut before the window is too wide for it.
-  text->setMinimumWidth(DigitsWidth(*this, 4));
+QWidget* FrmAcquireWindow::MakeHistory() const {
+  constexpr int kColumns = 10;
+  auto* group = new QGroupBox("Reads and means", header_->parentWidget());
+  auto* layout = new QGridLayout(group);
+  layout->setContentsMargins(6, 2, 6, 4);
+  layout->setSpacing(2);
+  const auto fill = [&](const char* control, int first, int count, int top) {
+    for (int i = 0; i < count; ++i) {
+      QWidget* box = Controls(control, first + i);
+      SetLook(box, 0.87);
+      box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+      box->setMinimumWidth(DigitsWidth(*box, 6) + 4);
+      layout->addWidget(box, top + i / kColumns, i % kColumns);
+    }
+  };
+  fill("txtRead", 0, 10, 0);
+  layout->setRowMinimumHeight(1, 2);
+  fill("txtMean", 1, 20, 2);
+  return group;
+}
+
+ValueBox* FrmAcquireWindow::MakeStatusText(const char* name) {
+  auto* text = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, this);
+  text->setAccessibleName(name);
+  text->SetWhole();
   return text;
 }
 
+// What happened has a line, or more, to itself; below it stands where the run stands.
 QWidget* FrmAcquireWindow::MakeStatusBar(QAbstractButton* soundSwitch) {
   auto* bar = new QFrame(this);
-  auto* layout = new QHBoxLayout(bar);
-  layout->setContentsMargins(8, 2, 8, 2);
-  layout->setSpacing(4);
-  station_ = MakeStatusText(18);
-  sample_ = MakeStatusText(14);
-  port_ = MakeStatusText(22);
-  lastFile_ = MakeStatusText(24);
-  lastFile_->SetElide(Qt::ElideLeft);
-  station_->setAccessibleName("Station");
-  sample_->setAccessibleName("Current sample");
-  port_->setAccessibleName("Serial port");
+  auto* state = new QHBoxLayout;
+  state->setSpacing(4);
+  station_ = MakeStatusText("Station");
+  sample_ = MakeStatusText("Current sample");
+  port_ = MakeStatusText("Serial port");
+  lastFile_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, this);
   lastFile_->setAccessibleName("Last file written");
   const auto divide = [&] {
     auto* line = new QFrame(bar);
     line->setFrameShape(QFrame::VLine);
     line->setFrameShadow(QFrame::Sunken);
-    layout->addWidget(line);
+    state->addWidget(line);
   };
-  layout->addWidget(Controls("StatusBar1"), 1);
-  for (ValueBox* text : {station_, sample_, port_, lastFile_}) {
+  for (ValueBox* text : {station_, sample_, port_}) {
+    state->addWidget(text);
     divide();
-    layout->addWidget(text);
   }
+  // Only the path of the last file gives way where the window is narrow; its tooltip has all of it.
+  lastFile_->SetElide(Qt::ElideLeft);
+  lastFile_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  state->addWidget(lastFile_, 1);
   divide();
   soundSwitch->setParent(bar);
-  layout->addWidget(soundSwitch);
+  state->addWidget(soundSwitch);
+  auto* layout = new QVBoxLayout(bar);
+  layout->setContentsMargins(8, 1, 8, 1);
+  layout->setSpacing(0);
+  layout->addWidget(Controls("StatusBar1"));
+  layout->addLayout(state);
   return bar;
 }
 
 void FrmAcquireWindow::SetPortState(const QString& text) {
+  if (port_->ShownText() == text) return;
   port_->ShowText(text);
   port_->setToolTip(text);
 }
@@ -120,15 +150,30 @@ void FrmAcquireWindow::ShowPanel() {
     if (box->ShownText() != text) box->ShowText(text);
   };
   sdSign_->Set(panel.SdMet, u"\u2264 "_qs + FromProgram(panel.Criterion));
-  readsSign_->Set(panel.ReadsMet, QString("of %1").arg(panel.MinReads));
   grid_->SetMarks(panel.Row, panel.Col);
   for (std::size_t i = 0; i < standards_.size(); ++i)
     standards_[i]->SetMarked(static_cast<int>(i) == panel.Box);
-  show(step_, FromProgram(panel.Step));
   show(station_, "Station " + FromProgram(panel.Station));
   const QString sample = panel.Samples == 0 ? QString("No samples")
                                             : QString("Sample %1 of %2").arg(panel.Sample).arg(panel.Samples);
   show(sample_, sample);
+}
+
+void FrmAcquireWindow::ShowGlance() {
+  const Glance glance = GlanceAt(kelp_);
+  const auto show = [](ValueWidget* box, const std::string& text) {
+    if (ToProgram(box->ShownText()) != text) box->ShowText(FromProgram(text));
+  };
+  show(step_, glance.Step);
+  show(last_, glance.Last);
+  show(beside_, glance.Beside);
+  plate_->Set(glance.State, FromProgram(glance.StateWords));
+  reading_->SetFaint(glance.Faint);
+  readsSign_->Set(glance.Enough, FromProgram(glance.NeedWords));
+  instruction_->SetAcid(glance.State == SaveState::Acid, FromProgram(acid_.Listen(kelp_)));
+  const std::vector<Alarm> alarms = AlarmsOf(kelp_);
+  const bool calling = call_.Listen(alarms);
+  band_->ShowAlarms(alarms, calling);
 }
 
 }  // namespace kelp

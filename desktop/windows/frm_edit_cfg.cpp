@@ -3,9 +3,11 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QScrollArea>
 #include <array>
 
+#include "desktop/windows/access_keys.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
 
@@ -50,6 +52,24 @@ void FillGroup(QGroupBox* group, const std::vector<int>& lines, const Binder& co
   fields->setRowStretch(row, 1);
 }
 
+// Lines that are changed in the file: their values, each with its meaning below.
+QGroupBox* FillOthers(QGroupBox* group, const Binder& controls, const FrmEditCFG& form) {
+  auto* fields = new QGridLayout(group);
+  fields->setVerticalSpacing(2);
+  int row = 0;
+  for (int line = form.txtLine.kFirst; line <= form.txtLine.kLast; ++line, row += 2) {
+    AddField(fields, row, 0, controls, "lblLine", line, "txtLine", line);
+    controls("txtLine", line)->setFocusPolicy(Qt::ClickFocus);
+    auto* meaning = new QLabel(FromProgram(form.txtLine[line].ToolTipText), group);
+    meaning->setWordWrap(true);
+    SetLook(meaning, 0.9);
+    SetInk(meaning, FaintText);
+    fields->addWidget(meaning, row + 1, 0, 1, 2);
+  }
+  fields->setColumnStretch(1, 1);
+  return group;
+}
+
 }  // namespace
 
 std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
@@ -58,6 +78,7 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   std::array<QGroupBox*, 3> groups = {};
   for (int i = 0; i < 3; ++i)
     groups[static_cast<std::size_t>(i)] = controls.Use("Label2", i, new QGroupBox(window.get()));
+  auto* others = controls.Use("lblLines", -1, new QGroupBox(window.get()));
   controls.Bind(kelp.frmEditCFG);
 
   std::vector<QWidget*> chain;
@@ -66,7 +87,11 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   columns->setSpacing(14);
   for (std::size_t i = 0; i < groups.size(); ++i) {
     FillGroup(groups[i], kGroups[i], controls, chain);
-    columns->addWidget(groups[i], 1);
+    auto* column = new QVBoxLayout;
+    column->addWidget(groups[i]);
+    // The shortest group leaves room for what can only be read.
+    if (i == 1) column->addWidget(FillOthers(others, controls, kelp.frmEditCFG), 1);
+    columns->addLayout(column, 1);
   }
   auto* scroll = new QScrollArea(window.get());
   scroll->setFrameShape(QFrame::NoFrame);
@@ -74,13 +99,15 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   scroll->setWidget(page);
   scroll->setFocusPolicy(Qt::NoFocus);
   for (int i = 0; i < 3; ++i) chain.push_back(controls("Command1", i));
+  chain.push_back(controls("cmdBack"));
   SetTabChain(chain);
+  SetAccessKeys(controls, {{"Command1", 0, 'U'}, {"Command1", 1, 'C'}, {"Command1", 2, 'Q'}, {"cmdBack", -1, 'M'}});
 
   auto* layout = new QVBoxLayout(window.get());
   layout->setContentsMargins(8, 8, 8, 14);
   layout->addWidget(scroll, 1);
-  QBoxLayout* buttons =
-      MakeButtonRow({controls("Command1", 0), controls("Command1", 1), controls("Command1", 2)});
+  QBoxLayout* buttons = MakeButtonRow({controls("Command1", 0), controls("Command1", 1),
+                                       controls("Command1", 2), controls("cmdBack")});
   buttons->setContentsMargins(10, 0, 10, 0);
   layout->addLayout(buttons);
   return window;

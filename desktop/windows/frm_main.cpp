@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 
+#include "desktop/windows/access_keys.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/value_widget.hpp"
@@ -68,6 +69,13 @@ std::unique_ptr<ScreenWindow> MakeFrmMain(Kelp& kelp, const Report& report, QPus
   add(controls("Command1", kQuit));
   chain.push_back(controls("Text1", kLastTube));
   SetTabChain(chain);
+  SetAccessKeys(controls, {{"Command1", 0, 'R'},
+                           {"Command1", 1, 'E'},
+                           {"Command1", 2, 'C'},
+                           {"Command1", 3, 'B'},
+                           {"Command1", 4, 'Q'},
+                           {"Command1", 5, 'L'},
+                           {"lblText1", kLastTube, 'T'}});
 
   auto* layout = new QHBoxLayout(window.get());
   layout->setContentsMargins(18, 18, 18, 18);
@@ -85,6 +93,8 @@ std::unique_ptr<ScreenWindow> MakeFrmLogin(Kelp& kelp, const Report& report) {
   auto* field = new QGridLayout;
   AddField(field, 0, 0, controls, "lblLabels", -1, "Combo1", -1);
   controls("Combo1")->setMinimumWidth(DigitsWidth(*window, 20));
+  controls("Combo1")->setAccessibleName("Operator");
+  SetAccessKeys(controls, {{"cmdOK", -1, 'K'}, {"cmdCancel", -1, 'Q'}});
   field->setColumnStretch(1, 1);
   auto* layout = new QVBoxLayout(window.get());
   layout->setContentsMargins(18, 18, 18, 14);

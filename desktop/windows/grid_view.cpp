@@ -1,91 +1,23 @@
 #include "desktop/windows/grid_view.hpp"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QEvent>
 #include <QHeaderView>
-#include <QPainter>
-#include <QStyledItemDelegate>
+#include <QKeyEvent>
+#include <algorithm>
+#include <array>
 
 #include "core/screens/acquire.hpp"
+#include "desktop/windows/cell_painter.hpp"
 #include "desktop/windows/look.hpp"
 
 namespace kelp {
 
 namespace {
 
-constexpr int kCellPad = 4;
-constexpr QRgb kLine = 0xFFC6C6C6;
-
-// Draws a cell with the colours of the grid, whatever the desktop's scheme is: dark text on its light
-// cells.
-class CellPainter : public QStyledItemDelegate {
- public:
-  explicit CellPainter(GridView* view) : QStyledItemDelegate(view), view_(view) {}
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const bool marked = index.row() + 1 == view_->MarkedRow();
-    const QColor accent = option.palette.color(QPalette::Highlight);
-    auto back = index.data(Qt::BackgroundRole).value<QColor>();
-    if (marked) back = Mixed(back, accent, 0.22);
-    painter->fillRect(option.rect, back);
-    const QString text = index.data(Qt::DisplayRole).toString();
-    painter->setFont(Scaled(option.font, 1, marked));
-    if (index.column() == kColQc && !text.isEmpty())
-      DrawFlag(painter, option, text);
-    else
-      DrawText(painter, option, index, text);
-    if (marked) {
-      painter->fillRect(QRect(option.rect.left(), option.rect.top(), option.rect.width(), 2), accent);
-      painter->fillRect(QRect(option.rect.left(), option.rect.bottom() - 1, option.rect.width(), 2), accent);
-    }
-    painter->fillRect(QRect(option.rect.right(), option.rect.top(), 1, option.rect.height()), QColor(kLine));
-    if (!marked)
-      painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
-                        QColor(kLine));
-    DrawFrames(painter, option, index, marked && index.column() == view_->MarkedCol());
-  }
-
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex& /*index*/) const override {
-    return {DigitsWidth(*view_, 7) + 2 * kCellPad, option.fontMetrics.height() + 6};
-  }
-
- private:
-  static void DrawText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                       const QString& text) {
-    painter->setPen(Qt::black);
-    const QRect inner = option.rect.adjusted(kCellPad, 0, -kCellPad, 0);
-    painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(),
-                      painter->fontMetrics().elidedText(text, Qt::ElideRight, inner.width()));
-  }
-
-  // A flag is a dark plate with light, bold asterisks: it is seen without its colour too.
-  static void DrawFlag(QPainter* painter, const QStyleOptionViewItem& option, const QString& text) {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(QColor(text.size() >= 3 ? 0x9c1c1c : 0x8a4b00));
-    painter->drawRoundedRect(QRectF(option.rect).adjusted(2.5, 2.5, -3.5, -3.5), 3, 3);
-    painter->setPen(Qt::white);
-    painter->setFont(Scaled(option.font, 1, true));
-    // An asterisk stands high on its line.
-    painter->drawText(option.rect.adjusted(0, option.rect.height() / 6, 0, 0), Qt::AlignCenter, text);
-    painter->restore();
-  }
-
-  void DrawFrames(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                  bool next) const {
-    const QColor accent = option.palette.color(QPalette::Highlight);
-    if (next) {
-      painter->setPen(QPen(accent.darker(120), 3));
-      painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
-    }
-    if (index != view_->currentIndex()) return;
-    painter->setPen(view_->hasFocus() ? QPen(Qt::black, 2) : QPen(QColor(0x707070), 1, Qt::DotLine));
-    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
-  }
-
-  GridView* view_;
-};
+// The digits that a column needs at the least, where the grid's own widths do not fit: no value is cut.
+constexpr std::array<int, 14> kLeastDigits = {4, 3, 4, 7, 7, 6, 6, 4, 4, 4, 4, 3, 5, 5};
 
 }  // namespace
 
@@ -99,13 +31,14 @@ GridView::GridView(const Grid& grid, FocusPlace place, Report report, QWidget* p
   setItemDelegate(new CellPainter(this));
   // The program types into the cell itself, key by key.
   setEditTriggers(NoEditTriggers);
-  setSelectionMode(NoSelection);
+  setSelectionMode(ContiguousSelection);
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
   setWordWrap(false);
   setShowGrid(false);
   horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setMinimumSectionSize(fontMetrics().height());
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   verticalHeader()->setHighlightSections(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -135,6 +68,61 @@ void GridView::ReportDoubleClick() {
   report_({.Kind = EventKind::DblClick, .Place = place_, .Row = cell.row() + 1, .Col = cell.column()});
 }
 
+bool GridView::SelectsBlock() const {
+  const QItemSelection& ranges = selectionModel()->selection();
+  return !ranges.isEmpty() && (ranges.first().width() > 1 || ranges.first().height() > 1);
+}
+
+// As spreadsheets do: tabs between cells, line breaks between rows.
+void GridView::Copy() const {
+  QModelIndexList cells = selectionModel()->selectedIndexes();
+  if (cells.isEmpty() && currentIndex().isValid()) cells << currentIndex();
+  std::sort(cells.begin(), cells.end());
+  QString text;
+  for (qsizetype i = 0; i < cells.size(); ++i) {
+    if (i > 0) text += cells[i].row() == cells[i - 1].row() ? '\t' : '\n';
+    text += cells[i].data().toString();
+  }
+  QApplication::clipboard()->setText(text);
+}
+
+void GridView::Paste() {
+  QModelIndex first = currentIndex();
+  for (const QModelIndex& cell : selectionModel()->selectedIndexes())
+    first = first.siblingAtColumn(std::min(first.column(), cell.column()))
+                .siblingAtRow(std::min(first.row(), cell.row()));
+  if (!first.isValid()) return;
+  report_({.Kind = EventKind::Paste,
+           .Place = place_,
+           .Text = ToProgram(QApplication::clipboard()->text()),
+           .Row = first.row() + 1,
+           .Col = first.column()});
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy))
+    Copy();
+  else if (event->matches(QKeySequence::Paste))
+    Paste();
+  else
+    QTableView::keyPressEvent(event);
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  SetColumnWidths();
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  viewport()->update(visualRect(currentIndex()));
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  viewport()->update(visualRect(currentIndex()));
+}
+
 void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange) SetColumnWidths();
@@ -149,17 +137,26 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
       {.Kind = EventKind::SelectCell, .Place = place_, .Row = current.row() + 1, .Col = current.column()});
 }
 
-// 100 twips of the grid's own widths hold a digit. The comments share what is left.
+// 100 twips of the grid's own widths hold a digit. Where that is too wide for the window every column gets
+// what its longest value needs; the comments share what is left.
 void GridView::SetColumnWidths() {
   const int height = fontMetrics().height() + 6;
   verticalHeader()->setDefaultSectionSize(height);
   verticalHeader()->setFixedWidth(height * 3 / 4);
-  for (int col = 0; col < grid_.Cols; ++col) {
+  const auto twips = [&](std::size_t col) { return col < grid_.ColWidth.size() ? grid_.ColWidth[col] : 0; };
+  const auto width = [&](int col, bool least) {
     const auto at = static_cast<std::size_t>(col);
-    const int twips = at < grid_.ColWidth.size() ? grid_.ColWidth[at] : 0;
-    const int header = fontMetrics().horizontalAdvance(FromProgram(grid_.Text(0, col))) + 2 * kCellPad + 2;
-    setColumnWidth(col, std::max(header, DigitsWidth(*this, twips == 0 ? 8 : twips / 100) + 2 * kCellPad));
-    if (twips == 0) horizontalHeader()->setSectionResizeMode(col, QHeaderView::Stretch);
+    const int own = twips(at) == 0 ? 8 : twips(at) / 100;
+    const int header = fontMetrics().horizontalAdvance(FromProgram(grid_.Text(0, col))) + kCellPad + 2;
+    return std::max(header, DigitsWidth(*this, least ? std::min(own, kLeastDigits[at]) : own) + 2 * kCellPad);
+  };
+  int wanted = 0;
+  for (int col = 0; col < grid_.Cols; ++col) wanted += width(col, false);
+  const bool least = wanted > viewport()->width();
+  for (int col = 0; col < grid_.Cols; ++col) {
+    setColumnWidth(col, width(col, least));
+    if (twips(static_cast<std::size_t>(col)) == 0)
+      horizontalHeader()->setSectionResizeMode(col, QHeaderView::Stretch);
   }
 }
 

@@ -20,14 +20,25 @@ class GridView : public QTableView {
   [[nodiscard]] int MarkedRow() const { return model_->MarkedRow(); }
   [[nodiscard]] int MarkedCol() const { return markedCol_; }
 
+  /// More than one cell is selected.
+  [[nodiscard]] bool SelectsBlock() const;
+
+  static constexpr int kCellPad = 3;
+
   /// The current cell as the operator's double click.
   void ReportDoubleClick();
 
  protected:
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
+  void Copy() const;
+  void Paste();
   void SetColumnWidths();
   void TakeCurrentCell();
 

@@ -17,6 +17,10 @@ bool IsEnter(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.k
 
 bool IsPlain(const QKeyEvent& key) { return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier; }
 
+bool IsDialog(const std::string& screen) {
+  return screen != "frmMain" && screen != "frmAcquire" && screen != "frmProgress";
+}
+
 bool TakesCharacters(const QWidget& widget) {
   return qobject_cast<const QLineEdit*>(&widget) != nullptr ||
          qobject_cast<const QComboBox*>(&widget) != nullptr;
@@ -52,6 +56,11 @@ std::optional<Event> EventOfKey(const QKeyEvent& key, const QWidget& focus, cons
   const auto press = [&](int code) {
     return Event{.Kind = EventKind::Key, .Place = {screen, ""}, .Key = code};
   };
+  if (IsPlain(key) && key.key() == Qt::Key_Escape && IsDialog(screen))
+    return Event{.Kind = EventKind::Escape, .Place = {screen, ""}};
+  // What was stored last is taken back, also where a box could take back a letter.
+  if (key.matches(QKeySequence::Undo) && (screen == "frmAcquire" || screen == "frmWhatsNext"))
+    return Event{.Kind = EventKind::Click, .Place = {"frmAcquire", "cmdUndo"}};
   if (IsPlain(key) && IsFunctionKey(key)) return press(kKeyF1 + key.key() - Qt::Key_F1);
   if (IsEnter(key) && !IsPlain(key)) return place == nullptr ? std::nullopt : DoubleClick(focus, *place);
   if (place == nullptr) return {};

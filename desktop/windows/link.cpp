@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include "desktop/windows/access_keys.hpp"
 #include "desktop/windows/choice_buttons.hpp"
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
@@ -31,13 +32,22 @@ void PutText(QWidget* widget, const QString& text) {
   else if (auto* edit = qobject_cast<QLineEdit*>(widget))
     edit->setText(text);
   else if (auto* button = qobject_cast<QAbstractButton*>(widget))
-    button->setText(text);
+    button->setText(WithAccessKey(*widget, text));
   else if (auto* label = qobject_cast<QLabel*>(widget))
-    label->setText(text);
+    label->setText(WithAccessKey(*widget, text));
   else if (auto* group = qobject_cast<QGroupBox*>(widget))
     group->setTitle(text);
   else if (auto* combo = qobject_cast<QComboBox*>(widget))
     combo->setEditText(text);
+}
+
+// A box that is for reading only looks like no box to be typed into.
+void SetReadOnly(QLineEdit* edit, bool readOnly) {
+  if (edit->isReadOnly() == readOnly) return;
+  edit->setReadOnly(readOnly);
+  QPalette palette;
+  if (readOnly) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+  edit->setPalette(palette);
 }
 
 // A value that is wrong is marked by a sign in its box as well as by colour.
@@ -104,7 +114,9 @@ class LinkTo : public Link {
       if (control_.Problem != Shown.Problem) MarkProblem(Widget, !control_.Problem.empty());
       if (!control_.Problem.empty()) tip = control_.Problem + (tip.empty() ? "" : "\n" + tip);
     }
-    Widget->setToolTip(PlainToolTip(tip));
+    if constexpr (requires { control_.Locked; })
+      if (auto* edit = qobject_cast<QLineEdit*>(Widget)) SetReadOnly(edit, control_.Locked);
+    Widget->setToolTip(PlainToolTip(tip + Widget->property(kKeyHint).toString().toStdString()));
     Widget->setEnabled(control_.Enabled);
     if (control_.Visible != Shown.Visible) Widget->setVisible(control_.Visible);
   }

@@ -49,17 +49,31 @@ QColor Mixed(const QColor& a, const QColor& b, double share) {
   return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
-QColor FaintText(const QPalette& palette) {
-  return Mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.32);
+const Scheme& SchemeFor(const QPalette& palette) { return SchemeOf(IsDark(palette)); }
+
+QPalette PaletteOf(bool dark) {
+  const Scheme& scheme = SchemeOf(dark);
+  QPalette palette(Paint(scheme.Button), Paint(scheme.Window));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    palette.setColor(role, Paint(scheme.Text));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, Paint(scheme.Disabled));
+  palette.setColor(QPalette::Base, Paint(scheme.Base));
+  palette.setColor(QPalette::AlternateBase, Paint(scheme.Window));
+  palette.setColor(QPalette::ToolTipBase, Paint(scheme.Button));
+  palette.setColor(QPalette::PlaceholderText, Paint(scheme.Disabled));
+  palette.setColor(QPalette::Highlight, Paint(scheme.Highlight));
+  palette.setColor(QPalette::HighlightedText, Paint(scheme.HighlightedText));
+  return palette;
 }
 
-QColor EdgeLine(const QPalette& palette) {
-  return Mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
-}
+QColor FaintText(const QPalette& palette) { return Paint(SchemeFor(palette).Faint); }
 
-QColor GoodInk(const QPalette& palette) { return IsDark(palette) ? QColor(0x6fd08c) : QColor(0x1b7a3d); }
+QColor EdgeLine(const QPalette& palette) { return Paint(SchemeFor(palette).Edge); }
 
-QColor WarnInk(const QPalette& palette) { return IsDark(palette) ? QColor(0xffb454) : QColor(0xa34a00); }
+QColor GoodInk(const QPalette& palette) { return Paint(SchemeFor(palette).Good); }
+
+QColor WarnInk(const QPalette& palette) { return Paint(SchemeFor(palette).Warn); }
 
 QFont Scaled(const QFont& font, double factor, bool bold) {
   QFont scaled = font;

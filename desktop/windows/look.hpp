@@ -8,6 +8,8 @@
 #include <QString>
 #include <string>
 
+#include "app/scheme.hpp"
+
 class QWidget;
 
 namespace kelp {
@@ -21,6 +23,11 @@ inline std::string ToProgram(const QString& text) { return text.toStdString(); }
 QString PlainToolTip(const std::string& text);
 
 bool IsDark(const QPalette& palette);
+/// The colours that go with a palette.
+const Scheme& SchemeFor(const QPalette& palette);
+inline QColor Paint(Rgb color) { return QColor::fromRgb(color); }
+/// The palette of the light or the dark scheme.
+QPalette PaletteOf(bool dark);
 /// `share` of `b` mixed into `a`.
 QColor Mixed(const QColor& a, const QColor& b, double share);
 

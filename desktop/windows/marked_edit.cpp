@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "desktop/windows/look.hpp"
+
 namespace kelp {
 
 void MarkedEdit::SetMarked(bool marked) {
@@ -17,9 +19,9 @@ void MarkedEdit::paintEvent(QPaintEvent* event) {
   if (!marked_) return;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor accent = palette().color(QPalette::Highlight);
-  painter.setPen(QPen(accent, 2));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 2, 2);
+  const QColor accent = Paint(SchemeFor(palette()).Next);
+  painter.setPen(QPen(accent, 3));
+  if (!hasFocus()) painter.drawRect(rect().adjusted(1, 1, -2, -2));
   const double middle = height() / 2.0;
   const double half = fontMetrics().height() / 4.0;
   painter.setPen(Qt::NoPen);

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QIcon>
 #include <QScrollArea>
 #include <algorithm>
 
@@ -13,6 +14,8 @@ namespace kelp {
 ScreenWindow::ScreenWindow(const Kelp& kelp, std::string screen, const Window& form, Report report)
     : Controls(this, std::move(screen), std::move(report)), kelp_(kelp), form_(form) {
   setObjectName(FromProgram(Screen()));
+  static const QIcon icon(":/kelp.png");
+  setWindowIcon(icon);
 }
 
 void ScreenWindow::ShowChanges() {

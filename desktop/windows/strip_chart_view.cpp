@@ -1,18 +1,16 @@
 #include "desktop/windows/strip_chart_view.hpp"
 
 #include <QPainter>
+#include <array>
 
 #include "acquire/strip_chart_drawing.hpp"
+#include "desktop/windows/look.hpp"
 
 namespace kelp {
 
 namespace {
 
-// The trace colour is a number with red in its lowest byte.
-QColor FromBgr(std::uint32_t color) {
-  return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-          static_cast<int>(color >> 16 & 0xFF)};
-}
+constexpr std::array<double, 3> kTicks = {0, 0.5, 1};
 
 }  // namespace
 
@@ -30,31 +28,73 @@ void StripChartView::ShowChanges() {
 
 QSize StripChartView::sizeHint() const { return {fontMetrics().height() * 26, fontMetrics().height() * 12}; }
 QSize StripChartView::minimumSizeHint() const {
-  return {fontMetrics().height() * 14, fontMetrics().height() * 5};
+  return {fontMetrics().height() * 14, fontMetrics().height() * 4};
+}
+
+// Whole pixels: bars and ticks of one place stand on one line.
+QPointF StripChartView::At(double x, double y) const {
+  return {static_cast<double>(qRound((x - kChartLeft) / kChartWidth * (width() - 1))),
+          static_cast<double>(qRound((y - kChartTop) / kChartHeight * (height() - 1)))};
 }
 
 void StripChartView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), Qt::white);
-  // Whole pixels: bars and ticks of one place stand on one line.
-  const auto at = [this](double x, double y) {
-    return QPointF(qRound((x - kChartLeft) / kChartWidth * (width() - 1)),
-                   qRound((y - kChartTop) / kChartHeight * (height() - 1)));
-  };
-  painter.setPen(Qt::black);
-  for (const ChartLine& line : ChartAxes()) painter.drawLine(at(line.X1, line.Y1), at(line.X2, line.Y2));
+  const Scheme& scheme = SchemeFor(palette());
+  painter.fillRect(rect(), Paint(scheme.ChartGround));
+  painter.setPen(Paint(scheme.ChartInk));
+  for (const ChartLine& line : ChartAxes()) painter.drawLine(At(line.X1, line.Y1), At(line.X2, line.Y2));
   QFont font = painter.font();
   font.setPointSize(kChartFontSize);
   painter.setFont(font);
   const QFontMetricsF metrics(font, this);
   for (const ChartLabel& label : ChartLabels()) {
-    const QPointF place = at(0, label.Y) + QPointF(label.XInWidths * metrics.horizontalAdvance("0.0"),
+    const QPointF place = At(0, label.Y) + QPointF(label.XInWidths * metrics.horizontalAdvance("0.0"),
                                                    metrics.ascent() - metrics.height() / 2);
     painter.drawText(place, label.Text);
   }
+  PaintBars(painter);
+  PaintScales(painter);
+}
+
+void StripChartView::PaintBars(QPainter& painter) const {
+  const QColor color = Paint(FromTrace(run_.TraceColor));
+  const std::vector<ChartLine> bars = ChartBars(run_.Chart);
   // A value of 0 is a dot on the baseline, which a line without an end cap would not show.
-  painter.setPen(QPen(FromBgr(run_.TraceColor), kChartBarWidth, Qt::SolidLine, Qt::SquareCap));
-  for (const ChartLine& bar : ChartBars(run_.Chart)) painter.drawLine(at(bar.X1, bar.Y1), at(bar.X2, bar.Y2));
+  painter.setPen(QPen(color, kChartBarWidth, Qt::SolidLine, Qt::SquareCap));
+  QList<QLineF> lines;
+  for (const ChartLine& bar : bars) lines << QLineF(At(bar.X1, bar.Y1), At(bar.X2, bar.Y2));
+  painter.drawLines(lines);
+  if (!NeedsOutline(FromTrace(run_.TraceColor), IsDark(palette()))) return;
+  // Light bars on a light ground: a line along their tops gives them their edge.
+  QPolygonF tops;
+  for (const QLineF& bar : lines) tops << bar.p2() + QPointF(-2, -2) << bar.p2() + QPointF(2, -2);
+  painter.setPen(QPen(Paint(SchemeFor(palette()).ChartInk), 1));
+  painter.drawPolyline(tops);
+}
+
+// Numbers beside the axis, in the scale of the newest reading, and the scale written where it changes.
+void StripChartView::PaintScales(QPainter& painter) const {
+  painter.setFont(Scaled(font(), 0.87));
+  const QFontMetrics metrics = painter.fontMetrics();
+  painter.setPen(Paint(SchemeFor(palette()).ChartInk));
+  const std::vector<ChartScale> scales = ChartScales(run_.Chart);
+  const int divisor = scales.empty() ? 1 : scales.back().Divisor;
+  for (const double tick : kTicks) {
+    const QPointF place = At(1, tick);
+    painter.drawLine(place, place + QPointF(4, 0));
+    painter.drawText(place + QPointF(7, metrics.ascent() / 2.0 - 1), QString::number(tick * divisor));
+  }
+  double free = 0;  // from here on there is room for the next word
+  for (const ChartScale& scale : scales) {
+    const QPointF place = At(scale.X, 1) - QPointF(2, 0);
+    const QString text = FromProgram(ScaleText(scale.Divisor));
+    painter.drawLine(place, place - QPointF(0, 5));
+    if (place.x() < free) continue;
+    // Above the box where there is room.
+    const bool above = place.y() > metrics.height();
+    painter.drawText(place + QPointF(above ? 2 : 5, above ? -4 : metrics.ascent()), text);
+    free = place.x() + metrics.horizontalAdvance(text) + 6;
+  }
 }
 
 }  // namespace kelp

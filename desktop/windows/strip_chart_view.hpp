@@ -1,5 +1,5 @@
-// Draws the strip chart: its axes in black on white in every colour scheme, its bars in the trace colour
-// of the run's step.
+// Draws the strip chart: its axes with numbers, the scale of its bars where it changes, its bars in the trace
+// colour of the run's step.
 #pragma once
 
 #include "core/run_state.hpp"
@@ -21,6 +21,10 @@ class StripChartView : public ValueWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] QPointF At(double x, double y) const;
+  void PaintBars(QPainter& painter) const;
+  void PaintScales(QPainter& painter) const;
+
   const RunState& run_;
   unsigned long shownPoints_ = 0;
   std::uint32_t shownColor_ = 0;

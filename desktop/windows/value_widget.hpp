@@ -34,8 +34,12 @@ class ValueBox : public ValueWidget {
   void Use() const;
   /// Grows the text until it fills the box (the reading that is read from across the bench).
   void FillWithText(double largest);
-  /// Frames the box as the place that the next value goes to.
-  void SetMarked(bool marked);
+  /// Draws the text faintly: it is no value of what is being measured.
+  void SetFaint(bool faint);
+  [[nodiscard]] bool IsFaint() const { return faint_; }
+  /// The box is always as wide as its text.
+  void SetWhole() { whole_ = true; }
+  void ShowText(const QString& text) override;
   void SetElide(Qt::TextElideMode mode) { elide_ = mode; }
 
   [[nodiscard]] QSize sizeHint() const override;
@@ -54,39 +58,11 @@ class ValueBox : public ValueWidget {
   Qt::Alignment align_;
   Qt::TextElideMode elide_ = Qt::ElideRight;
   double largest_ = 0;
-  bool marked_ = false;
+  bool faint_ = false;
+  bool whole_ = false;
   bool usable_ = false;
   bool pressed_ = false;
   std::function<void()> use_;
-};
-
-/// What the operator is to do now: up to three lines, as large as the space allows.
-class InstructionBox : public ValueWidget {
- public:
-  explicit InstructionBox(QWidget* parent);
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-};
-
-/// A plain sign beside a criterion: a disc with a tick and a word when it is met, a ring when not.
-class Sign : public QWidget {
- public:
-  explicit Sign(QWidget* parent);
-  /// `words` stands beside the shape, so that the sign needs no colour.
-  void Set(bool met, const QString& words);
-  [[nodiscard]] bool Met() const { return met_; }
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  bool met_ = false;
-  QString words_;
 };
 
 }  // namespace kelp

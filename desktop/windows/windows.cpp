@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "app/focus.hpp"
+#include "desktop/windows/accessible.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/frm_acquire.hpp"
 
@@ -17,7 +18,7 @@ QAbstractButton* MakeSoundSwitch() {
   button->setCheckable(true);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
-  button->setToolTip("A short sound when a value was saved and when a question comes up");
+  button->setToolTip("Sounds for values, acid, questions and alarms; Machine settings choose which");
   const auto name = [button](bool on) { button->setText(on ? "Sound on" : "Sound off"); };
   QObject::connect(button, &QToolButton::toggled, button, name);
   name(false);
@@ -29,15 +30,16 @@ QAbstractButton* MakeSoundSwitch() {
 Windows::Windows(Kelp& kelp, std::function<bool(const Event&)> post)
     : kelp_(kelp),
       post_(std::move(post)),
-      machineSettings_(new QPushButton("Machine settings...")),
-      review_(new QPushButton("Review cruise...")),
+      machineSettings_(new QPushButton("&Machine settings...")),
+      review_(new QPushButton("Re&view cruise...")),
       soundSwitch_(MakeSoundSwitch()) {
-  machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, the text editor");
+  machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, colours, sounds, the text editor");
   review_->setToolTip("Profiles, control charts, checks, calibration and final data of the saved stations");
   for (QPushButton* button : {machineSettings_, review_}) {
     button->setFocusPolicy(Qt::TabFocus);
     button->setAutoDefault(true);
   }
+  MakeAccessible();
   // A screen is hidden before the next one is shown: that is not the end of the program.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   windows_["frmMain"] = Make("frmMain");
@@ -106,6 +108,10 @@ void Windows::Show(const std::string& screen) {
     const FocusPlace place = FocusOn(kelp_, screen);
     if (QWidget* widget = window->Controls.Find(place.Control, place.Index)) GiveFocus(widget);
     window->show();
+    if (screen == "frmWhatsNext" || screen == "frmRecalc") {
+      resting_ = window;
+      rest_.setRemainingTime(KeyRest);
+    }
   }
   window->raise();
   window->activateWindow();
@@ -127,6 +133,8 @@ QWidget* Windows::FrontWindow() {
     if (ScreenWindow* window = Built(screen); window != nullptr && window->isVisible()) return window;
   return nullptr;
 }
+
+bool Windows::AlarmCalls() const { return acquire_ != nullptr && acquire_->AlarmCalls(); }
 
 void Windows::SetPortState(const QString& text) {
   if (text == portState_) return;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QObject>
 #include <map>
 #include <memory>
@@ -48,6 +49,13 @@ class Windows : public QObject {
   /// A checkable button in the status bar: checked is sound on.
   QAbstractButton* SoundSwitch() { return soundSwitch_; }
 
+  /// The alarms that nobody has seen yet call for the operator.
+  [[nodiscard]] bool AlarmCalls() const;
+
+  /// A window that comes up by itself takes no key for this many milliseconds: the key was meant for what was
+  /// in front before. 0 for a script.
+  int KeyRest = 700;
+
   void SetPortState(const QString& text);
   void SetLastFile(const QString& text);
 
@@ -65,6 +73,7 @@ class Windows : public QObject {
   void Send(const Event& event);
   std::unique_ptr<ScreenWindow> Make(const std::string& screen);
   void Place(ScreenWindow& window);
+  [[nodiscard]] QPoint BesideReadings(QSize size, const QRect& space) const;
   [[nodiscard]] ScreenWindow* Built(const std::string& screen) const;
   /// The window that a widget belongs to, or null for message boxes and other windows.
   [[nodiscard]] ScreenWindow* WindowAround(const QWidget* widget) const;
@@ -85,6 +94,8 @@ class Windows : public QObject {
   QString lastFile_;
   FocusPlace shownFocus_ = {};
   std::optional<FocusPlace> focusToSend_;
+  const ScreenWindow* resting_ = nullptr;  ///< came up by itself and takes no key until `rest_` is over
+  QDeadlineTimer rest_;
   bool sending_ = false;  ///< an event is being handled; the operator can do nothing else meanwhile
 };
 

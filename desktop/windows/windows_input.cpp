@@ -74,6 +74,13 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
   auto* widget = static_cast<QWidget*>(object);
   ScreenWindow* window = WindowAround(widget);
   if (window == nullptr) return false;
+  if (window == resting_ && (type == QEvent::KeyPress || type == QEvent::ShortcutOverride)) {
+    if (!rest_.hasExpired()) {
+      event->accept();
+      return true;
+    }
+    resting_ = nullptr;
+  }
   const FocusPlace* place = window->Controls.PlaceOf(widget);
   if (type == QEvent::FocusIn) {
     if (place != nullptr) TakeFocus(*place);

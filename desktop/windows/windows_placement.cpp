@@ -30,19 +30,32 @@ void Windows::Place(ScreenWindow& window) {
   window.winId();
   window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
   if (const auto kept = geometry_.find(screen);
-      kept != geometry_.end() && window.restoreGeometry(kept->second))
+      kept != geometry_.end() && window.restoreGeometry(kept->second) && screen != "frmWhatsNext")
     return;
   const QRect space = (owner == nullptr ? window.screen() : owner->screen())->availableGeometry();
   QSize size = window.sizeHint();
   if (screen == "frmAcquire") size = size.expandedTo({space.width() * 9 / 10, space.height() * 9 / 10});
-  window.resize(size.boundedTo(space.size() - QSize(8, 40)));
+  if (screen != "frmWhatsNext" || geometry_.count(screen) == 0)
+    window.resize(size.boundedTo(space.size() - QSize(8, 40)));
   QRect place(QPoint(), window.size());
   place.moveCenter(owner == nullptr ? space.center() : owner->geometry().center());
-  if (screen == "frmWhatsNext")
-    place.moveTop(
-        std::min(space.top() + kelp_.frmWhatsNext.Top / kTwipsPerPixel, space.bottom() - place.height()));
+  if (screen == "frmWhatsNext") place.moveTopLeft(BesideReadings(place.size(), space));
   window.move(place.topLeft());
   if (screen == "frmAcquire" && space.height() < 900) window.setWindowState(Qt::WindowMaximized);
+}
+
+// The chooser asks whether the last Rb and Ra were written down: it never covers them. It stands left of the
+// reading columns where there is room, else right of them.
+QPoint Windows::BesideReadings(QSize size, const QRect& space) const {
+  const int frame = 12;
+  const int top = std::min(space.top() + kelp_.frmWhatsNext.Top / kTwipsPerPixel,
+                           space.bottom() - size.height() - 3 * frame);
+  if (acquire_ == nullptr) return {space.center().x() - size.width() / 2, top};
+  const QRect readings = acquire_->ReadingColumns();
+  const int left = readings.left() - size.width() - frame;
+  if (left >= space.left()) return {left, top};
+  const int right = std::min(readings.right() + frame, space.right() - size.width());
+  return {right, top};
 }
 
 QByteArray Windows::Geometry() const {

@@ -1,47 +1,32 @@
-// kelp-screenshots FOLDER [dark]: draws every window, filled with a station that is being run, into
-// FOLDER as PNG files. The scale is that of QT_SCALE_FACTOR; no display is needed (-platform offscreen).
+// kelp-screenshots FOLDER [dark] [WxH]: draws every window, filled with a station that is being run, into
+// FOLDER as PNG files; the acquisition screen as large as a display of that size leaves room (1280x800). The
+// scale is that of QT_SCALE_FACTOR; no display is needed (-platform offscreen).
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QPushButton>
-#include <QStyleFactory>
 #include <cmath>
 #include <cstdio>
 
+#include "desktop/windows/focus_style.hpp"
 #include "tests/desktop/desk.hpp"
 
 namespace {
 
 using namespace kelp;
 
-QPalette DarkPalette() {
-  const QColor window(0x2b2d30);
-  const QColor text(0xe4e6e8);
-  QPalette dark(QColor(0x3a3d41), window);
-  dark.setColor(QPalette::WindowText, text);
-  dark.setColor(QPalette::Text, text);
-  dark.setColor(QPalette::ButtonText, text);
-  dark.setColor(QPalette::Base, QColor(0x1e2022));
-  dark.setColor(QPalette::AlternateBase, QColor(0x26282b));
-  dark.setColor(QPalette::ToolTipBase, QColor(0x3a3d41));
-  dark.setColor(QPalette::ToolTipText, text);
-  dark.setColor(QPalette::PlaceholderText, QColor(0x90949a));
-  dark.setColor(QPalette::Highlight, QColor(0x3d8fd1));
-  dark.setColor(QPalette::HighlightedText, Qt::white);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    dark.setColor(QPalette::Disabled, role, QColor(0x7c8086));
-  return dark;
-}
-
 class Camera {
  public:
-  Camera(Desk& desk, QString folder) : desk_(desk), folder_(std::move(folder)) { QDir().mkpath(folder_); }
+  Camera(Desk& desk, QString folder, QSize display)
+      : desk_(desk), folder_(std::move(folder)), room_(display - QSize(0, kTitleBar)) {
+    QDir().mkpath(folder_);
+  }
 
-  void Take(const std::string& screen, const char* name, QSize size = {}) {
+  void Take(const std::string& screen, const char* name) {
     QWidget* window = desk_.windows.WindowOf(screen);
     if (!window->isVisible()) desk_.windows.Show(screen);
     window->showNormal();
-    window->resize(size.isValid() ? size : window->sizeHint());
+    window->resize(screen == "frmAcquire" ? room_ : window->sizeHint().boundedTo(room_));
     desk_.windows.ShowChanges();
     QApplication::processEvents();
     const QString path = folder_ + "/" + name + ".png";
@@ -49,8 +34,10 @@ class Camera {
   }
 
  private:
+  static constexpr int kTitleBar = 24;
   Desk& desk_;
   QString folder_;
+  QSize room_;
 };
 
 // The operator's way through a station, with readings that settle as a real extract does.
@@ -117,7 +104,7 @@ void Run(Desk& desk, Camera& camera) {
   FillIn(desk, 6, "21:40:00");
   camera.Take("frmCreateBase", "create");
   desk.Click("frmCreateBase", "cmdCreateBase", 0);
-  camera.Take("frmAcquire", "acquire-start", {1280, 690});
+  camera.Take("frmAcquire", "acquire-start");
 
   Analyst analyst(desk);
   analyst.Start();
@@ -132,14 +119,23 @@ void Run(Desk& desk, Camera& camera) {
   form.datalog.Text(5, kColFiltCom) = "torn filter";
   form.txtStaInfo[kStaTau].Problem = "tau is to be a number above 1, such as 2.288";
   analyst.Start();
-  analyst.Settle(3.155, 7);
+  analyst.Settle(5.017, 7);
   desk.kelp.Focus = {"frmAcquire", "Command1"};
-  camera.Take("frmAcquire", "acquire", {1280, 690});
-  analyst.Settle(3.155, 20);
-  camera.Take("frmAcquire", "acquire-1280x800", {1280, 770});
+  camera.Take("frmAcquire", "acquire-early");
+  analyst.Settle(5.017, 5);
+  camera.Take("frmAcquire", "acquire");
   analyst.Start();
-  camera.Take("frmAcquire", "acquire-acidify", {1280, 690});
-  camera.Take("frmAcquire", "acquire-1920x1080", {1920, 1040});
+  camera.Take("frmAcquire", "acquire-acidify");
+  desk.Click("frmAcquire", "Check1");
+  for (int i = 0; i < 9; ++i) desk.Read(5.017 - 0.27 * i);
+  desk.Click("frmAcquire", "Command1");
+  analyst.Settle(2.61, 12);
+  camera.Take("frmAcquire", "acquire-ra");
+  desk.platform.LineDown();
+  desk.platform.Advance(12000);
+  Pass(desk.kelp);
+  SetWarning(desk.kelp, "READINGS ARE NOT SAFE ON THE DISK. ");
+  camera.Take("frmAcquire", "acquire-alarm");
   camera.Take("frmWhatsNext", "whats-next");
   camera.Take("frmChangeStep", "change-step");
   camera.Take("dlgRunRem", "remarks");
@@ -153,13 +149,17 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   const QStringList words = QApplication::arguments();
   if (words.size() < 2) {
-    std::fputs("kelp-screenshots FOLDER [dark]\n", stderr);
+    std::fputs("kelp-screenshots FOLDER [dark] [WxH]\n", stderr);
     return 2;
   }
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
-  if (words.contains("dark")) QApplication::setPalette(DarkPalette());
+  ApplyScheme(words.contains("dark") ? SchemeChoice::Dark : SchemeChoice::Light);
+  QSize display(1280, 800);
+  for (const QString& word : words)
+    if (const QStringList sides = word.split('x'); sides.size() == 2 && sides[0].toInt() > 0)
+      display = {sides[0].toInt(), sides[1].toInt()};
   Desk desk;
-  Camera camera(desk, words[1]);
+  desk.windows.KeyRest = 0;
+  Camera camera(desk, words[1], display);
   Run(desk, camera);
   return 0;
 }

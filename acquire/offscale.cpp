@@ -1,0 +1,10 @@
+#include "acquire/offscale.hpp"
+
+namespace kelp {
+
+bool IsOffscale(const Kelp& kelp, float reading) {
+  constexpr float kLeastLimit = 40;
+  return kelp.loop.UpperLimit > kLeastLimit && reading > kelp.loop.UpperLimit && !kelp.run.LabCalRun;
+}
+
+}  // namespace kelp

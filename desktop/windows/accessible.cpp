@@ -1,0 +1,66 @@
+// What a screen reader hears of the widgets that paint their value themselves: a label with a name and a value.
+// Option buttons say that they are option buttons, also where the program and not Qt keeps one of them chosen.
+#include <QAccessibleWidget>
+#include <utility>
+
+#include "desktop/windows/accessible.hpp"
+#include "desktop/windows/choice_buttons.hpp"
+#include "desktop/windows/value_widget.hpp"
+
+namespace kelp {
+
+namespace {
+
+class ValueInterface : public QAccessibleWidget {
+ public:
+  explicit ValueInterface(ValueWidget* widget)
+      : QAccessibleWidget(widget, QAccessible::StaticText), widget_(widget) {}
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? widget_->ShownText() : QAccessibleWidget::text(kind);
+  }
+
+ private:
+  ValueWidget* widget_;
+};
+
+class ChoiceInterface : public QAccessibleWidget {
+ public:
+  explicit ChoiceInterface(ChoiceButton* button)
+      : QAccessibleWidget(button, QAccessible::RadioButton), button_(button) {}
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? button_->text().remove('&') : QAccessibleWidget::text(kind);
+  }
+  [[nodiscard]] QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = button_->isChecked();
+    return state;
+  }
+  [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& action) override {
+    if (action == pressAction()) button_->click();
+  }
+
+ private:
+  ChoiceButton* button_;
+};
+
+QAccessibleInterface* Make(const QString& /*name*/, QObject* object) {
+  if (auto* value = dynamic_cast<ValueWidget*>(object)) return new ValueInterface(value);
+  if (auto* choice = dynamic_cast<ChoiceButton*>(object)) return new ChoiceInterface(choice);
+  return nullptr;
+}
+
+}  // namespace
+
+void MakeAccessible() {
+  static bool made = false;
+  if (!std::exchange(made, true)) QAccessible::installFactory(Make);
+}
+
+void Announce(QWidget* widget) {
+  QAccessibleEvent event(widget, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace kelp

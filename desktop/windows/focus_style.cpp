@@ -1,0 +1,46 @@
+#include "desktop/windows/focus_style.hpp"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+
+#include "desktop/windows/look.hpp"
+
+namespace kelp {
+
+void DrawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Paint(SchemeFor(palette).Focus), 2));
+  painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), 2, 2);
+  painter.restore();
+}
+
+void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+  if (element == PE_FrameFocusRect) {
+    DrawFocusRing(*painter, option->rect, option->palette);
+    return;
+  }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool boxOfItsOwn = widget == nullptr || !widget->parentWidget() || !widget->parentWidget()->inherits("QComboBox");
+  if (element == PE_FrameLineEdit && (option->state & State_HasFocus) != 0 && boxOfItsOwn)
+    DrawFocusRing(*painter, option->rect, option->palette);
+}
+
+void FocusStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (control == CC_ComboBox && (option->state & State_HasFocus) != 0)
+    DrawFocusRing(*painter, option->rect, option->palette);
+}
+
+void ApplyScheme(SchemeChoice choice) {
+  static const QString machineStyle = QApplication::style()->name();
+  const bool own = choice != SchemeChoice::System;
+  QApplication::setStyle(new FocusStyle(own ? QStringLiteral("Fusion") : machineStyle));
+  QApplication::setPalette(own ? PaletteOf(choice == SchemeChoice::Dark) : QPalette());
+}
+
+}  // namespace kelp

@@ -1,0 +1,27 @@
+// The style of all windows: the machine's own, with a ring around the control that has the keys, however it
+// came by them. Most styles show the focus only after a Tab, and faintly.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kelp {
+
+class FocusStyle : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override;
+};
+
+enum class SchemeChoice { System, Light, Dark };
+
+/// Gives all windows the colours of a scheme; System takes the desktop's own.
+void ApplyScheme(SchemeChoice choice);
+
+/// Draws the ring of the focus inside `rect`.
+void DrawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette);
+
+}  // namespace kelp

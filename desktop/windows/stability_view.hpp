@@ -1,0 +1,27 @@
+// Draws the last N reads so that their unrest fills the height: with their mean, and the band of their SD.
+#pragma once
+
+#include "acquire/stability.hpp"
+#include "desktop/windows/value_widget.hpp"
+
+namespace kelp {
+
+class StabilityView : public ValueWidget {
+ public:
+  StabilityView(const Kelp& kelp, QWidget* parent);
+
+  /// Draws again when a read came in.
+  void ShowChanges();
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  const Kelp& kelp_;
+  StabilityTrace trace_ = {};
+};
+
+}  // namespace kelp
