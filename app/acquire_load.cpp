@@ -162,6 +162,7 @@ void frmAcquire_Load(Kelp& kelp) {
   HideScreen(kelp, "frmAcquire");
   kelp.frmAcquire = FrmAcquire();
   kelp.frmAcquire.Form.Loaded = true;
+  SetStatus(kelp, "");  // an alarm outlives the screen's set-up
   kelp.Timer1.Enabled = false;
   kelp.loop.Running = false;
   const std::string failure = SetUp(kelp);

@@ -146,6 +146,15 @@ void Pass(Kelp& kelp) {
   });
 }
 
+bool WantsCare(const Kelp& kelp) {
+  return !kelp.Ended && (!kelp.StationLock.Path.empty() || kelp.record.Unsafe);
+}
+
+void Care(Kelp& kelp) {
+  WriteRecord(kelp);
+  RefreshStationLock(kelp);
+}
+
 bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
 
 void Tick(Kelp& kelp) {
@@ -158,10 +167,7 @@ void Tick(Kelp& kelp) {
   }
   Guarded(
       kelp, [&] { AppendReadLog(kelp); },
-      [&] {
-        WriteRecord(kelp);
-        RefreshStationLock(kelp);
-      });
+      [&] { Care(kelp); });
 }
 
 }  // namespace kelp
