@@ -179,7 +179,7 @@ TEST_F(HostDiskTest, Finding12LinesOfTheLogAreFlushedTogether) {
   data.Write("drive_c/log", "head\r\n");
   EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "1\r\n"); }), "write");
   EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "2\r\n"); }), "write");
-  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "flush flush-folder");
+  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "flush");
   EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "") << "nothing is owed any more";
   EXPECT_EQ(data.Read("drive_c/log"), "head\r\n1\r\n2\r\n");
 }

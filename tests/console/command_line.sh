@@ -119,7 +119,7 @@ answer OK
 key frmAcquire F6
 END
 divided() {  # STATUS STDERR-BEGINNING SCRIPT behind the division
-  rm -rf drives/drive_[dq]
+  rm -rf drives/drive_[dq] drives/drive_c/kelp/record.db*
   script=$(printf 'include scripts/divide.ks\n%b' "$3")
   got=$(printf '%s' "$script" | "$console" "${in[@]}" 2>&1 >out.txt)
   check "status and message of a division, then: $3" "$1 $2" "$? ${got:0:${#2}}"

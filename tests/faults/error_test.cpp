@@ -5,6 +5,7 @@
 // fifth.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <memory>
@@ -89,6 +90,30 @@ class Station {
     Key(kKeyF1 + 5);
     Choose(2);
     Save(0.0053);
+  }
+
+  // A slow disk is waited for only where a value is stored: the flushes that each doing takes.
+  void Time() {
+    const auto flushes = [&](const auto& doing) {
+      const std::size_t before = TheFaults().Calls.size();
+      doing();
+      const auto& calls = TheFaults().Calls;
+      return std::count_if(calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end(),
+                           [](const DiskCall& call) { return call.Name == "fsync" || call.Name == "fdatasync"; });
+    };
+    Click("frmAcquire", "Command1");
+    EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 0);
+    for (int i = 0; i < 5; ++i)
+      EXPECT_EQ(flushes([&] {
+                  machine_.Feed("\r\nA = 0.0050 (RAW)");
+                  machine_.Advance(1000);
+                  Pass(kelp_);
+                  Tick(kelp_);
+                }),
+                0);
+    // SQLite's journal twice, its name, the database, the journal's end; then the log and its new copy.
+    EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 8);
+    EXPECT_EQ(kelp_.frmAcquire.txtBlank[0].Text, "0.0050");
   }
 
   void Finish() {
@@ -198,6 +223,16 @@ std::vector<DiskCall> Play(int at, int error, bool forGood, bool shortWrites = f
 }
 
 }  // namespace
+
+TEST(Faults, Finding12ASlowDiskIsWaitedForOnlyWhenAValueIsStored) {
+  UseMemory();
+  TempFolder folder;
+  TheFaults() = {.Root = folder.Path.string()};
+  Station station(folder, "slow");
+  station.Open();
+  station.Time();
+  TheFaults() = {};
+}
 
 TEST(Faults, ADiskThatFailsIsToldAndCostsNoValue) {
   UseMemory();
