@@ -166,8 +166,7 @@ void Tick(Kelp& kelp) {
     return;
   }
   Guarded(
-      kelp, [&] { AppendReadLog(kelp); },
-      [&] { Care(kelp); });
+      kelp, [&] { AppendReadLog(kelp); }, [&] { Care(kelp); });
 }
 
 }  // namespace kelp

@@ -98,8 +98,9 @@ void frmEditCFG_CruiseLostFocus(Kelp& kelp) {
 void frmEditCFG_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) UpdateConfig(kelp);
   if (index == 1) CancelToAcquisition(kelp);
-  if (index == 2 && AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
-                           Buttons::YesNoCancel) &&
+  if (index == 2 &&
+      AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
+             Buttons::YesNoCancel) &&
       MayLeave(kelp))
     EndProgram(kelp);
 }

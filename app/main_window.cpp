@@ -73,7 +73,8 @@ void FrmMain_Load(Kelp& kelp) {
 }
 
 void QuitFromMain(Kelp& kelp) {
-  if (AskYes(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel) &&
+  if (AskYes(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation,
+             Buttons::YesNoCancel) &&
       MayLeave(kelp))
     EndProgram(kelp);
 }

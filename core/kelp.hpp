@@ -58,10 +58,10 @@ struct Kelp {
   FocusPlace Focus;
   std::string ConfigKnown;  ///< the configuration file as it was last read or written; "" for never
   std::string ConfigTried;  ///< what was last to be written into it: a write that failed late may have
-  StoreNote Note;       ///< how the value that this event stores came to be
-  std::string Status;   ///< the status text
-  std::string Warning;  ///< stands in front of it until its cause is mended
-  bool Ended = false;   ///< the program has ended: front ends stop
+  StoreNote Note;           ///< how the value that this event stores came to be
+  std::string Status;       ///< the status text
+  std::string Warning;      ///< stands in front of it until its cause is mended
+  bool Ended = false;       ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.

@@ -23,9 +23,7 @@ class HostDisk : public Disk {
   std::filesystem::path HostPlace(const std::string& path) override { return drives_.HostPath(path); }
   std::string Read(const std::string& path) override;
   void Replace(const std::string& path, const std::string& content) override;
-  void Append(const std::string& path, const std::string& text) override {
-    AppendText(path, text, flushes_);
-  }
+  void Append(const std::string& path, const std::string& text) override { AppendText(path, text, flushes_); }
   void AppendUnflushed(const std::string& path, const std::string& text) override {
     AppendText(path, text, false);
   }

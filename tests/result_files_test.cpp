@@ -46,7 +46,8 @@ TEST(ResultFiles, TheReportIsTheSameEverywhereAndRowsHaveAFieldForEachColumn) {
   const std::string report = program.file("chl002.prn");
   EXPECT_TRUE(program.file("chl002").ends_with(" - see\\_note *\r\n" + report));
   EXPECT_EQ(Replaced(Replaced(program.file("chl002.htm"), "<B>", ""), "</B>", ""),
-            "<html>\r\n<body>\r\n<pre>\r\n" + Replaced(report, "<filter>", "&lt;filter&gt;") + "</pre>\r\n</body>\r\n</html>\r\n");
+            "<html>\r\n<body>\r\n<pre>\r\n" + Replaced(report, "<filter>", "&lt;filter&gt;") +
+                "</pre>\r\n</body>\r\n</html>\r\n");
   EXPECT_EQ(program.platform.Printed, Lines(report));
   const auto rows = Lines(program.file("0707SLChldb.csv") + program.file("0707SL002Chldb1.csv"));
   ASSERT_EQ(rows.size(), 6U);

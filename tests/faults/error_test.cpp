@@ -1,7 +1,7 @@
 // The disk fails at every call that changes a file, once or until the operator mends it, over a station with
-// standards, a skipped and an added sample, an undo, F10, a restore, a recalculation and its save: told each time,
-// no value lost, and the run ends well. The program runs in this process, with an operator who reads the
-// messages and tries again. KELP_FAULTS=full tries every error at every call, KELP_FAULTS=5 at every
+// standards, a skipped and an added sample, an undo, F10, a restore, a recalculation and its save: told each
+// time, no value lost, and the run ends well. The program runs in this process, with an operator who reads
+// the messages and tries again. KELP_FAULTS=full tries every error at every call, KELP_FAULTS=5 at every
 // fifth.
 #include <gtest/gtest.h>
 
@@ -34,7 +34,8 @@ class Patient : public ScriptedPlatform {
   int Messages = 0;
   Answer Ask(const Message& message) override {
     if (++Messages >= kMessagesBeforeMended) TheFaults().ForGood = TheFaults().ShortWrites = false;
-    if (StartsWith(message.Text, "Missing cfg") || message.Title == "Readings are not safe!") return Answer::No;
+    if (StartsWith(message.Text, "Missing cfg") || message.Title == "Readings are not safe!")
+      return Answer::No;
     return message.Buttons == Buttons::Ok || message.Buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
   }
 };
@@ -98,8 +99,9 @@ class Station {
       const std::size_t before = TheFaults().Calls.size();
       doing();
       const auto& calls = TheFaults().Calls;
-      return std::count_if(calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end(),
-                           [](const DiskCall& call) { return call.Name == "fsync" || call.Name == "fdatasync"; });
+      return std::count_if(
+          calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end(),
+          [](const DiskCall& call) { return call.Name == "fsync" || call.Name == "fdatasync"; });
     };
     Click("frmAcquire", "Command1");
     EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 0);
@@ -160,7 +162,8 @@ class Station {
     if (failed.empty()) return;
     const std::string& status = kelp_.frmAcquire.StatusBar1.Text;
     const bool told = machine_.Messages > messages || Contains(status, "disk");
-    EXPECT_TRUE(told) << what_ << ", " << failed << ": nobody was told; the status bar says \"" << status << "\"";
+    EXPECT_TRUE(told) << what_ << ", " << failed << ": nobody was told; the status bar says \"" << status
+                      << "\"";
     // Whoever reads in the status bar that the disk is in trouble sees to it as well.
     if (machine_.Messages == messages && ++machine_.Messages >= kMessagesBeforeMended)
       TheFaults().ForGood = TheFaults().ShortWrites = false;
@@ -209,7 +212,8 @@ std::vector<DiskCall> Play(int at, int error, bool forGood, bool shortWrites = f
                            (forGood ? " from call " : " at call ") + std::to_string(at);
   TempFolder folder;
   Faults& faults = TheFaults();
-  faults = {.Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood, .ShortWrites = shortWrites};
+  faults = {
+      .Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood, .ShortWrites = shortWrites};
   auto station = std::make_unique<Station>(folder, what);
   station->Open();
   station->Measure();
@@ -245,7 +249,8 @@ TEST(Faults, ADiskThatFailsIsToldAndCostsNoValue) {
   const int every = asked != nullptr ? std::atoi(asked) : 0;
   const std::size_t stride = full ? 1 : every > 0 ? static_cast<std::size_t>(every) : calls / 40;
   int tried = 0;
-  for (std::size_t at = 1 + turn % stride; at <= calls && !testing::Test::HasFatalFailure(); at += stride, ++turn)
+  for (std::size_t at = 1 + turn % stride; at <= calls && !testing::Test::HasFatalFailure();
+       at += stride, ++turn)
     for (unsigned kind = 0; kind < kKinds; ++kind) {
       if (asked == nullptr && kind != turn % kKinds) continue;
       // An interruption is tried again at once; one without end would be no machine.

@@ -1,8 +1,8 @@
-// kelp-console is ended at every call that changes a file, over two stations with standards, a remark, a skipped
-// and an added sample, an undo, carried-over values, F10, a restore, a recalculation and both saves: killed before
-// the call, behind it and half-way through a write, or by a power cut that leaves only what was flushed. Each
-// time the stations are opened again, and every cell and box must be as the console had shown it last.
-// KELP_FAULTS=full does so at each call instead of some, KELP_FAULTS=5 at every fifth.
+// kelp-console is ended at every call that changes a file, over two stations with standards, a remark, a
+// skipped and an added sample, an undo, carried-over values, F10, a restore, a recalculation and both saves:
+// killed before the call, behind it and half-way through a write, or by a power cut that leaves only what was
+// flushed. Each time the stations are opened again, and every cell and box must be as the console had shown
+// it last. KELP_FAULTS=full does so at each call instead of some, KELP_FAULTS=5 at every fifth.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -41,15 +41,18 @@ std::string Stations() {
       "click frmMain.Command1(0)\nanswer Yes\nclick frmLogin.cmdOK\n" +
       Create("3") + "click frmAcquire.Command1\n" + Value("0.0051");
   script += "click frmAcquire.Option1(1)\n" + Value("5.1011") + Value("44.2022");
-  script += "click frmAcquire.Option1(2)\n" + Value("1.5310") + Value("5.0312") + Value("2.1234") + Value("1.0617");
+  script +=
+      "click frmAcquire.Option1(2)\n" + Value("1.5310") + Value("5.0312") + Value("2.1234") + Value("1.0617");
   script +=
       "key frmAcquire F9\ntype dlgRunRem.Text1 torn\nclick dlgRunRem.OKButton\n"
       "show frmAcquire.datalog(1,13)\nclick frmAcquire.Command5\n" +
       Value("3.4567") + Value("1.9203");
-  script += "click frmWhatsNext.Option1(1)\nclick frmWhatsNext.NextButton\n" + Value("4.1010") + Value("2.2020");
+  script +=
+      "click frmWhatsNext.Option1(1)\nclick frmWhatsNext.NextButton\n" + Value("4.1010") + Value("2.2020");
   script += "click frmAcquire.cmdUndo\nshow frmAcquire.datalog(4,4)\n" + Value("2.3030");
   script += "click frmWhatsNext.Option1(2)\nclick frmWhatsNext.NextButton\n" + Value("0.0053");
-  script += "click frmWhatsNext.Option1(0)\nanswer Yes\nclick frmWhatsNext.NextButton\n" + Create("1") + Value("2.5050");
+  script += "click frmWhatsNext.Option1(0)\nanswer Yes\nclick frmWhatsNext.NextButton\n" + Create("1") +
+            Value("2.5050");
   script += "answer Yes\nanswer Yes\nkey frmAcquire F10\nclick frmLogin.cmdOK\nclick frmAcquire.Command1\n" +
             Value("1.3131");
   return script +
@@ -71,7 +74,8 @@ std::vector<Shown> WhatWasShown(const std::string& out) {
     // Values carried over are recorded once the next station is there.
     if (StartsWith(line, "box \"Base File Not Found!\"")) station.clear();
     if (station.empty()) continue;
-    if (StartsWith(line, "frmAcquire.txtBlank(0) = ")) shown.push_back({station + " Begin Blank", words.back()});
+    if (StartsWith(line, "frmAcquire.txtBlank(0) = "))
+      shown.push_back({station + " Begin Blank", words.back()});
     if (StartsWith(line, "    saved sample "))
       shown.push_back({station + " " + words[3] + " " + words[2], words[4]});
     else if (StartsWith(line, "    saved "))
@@ -134,9 +138,9 @@ struct Reopened {
       Values[station + "Ra " + std::to_string(row)] = form.datalog.Text(row, kColRa);
       Values[station + "remark " + std::to_string(row)] = form.datalog.Text(row, kColReadCom);
     }
-    static constexpr const char* kBoxes[] = {"Begin Blank",    "End Blank",     "Low Standard",  "Low Stnd End",
-                                             "High Standard",  "High Stnd End", "Copro 3-1",     "Copro 3-1 End",
-                                             "Copro 2-5",      "Copro 2-5 End"};
+    static constexpr const char* kBoxes[] = {
+        "Begin Blank",   "End Blank", "Low Standard",  "Low Stnd End", "High Standard",
+        "High Stnd End", "Copro 3-1", "Copro 3-1 End", "Copro 2-5",    "Copro 2-5 End"};
     for (int box = 0; box < 10; ++box) Values[station + kBoxes[box]] = form.txtBlank[box].Text;
   }
 };
