@@ -158,7 +158,9 @@ class Station {
     // A file that does not close cleanly has been written and flushed before.
     std::string failed;
     for (const DiskCall& call : TheFaults().Calls)
-      if (call.Failed && call.Name != "close") failed = call.Name + " " + call.Path;
+      // Nor does the folder that SQLite flushes with every transaction change with it.
+      if (call.Failed && call.Name != "close" && !EndsWith(call.Path, "/drive_c/kelp"))
+        failed = call.Name + " " + call.Path;
     if (failed.empty()) return;
     const std::string& status = kelp_.frmAcquire.StatusBar1.Text;
     const bool told = machine_.Messages > messages || Contains(status, "disk");
