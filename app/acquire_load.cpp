@@ -158,6 +158,7 @@ void frmAcquire_Load(Kelp& kelp) {
     HideScreen(kelp, screen);
   kelp.frmAcquire = FrmAcquire();
   kelp.frmAcquire.Form.Loaded = true;
+  SetStatus(kelp, "");  // an alarm outlives the screen's set-up
   kelp.Timer1.Enabled = false;
   kelp.loop = {.PortOpened = kelp.loop.PortOpened};
   const std::string failure = SetUp(kelp);

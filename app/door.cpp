@@ -155,6 +155,15 @@ void Pass(Kelp& kelp) {
   });
 }
 
+bool WantsCare(const Kelp& kelp) {
+  return !kelp.Ended && (!kelp.StationLock.Path.empty() || kelp.record.Unsafe);
+}
+
+void Care(Kelp& kelp) {
+  WriteRecord(kelp);
+  RefreshStationLock(kelp);
+}
+
 bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
 
 void Tick(Kelp& kelp) {
@@ -166,11 +175,7 @@ void Tick(Kelp& kelp) {
     return;
   }
   Guarded(
-      kelp, [&] { AppendReadLog(kelp); },
-      [&] {
-        WriteRecord(kelp);
-        RefreshStationLock(kelp);
-      });
+      kelp, [&] { AppendReadLog(kelp); }, [&] { Care(kelp); });
 }
 
 }  // namespace kelp

@@ -19,8 +19,8 @@ void ReadAgain(Kelp& kelp) {
   else if (Contains(caption, "Blank"))
     caption = "Load Blank";
   else if (StartsWith(caption, "Save ") || StartsWith(caption, "Reading "))
-    caption = (Contains(caption, "Standard") ? "Load " : "Load Copro ") +
-              caption.substr(caption.find(' ') + 1);
+    caption =
+        (Contains(caption, "Standard") ? "Load " : "Load Copro ") + caption.substr(caption.find(' ') + 1);
   kelp.run.ReadFlag = caption == "Acidify";
   kelp.run.RaAccepted = false;
   kelp.run.TraceColor = kTraceMagenta;

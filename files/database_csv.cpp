@@ -83,7 +83,8 @@ bool IsNumber(std::string_view text) {
   return at == std::string_view::npos && text.find_first_of("0123456789") != std::string_view::npos;
 }
 
-// A quote would swallow the rows behind it in every reader, and a spreadsheet runs what begins like a formula.
+// A quote would swallow the rows behind it in every reader, and a spreadsheet runs what begins like a
+// formula.
 std::string DatabaseField(const std::string& value) {
   std::string field(Trim(Replaced(OneField(value, true), "\"", "'")));
   const bool formula = field.find_first_of("=+@\t") == 0 || (field.starts_with('-') && !IsNumber(field));

@@ -71,6 +71,9 @@ void OpenNextStation(Kelp& kelp) {
     run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
     header[kStaProcNum].Text = run.ProcNum;
     LeaveStation(kelp);
+    // An unfinished station that was gone on with may lie elsewhere; the next one is the configuration's.
+    run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
+    run.CruiseID = CfgValue(run, kCfgCruise);
     run.SampNum = 1;
     SetStep(kelp, "BLANK");
     run.LabCalRun = false;

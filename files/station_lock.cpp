@@ -51,7 +51,8 @@ void OrSay(Kelp& kelp, const Work& work) {
   try {
     work();
   } catch (const FileError& error) {
-    SetStatus(kelp, std::string(error.what()) + " (another machine is not told that the station is open here)");
+    SetStatus(kelp,
+              std::string(error.what()) + " (another machine is not told that the station is open here)");
   }
 }
 
@@ -67,8 +68,8 @@ bool MayOpenStation(Kelp& kelp, const std::string& baseFile) {
   });
   const bool other = !holder.Machine.empty() && holder.Machine != kelp.platform.MachineName();
   if (!other || !IsFresh(holder, kelp.platform.Now())) return true;
-  Message question{"Station " + StationPath(baseFile) + " is open on " + holder.Machine + " (user " + holder.User +
-                       ", " + holder.At +
+  Message question{"Station " + StationPath(baseFile) + " is open on " + holder.Machine + " (user " +
+                       holder.User + ", " + holder.At +
                        "). Two machines that run it write into the same files. Open it all the same? Y/N",
                    "Station is open elsewhere", Buttons::YesNo, Icon::Critical};
   question.DefaultNo = true;

@@ -23,12 +23,9 @@ class HostDisk : public Disk {
   std::filesystem::path HostPlace(const std::string& path) override { return drives_.HostPath(path); }
   std::string Read(const std::string& path) override;
   void Replace(const std::string& path, const std::string& content) override;
-  void Append(const std::string& path, const std::string& text) override {
-    AppendText(path, text, flushes_);
-  }
+  void Append(const std::string& path, const std::string& text) override { AppendText(path, text, flushes_); }
   void AppendUnflushed(const std::string& path, const std::string& text) override {
     AppendText(path, text, false);
-    if (flushes_) unflushed_.insert(path);
   }
   void Flush(const std::string& path) override;
   void Keep(const std::string& path, const std::string& newPath) override;
@@ -43,8 +40,8 @@ class HostDisk : public Disk {
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<std::filesystem::path> doubtful_ = {};
-  // Program paths of logs whose last lines the system may still hold back.
-  std::set<std::string> unflushed_ = {};
+  // Program paths of logs whose last lines the system may still hold back; true for one whose name too.
+  std::map<std::string, bool> unflushed_ = {};
   // Folders whose new name may not be on the disk: that flush failed and is to be made up for.
   std::set<std::filesystem::path> unflushedFolders_ = {};
   // Handles of the files that this copy of the program holds; what they are differs by machine.

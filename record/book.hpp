@@ -19,25 +19,25 @@ class RecordBook {
  public:
   std::unique_ptr<Database> Main = {};   ///< closed after an error
   std::unique_ptr<Database> Spare = {};  ///< beside the temporary copy, while the record can't be written
-  bool Unusable = false;                 ///< the database that is there can never be used: it is to be set aside
-  std::string Notice = {};               ///< what is to be told of that, once all is written
-  std::set<std::int64_t> InSpare = {};   ///< events that the spare has
+  bool Unusable = false;    ///< the database that is there can never be used: it is to be set aside
+  std::string Notice = {};  ///< what is to be told of that, once all is written
+  std::set<std::int64_t> InSpare = {};  ///< events that the spare has
   std::vector<RecordedEvent> Pending = {};
 
   int StationLoads = 0;
   std::string Station = {};
   std::int64_t Run = 0;
   std::int64_t LastWritten = 0;
-  bool Saved = false;                          ///< the newest event of the station is its save
-  std::vector<std::string> Known = {};         ///< the places after the last event, in their order
+  bool Saved = false;                           ///< the newest event of the station is its save
+  std::vector<std::string> Known = {};          ///< the places after the last event, in their order
   std::map<std::size_t, std::string> Old = {};  ///< places that moved without an event: as last written
   std::vector<std::vector<RecordedEvent>> Steps = {};  ///< what can be taken back
 
   // Said during an event, done with at its end.
   std::vector<RecordedEvent> Restored = {};  ///< the run that the station just loaded goes on with
-  std::int64_t Undoing = 0;   ///< the step that this event takes back
-  bool SavedNow = false;      ///< the rest of this event belongs to the save
-  std::int64_t EventStep = 0;  ///< the step of this event, when a part of it is written already
+  std::int64_t Undoing = 0;                  ///< the step that this event takes back
+  bool SavedNow = false;                     ///< the rest of this event belongs to the save
+  std::int64_t EventStep = 0;                ///< the step of this event, when a part of it is written already
 
   /// A number that no other event on any machine has.
   std::int64_t NewUid() { return ++lastUid_; }

@@ -7,7 +7,8 @@ namespace kelp {
 namespace {
 
 constexpr const char* kColumns =
-    "id, uid, run, step, coalesce(undoes, 0), kind, at, machine, analyst, station, number, name, cruise, how, "
+    "id, uid, run, step, coalesce(undoes, 0), kind, at, machine, analyst, station, number, name, cruise, "
+    "how, "
     "reads, sd, mark, rows";
 
 RecordedEvent EventAt(const Statement& row, int first) {
@@ -58,10 +59,12 @@ Database::Database(Disk& disk, std::string path, Opening opening) : disk_(disk),
   // The journal stays and is emptied: no name in the folder changes with a value, and no flush of the
   // folder is needed, which some network drives refuse.
   connection_->Run(
-      "PRAGMA journal_mode=PERSIST; PRAGMA synchronous=EXTRA; PRAGMA temp_store=MEMORY; PRAGMA foreign_keys=ON;");
+      "PRAGMA journal_mode=PERSIST; PRAGMA synchronous=EXTRA; PRAGMA temp_store=MEMORY; PRAGMA "
+      "foreign_keys=ON;");
   CheckVersion();
   // A file that was cut off in its last page opens, and gives the rows there as if they had never been.
-  const auto size = inMemory_ ? disk.Exists(path_) ? disk.Read(path_).size() : 0 : std::filesystem::file_size(place);
+  const auto size =
+      inMemory_ ? disk.Exists(path_) ? disk.Read(path_).size() : 0 : std::filesystem::file_size(place);
   if (size % static_cast<std::size_t>(connection_->Number("PRAGMA page_size")) != 0)
     throw RecordError(path_, "is damaged: its end is missing", true);
 }

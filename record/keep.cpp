@@ -39,8 +39,7 @@ Changes Compare(Kelp& kelp, bool isEvent) {
     ++at;
   });
   if (!isEvent || !changes.Stores) {
-    for (std::size_t i = 0; i < indexes.size(); ++i)
-      book.Old.emplace(indexes[i], changes.Values[i].Before);
+    for (std::size_t i = 0; i < indexes.size(); ++i) book.Old.emplace(indexes[i], changes.Values[i].Before);
     return changes;
   }
   for (const std::size_t index : indexes) book.Old.erase(index);
@@ -94,8 +93,7 @@ const RecordedValue* Named(const std::vector<RecordedEvent>& step) {
   const RecordedValue* named = nullptr;
   for (const RecordedEvent& event : step)
     for (const RecordedValue& value : event.Values)
-      if (!value.Moved && !value.What.empty() &&
-          (named == nullptr || Rank(value.Place) > Rank(named->Place)))
+      if (!value.Moved && !value.What.empty() && (named == nullptr || Rank(value.Place) > Rank(named->Place)))
         named = &value;
   return named;
 }
@@ -142,8 +140,7 @@ void TakeUp(Kelp& kelp) {
   book.Station = StationOf(kelp.run);
   book.Steps.clear();
   book.Saved = false;
-  RecordedEvent event =
-      NewEvent(kelp, kelp.record.CarriedOver ? kCarry : kLoad,
+  RecordedEvent event = NewEvent(kelp, kelp.record.CarriedOver ? kCarry : kLoad,
                                  restored.empty() ? How::Loaded : How::Restored);
   if (!restored.empty()) {
     // The run goes on: what it stored before can still be taken back, and what the restore could not put

@@ -66,7 +66,8 @@ std::vector<std::string> ListRecord(Disk& disk, const std::string& station) {
   std::vector<std::string> lines;
   for (const Database::Run& run : record.Runs("")) {
     if (!IsStation(run.Begun, station)) continue;
-    lines.push_back("Station " + run.Begun.Number + ", " + run.Begun.Station + ", cruise " + run.Begun.Cruise);
+    lines.push_back("Station " + run.Begun.Number + ", " + run.Begun.Station + ", cruise " +
+                    run.Begun.Cruise);
     for (const RecordedEvent& event : record.EventsOf(run.Begun.Uid)) AddHistory(lines, event);
   }
   if (lines.empty())

@@ -23,11 +23,20 @@ Indexes IndexesOf(const std::string& place) {
 }
 
 std::string_view ColumnWords(int column) {
-  static constexpr std::string_view kColumns[] = {
-      "vial",       "bottle",    "depth", "Rb",
-      "Ra",         "chl-a",     "phaeo", "acid ratio",
-      "flag",       "filtered volume", "extraction volume", "fluorometer volume",
-      "filterer's remark", "reader's remark"};
+  static constexpr std::string_view kColumns[] = {"vial",
+                                                  "bottle",
+                                                  "depth",
+                                                  "Rb",
+                                                  "Ra",
+                                                  "chl-a",
+                                                  "phaeo",
+                                                  "acid ratio",
+                                                  "flag",
+                                                  "filtered volume",
+                                                  "extraction volume",
+                                                  "fluorometer volume",
+                                                  "filterer's remark",
+                                                  "reader's remark"};
   return kColumns[column];
 }
 
@@ -54,9 +63,9 @@ std::string WordsFor(const Kelp& kelp, const Place& place) {
 }
 
 std::string_view WordsFor(How how) {
-  static constexpr std::string_view kWords[] = {"typed",    "Autoread", "by hand",    "F5",
-                                                "F7",       "mean box", "skip",       "calculated",
-                                                "remark",   "loaded",   "restored",   "undone"};
+  static constexpr std::string_view kWords[] = {"typed",  "Autoread", "by hand",  "F5",
+                                                "F7",     "mean box", "skip",     "calculated",
+                                                "remark", "loaded",   "restored", "undone"};
   return kWords[static_cast<std::size_t>(how)];
 }
 
@@ -69,8 +78,8 @@ int SampleOf(const std::string& place) {
 bool IsMeasured(const std::string& place) {
   if (StartsWith(place, "txtBlank(")) return true;
   const int column = IndexesOf(place).B;
-  return StartsWith(place, "datalog(") && (column == kColRb || column == kColRa || column == kColFiltCom ||
-                                           column == kColReadCom);
+  return StartsWith(place, "datalog(") &&
+         (column == kColRb || column == kColRa || column == kColFiltCom || column == kColReadCom);
 }
 
 bool IsCounted(const std::string& place) {

@@ -77,11 +77,12 @@ void PutBack(Kelp& kelp, const Values& values) {
 
 std::string Question(const RunSoFar& run, bool baseIsNewer) {
   const bool one = run.Unsaved == 1;
-  std::string text = "Station " + run.Begun.Number + " (" + run.Name + ") has " + std::to_string(run.Unsaved) +
-                     (one ? " value that is" : " values that are") + " not saved, the last of " +
-                     ShownTime(run.Last) + ".";
+  std::string text = "Station " + run.Begun.Number + " (" + run.Name + ") has " +
+                     std::to_string(run.Unsaved) + (one ? " value that is" : " values that are") +
+                     " not saved, the last of " + ShownTime(run.Last) + ".";
   if (baseIsNewer)
-    text += " Its base file was written after that, by another machine or program: what stands there is newer.";
+    text +=
+        " Its base file was written after that, by another machine or program: what stands there is newer.";
   return text + " Go on with it? Y/N";
 }
 

@@ -14,12 +14,12 @@ using Values = std::map<std::string, std::string>;
 
 struct RunSoFar {
   RecordedEvent Begun = {};
-  Values Now = {};        ///< where it stands; a place that is not there is empty
-  int Unsaved = 0;        ///< values behind the last save
-  std::string Last;       ///< when the last of them was stored, YYYY-MM-DD HH:MM:SS
-  std::string Mark;       ///< of the base file as it was last known
-  std::string Name;       ///< station text
-  bool IsAside = false;   ///< the operator did not want to go on with it
+  Values Now = {};       ///< where it stands; a place that is not there is empty
+  int Unsaved = 0;       ///< values behind the last save
+  std::string Last;      ///< when the last of them was stored, YYYY-MM-DD HH:MM:SS
+  std::string Mark;      ///< of the base file as it was last known
+  std::string Name;      ///< station text
+  bool IsAside = false;  ///< the operator did not want to go on with it
 };
 
 /// Puts the events of one run together.

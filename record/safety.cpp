@@ -29,7 +29,8 @@ void WriteWholeStation(Kelp& kelp) {
   VisitPlaces(kelp, [&](const Place& place, const auto& /*field*/) {
     const std::string& text = book.Known[at++];
     const std::string name = TextOf(place);
-    if (!text.empty()) whole.Values.push_back({name, IsMeasured(name) ? WordsFor(kelp, place) : "", "", text});
+    if (!text.empty())
+      whole.Values.push_back({name, IsMeasured(name) ? WordsFor(kelp, place) : "", "", text});
   });
   for (RecordedEvent& event : book.Pending)
     if (event.Run == before) event.Run = whole.Uid;

@@ -31,8 +31,7 @@ Connection::Connection(std::string path, const std::filesystem::path& place, boo
     : path_(std::move(path)) {
   const std::u8string name = place.empty() ? u8":memory:" : place.u8string();
   const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-  const int code = sqlite3_open_v2(reinterpret_cast<const char*>(name.c_str()), &handle_,
-                                   flags, nullptr);
+  const int code = sqlite3_open_v2(reinterpret_cast<const char*>(name.c_str()), &handle_, flags, nullptr);
   if (code == SQLITE_OK) {
     sqlite3_busy_timeout(handle_, kBusyMilliseconds);
     return;

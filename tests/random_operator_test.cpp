@@ -224,15 +224,15 @@ class Operator {
     ++accepted;
     const std::string& value = kelp_->frmAcquire.datalog.Text(sample, rb ? kColRb : kColRa);
     const std::string line = "datalog(" + std::to_string(sample) + (rb ? ",3)" : ",4)");
-    ASSERT_TRUE(RecordHas(line, value) ||
-                (rb ? Contains(disk_.Files[Lower(run.BaseFile)], " " + value + " ")
-                    : Contains(disk_.Files[Lower(csv)], "," + value + ",")))
+    ASSERT_TRUE(RecordHas(line, value) || (rb ? Contains(disk_.Files[Lower(run.BaseFile)], " " + value + " ")
+                                              : Contains(disk_.Files[Lower(csv)], "," + value + ",")))
         << line;
   }
 
   bool RecordHas(const std::string& place, const std::string& value) {
     Database record(disk_, kRecordPath, Opening::ToRead);
-    const std::vector<Database::Run> runs = record.Runs(kelp_->run.PrnFile.substr(0, kelp_->run.PrnFile.size() - 4));
+    const std::vector<Database::Run> runs =
+        record.Runs(kelp_->run.PrnFile.substr(0, kelp_->run.PrnFile.size() - 4));
     if (runs.empty()) return false;
     for (const RecordedEvent& event : record.EventsOf(runs.back().Begun.Uid))
       for (const RecordedValue& stored : event.Values)

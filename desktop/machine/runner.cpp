@@ -6,6 +6,7 @@ namespace kelp {
 
 namespace {
 
+constexpr int kCareEvery = 60'000;
 // The line is looked at once a second when no bytes come in; all else that a pass does needs bytes.
 constexpr int kPassEvery = 1000;
 
@@ -33,6 +34,7 @@ Runner::Runner(Kelp& kelp) : kelp_(kelp) {
         },
         false);
   });
+  connect(&minutes_, &QTimer::timeout, this, [this] { Run([this] { Care(kelp_); }, false); });
 }
 
 // A handler never runs inside another one: what a window reports while a handler changes it, or while
@@ -49,6 +51,7 @@ void Runner::Run(const Work& work, bool edit) {
     ended_ = true;
     passes_.stop();
     ticks_.stop();
+    minutes_.stop();
     End();
     return;
   }
@@ -58,6 +61,7 @@ void Runner::Run(const Work& work, bool edit) {
 
 void Runner::SetTimers() {
   SetTimer(passes_, WantsPasses(kelp_), kPassEvery);
+  SetTimer(minutes_, WantsCare(kelp_), kCareEvery);
   SetTimer(ticks_, WantsTicks(kelp_) && kelp_.Timer1.Interval > 0, kelp_.Timer1.Interval);
 }
 

@@ -138,6 +138,7 @@ void HostDisk::AppendText(const std::string& path, const std::string& text, bool
     error = flush ? kelp::Flush(file) : 0;
     if (error == 0 && isNew && flush) error = FlushFolder(place.parent_path());
     if (error == 0 && flush) unflushed_.erase(path);
+    if (error == 0 && !flush && flushes_) unflushed_[path] = unflushed_[path] || isNew;
     if (error == 0) return;
     doubtful_.insert(place);
   }
@@ -148,12 +149,13 @@ void HostDisk::AppendText(const std::string& path, const std::string& text, bool
 }
 
 void HostDisk::Flush(const std::string& path) {
-  if (unflushed_.erase(path) == 0) return;
+  const auto owed = unflushed_.extract(path);
+  if (owed.empty()) return;
   const fs::path place = drives_.HostPath(path);
   const Handle file = OpenFile(place, O_WRONLY | O_APPEND);
   int error = file.IsOpen() ? kelp::Flush(file) : errno;
   if (error == ENOENT) return;  // somebody took the log away; what was in it went with it
-  if (error == 0) error = FlushFolder(place.parent_path());
+  if (error == 0 && owed.mapped()) error = FlushFolder(place.parent_path());
   if (error == 0) return;
   doubtful_.insert(place);
   Fail(path, error, Doing::Writing);

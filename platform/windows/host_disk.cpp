@@ -146,6 +146,7 @@ void HostDisk::AppendText(const std::string& path, const std::string& text, bool
   if (error == 0) {
     error = flush ? kelp::Flush(file) : 0;
     if (error == 0 && flush) unflushed_.erase(path);
+    if (error == 0 && !flush && flushes_) unflushed_[path] = false;
     if (error == 0) return;
     doubtful_.insert(place);
   }

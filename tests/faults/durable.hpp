@@ -1,5 +1,5 @@
-// What a power cut leaves of the files below one folder: the content of a file as it was at its last flush, the
-// names of a folder as they were at the folder's last flush. All else is gone.
+// What a power cut leaves of the files below one folder: the content of a file as it was at its last flush,
+// the names of a folder as they were at the folder's last flush. All else is gone.
 #pragma once
 
 #include <sys/stat.h>

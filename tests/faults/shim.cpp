@@ -114,8 +114,8 @@ Faults& TheFaults() {
 
 using kelp::Counted;
 
-// The program writes through these and no others, SQLite in it through the 64 bit names; an strace of a station
-// shows it (docs/reliability.md).
+// The program writes through these and no others, SQLite in it through the 64 bit names; an strace of a
+// station shows it (docs/reliability.md).
 extern "C" {
 int open(const char* path, int flags, ...) {
   va_list arguments;
@@ -154,9 +154,8 @@ int ftruncate(int fd, off_t size) noexcept {
 }
 int ftruncate64(int fd, off_t size) noexcept { return ftruncate(fd, size); }
 int fdatasync(int fd) {
-  return Counted({"fdatasync", ""}, fd)
-             ? -1
-             : static_cast<int>(kelp::Flushed(fd, syscall(SYS_fdatasync, fd)));
+  return Counted({"fdatasync", ""}, fd) ? -1
+                                        : static_cast<int>(kelp::Flushed(fd, syscall(SYS_fdatasync, fd)));
 }
 int fsync(int fd) {
   return Counted({"fsync", ""}, fd) ? -1 : static_cast<int>(kelp::Flushed(fd, syscall(SYS_fsync, fd)));
