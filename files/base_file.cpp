@@ -196,6 +196,8 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
   }
   const bool restored = OfferRestore(kelp);
+  // The step that was restored goes on from "&Start", whatever prompt stood there.
+  if (restored) SetButton(kelp, {.Caption = "&Start"});
   ShowScreen(kelp, "frmAcquire");
   if (reopened && !restored && AnySampleRead(kelp)) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);

@@ -41,9 +41,10 @@ class SlipWatch {
  public:
   /// Call it before an event or a pass. A pass with a reading is told by `reads`.
   void Before(Kelp& kelp, const Event* event, bool reads) {
+    if (kelp_ != &kelp || starts_ != kelp.run.StationLoads) values_ = Values::Of(kelp);
     kelp_ = &kelp;
+    starts_ = kelp.run.StationLoads;
     event_ = event;
-    values_ = Values::Of(kelp);
     caption_ = kelp.frmAcquire.Command1.Caption;
     sample_ = kelp.run.SampNum;
     loads_ = kelp.run.StationLoads;
@@ -63,16 +64,20 @@ class SlipWatch {
   std::string After() {
     const Kelp& kelp = *kelp_;
     if (kelp.Ended || ended_) return "";
+    // A pass that leaves the button alone has stored nothing.
+    const bool looks = event_ != nullptr || kelp.frmAcquire.Command1.Caption != caption_;
+    if (readsNow_) ++reads_;
+    if (!looks && kelp.run.StationLoads == loads_) return "";
     const std::string disagreement = kelp.frmAcquire.Form.Loaded ? Disagreement(kelp) : "";
     if (!disagreement.empty()) return disagreement;
     if (!shown_.empty() && !asked && kelp.Status.empty() && shown_ == kelp::Shown(*kelp_))
       return "a click on " + event_->Place.Screen + "." + event_->Place.Control + "(" +
-             std::to_string(event_->Place.Index) + ") did and said nothing";
+             std::to_string(event_->Place.Index) + ") did and said nothing at [" + caption_ + "]";
     if (kelp.run.StationLoads != loads_ || kelp.run.CsvFile.empty()) {
       went_ = loaded_ = 0;
+      values_ = Values::Of(kelp);
       return "";
     }
-    if (readsNow_) ++reads_;
     WatchWay();
     const std::string wrong = WrongValue();
     WatchLoad();
@@ -143,6 +148,7 @@ class SlipWatch {
       wrong = "a value was saved after " + std::to_string(reads_) + " reads";
     if (next_) went_ = 0;
     next_ = false;
+    values_ = now;
     return wrong.empty() ? "" : wrong + " at [" + caption_ + "], loaded " + std::to_string(loaded_);
   }
 
@@ -172,6 +178,7 @@ class SlipWatch {
   std::string shown_ = {};
   int sample_ = 0;
   int loads_ = 0;
+  int starts_ = -1;
   int loaded_ = 0;  ///< what the last Load click was about
   int reads_ = 0;   ///< readings since its caption came up
   int went_ = 0;
