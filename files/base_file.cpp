@@ -195,6 +195,8 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     station = Trim(run.SampTbl(0, 0));
     TakeReportHeading(kelp, {lines.begin() + static_cast<std::ptrdiff_t>(end), lines.end()});
   }
+  SetStatus(kelp, "");
+  TellConfigTroubles(kelp);
   const bool restored = OfferRestore(kelp);
   // The step that was restored goes on from "&Start", whatever prompt stood there.
   if (restored) SetButton(kelp, {.Caption = "&Start"});
