@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/door.hpp"
+#include "core/config.hpp"
 #include "core/find_control.hpp"
 #include "core/numbers.hpp"
 #include "tests/support/invariants.hpp"
@@ -48,6 +49,7 @@ class SlipWatch {
     caption_ = kelp.frmAcquire.Command1.Caption;
     sample_ = kelp.run.SampNum;
     loads_ = kelp.run.StationLoads;
+    wasReopened_ = kelp.run.Reopened;
     isLoaded_ = kelp.run.Loaded;
     readsNow_ = reads;
     ended_ = kelp.Ended;
@@ -74,6 +76,8 @@ class SlipWatch {
       return "a click on " + event_->Place.Screen + "." + event_->Place.Control + "(" +
              std::to_string(event_->Place.Index) + ") did and said nothing at [" + caption_ + "]";
     if (kelp.run.StationLoads != loads_ || kelp.run.CsvFile.empty()) {
+      const std::string left = LeftOver();
+      if (!left.empty()) return left;
       went_ = loaded_ = 0;
       values_ = Values::Of(kelp);
       return "";
@@ -111,6 +115,16 @@ class SlipWatch {
     const Item item = CaptionOf(kelp.run, caption).What;
     if (item == Item::Rb || item == Item::Ra) return sample;
     return -static_cast<int>(item);
+  }
+
+  // What a station brought in its own report, and the next new one still has.
+  [[nodiscard]] std::string LeftOver() const {
+    const RunState& run = kelp_->run;
+    const FrmAcquire& form = kelp_->frmAcquire;
+    if (!wasReopened_ || run.Reopened || run.CsvFile.empty() || run.Resume != ResumeAt::Nothing) return "";
+    if (form.txtStaInfo[kStaF].Text != CfgValue(run, kCfgMachineFactor)) return "F of the station before";
+    if (form.txtStaInfo[kStaTau].Text != CfgValue(run, kCfgAcidRatio)) return "tau of the station before";
+    return form.Combo1.Text != run.LoginInitials ? "analyst of the station before" : "";
   }
 
   // The sample that the operator went back to.
@@ -183,6 +197,7 @@ class SlipWatch {
   int reads_ = 0;   ///< readings since its caption came up
   int went_ = 0;
   bool next_ = false;
+  bool wasReopened_ = false;
   bool isLoaded_ = false;
   bool readsNow_ = false;
   bool ended_ = false;
