@@ -116,7 +116,6 @@ void cmdOK_Click(Kelp& kelp) {
   LoadBaseFile(kelp, run.BaseFile);
   kelp.frmAcquire.Combo1.Text = initials;
   SetButton(kelp, {.Caption = "&Start"});
-  TellConfigTroubles(kelp);
   UnloadScreen(kelp, "frmLogin", kelp.frmLogin);
 }
 

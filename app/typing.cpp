@@ -125,6 +125,10 @@ void EditControl(Kelp& kelp, const FocusPlace& place, const std::string& text) {
     SetStatus(kelp, "This value is shown for reading only.");
     return;
   }
+  if (IsAt(place, "frmAcquire", "Text4") || IsAt(place, "frmAcquire", "StatusBar1")) {
+    SetStatus(kelp, "This box holds the program's own words: nothing can be typed there.");
+    return;
+  }
   if (IsAt(place, "frmAcquire", "txtBlank")) {
     txtBlank_Change(kelp, place.Index, text);
     return;

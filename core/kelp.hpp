@@ -59,6 +59,9 @@ struct Kelp {
   std::string ConfigKnown;  ///< the configuration file as it was last read or written; "" for never
   std::string ConfigTried;  ///< what was last to be written into it: a write that failed late may have
   StoreNote Note;           ///< how the value that this event stores came to be
+  std::string TypedAt;      ///< where the operator is typing, and what stood there before the first key
+  std::string TypedBefore;
+  long TypedStores = 0;     ///< `run.Stores` after the last key
   long StoresBefore = 0;    ///< `run.Stores` when the event began
   std::string Status;   ///< the status text
   std::string Warning;  ///< stands in front of it until its cause is mended

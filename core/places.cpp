@@ -42,14 +42,22 @@ void TakeCell(Kelp& kelp, const Place& place, const std::string& value, bool inT
   if (place.Col == kColRb && place.Row == run.SampNum) run.RbReading = static_cast<float>(Val(value));
 }
 
+// A value is typed key by key: what it replaces is what stood there before the first one.
+std::string BeforeTyping(Kelp& kelp, const Place& place, const std::string& now, How way) {
+  const std::string name = way == How::Typed ? PlaceName(kelp, place) : "";
+  if (name.empty() || name != kelp.TypedAt || kelp.TypedStores != kelp.run.Stores) kelp.TypedBefore = now;
+  kelp.TypedAt = name;
+  return kelp.TypedBefore;
+}
+
 void Put(Kelp& kelp, const Place& place, const std::string& value, const StoreNote& note, bool inTable) {
   std::string& now = ValueIn(kelp, place);
-  const std::string before = now;
+  const std::string before = BeforeTyping(kelp, place, now, note.Way);
   const bool unread = before.empty() || (place.Box >= 0 && before == "0");
   now = value;
   if (place.Box >= 0) TakeBox(kelp, place.Box, value);
   if (place.Row >= 1) TakeCell(kelp, place, value, inTable);
-  ++kelp.run.Stores;
+  kelp.TypedStores = ++kelp.run.Stores;
   kelp.Note = note;
   SetStatus(kelp, PlaceName(kelp, place) + ": " + (unread ? "" : before + " -> ") + value + " (" +
                       kWays[static_cast<int>(note.Way)] + "). Ctrl+Z takes it back.");

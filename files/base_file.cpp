@@ -174,7 +174,11 @@ bool ReadBaseFile(Kelp& kelp, const std::string& path) {
     station = Trim(run.SampTbl(0, 0));
     TakeReportHeading(kelp, text.Report);
   }
+  SetStatus(kelp, "");
+  TellConfigTroubles(kelp);
   const bool restored = OfferRestore(kelp);
+  // The step that was restored goes on from "&Start", whatever prompt stood there.
+  if (restored) SetButton(kelp, {.Caption = "&Start"});
   ShowScreen(kelp, "frmAcquire");
   if (reopened && !restored && AnySampleRead(kelp)) {
     UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);

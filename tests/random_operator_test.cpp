@@ -150,7 +150,7 @@ class Operator {
   // The honest slips of a night watch.
   void Slip() {
     const int samples = std::max(1, int{kelp_->run.SampCount});
-    switch (Pick(random_, 8)) {
+    switch (Pick(random_, 9)) {
       case 0:
       case 1:
         Do({.Kind = EventKind::DblClick,
@@ -167,6 +167,14 @@ class Operator {
         Do(EventKind::Click, "frmChangeStep", "Command1", 0);
         break;
       case 6: Do({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1 + Pick(random_, 8)}); break;
+      case 7:
+        // A number that was typed may be that of a station saved before, and F that of another instrument.
+        Do(EventKind::Click, "frmAcquire", "Command6", -1);
+        if (Pick(random_, 3) == 0) Do(EventKind::Edit, "frmAcquire", "txtStaInfo", kStaF, "0.5");
+        if (Pick(random_, 2) == 0)
+          Do(EventKind::Edit, "frmAcquire", "txtStaInfo", kStaProcNum, std::to_string(1 + Pick(random_, 12)));
+        Do(EventKind::DblClick, "frmWhatsNext", "Option1", 0);
+        break;
       default: Do(EventKind::DblClick, "frmWhatsNext", "Option1", 2 + Pick(random_, 3)); break;
     }
   }

@@ -79,7 +79,10 @@ void Command4_Click(Kelp& kelp) {
   SetStatus(kelp, "[Back] leads nowhere from [" + caption + "].");
 }
 
-void Command6_Click(Kelp& kelp) { ShowScreen(kelp, "frmWhatsNext"); }
+void Command6_Click(Kelp& kelp) {
+  SetStatus(kelp, "Choose what's next in the chooser.");
+  ShowScreen(kelp, "frmWhatsNext");
+}
 
 void Option1_Click(Kelp& kelp, int index) {
   struct Row {

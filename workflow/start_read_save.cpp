@@ -6,6 +6,7 @@
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "workflow/accept.hpp"
+#include "workflow/run_controls.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
@@ -191,7 +192,7 @@ void Command1_Click(Kelp& kelp) {
       else
         PromptSelectedStep(kelp);
       break;
-    case Phase::Next: ShowScreen(kelp, "frmWhatsNext"); break;
+    case Phase::Next: Command6_Click(kelp); break;
     case Phase::Load:
     case Phase::Acid: StartItem(kelp, row.What); break;
     case Phase::Read: ReadItem(kelp, row); break;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/door.hpp"
+#include "core/config.hpp"
 #include "core/find_control.hpp"
 #include "core/numbers.hpp"
 #include "tests/support/invariants.hpp"
@@ -41,12 +42,14 @@ class SlipWatch {
  public:
   /// Call it before an event or a pass. A pass with a reading is told by `reads`.
   void Before(Kelp& kelp, const Event* event, bool reads) {
+    if (kelp_ != &kelp || starts_ != kelp.run.StationLoads) values_ = Values::Of(kelp);
     kelp_ = &kelp;
+    starts_ = kelp.run.StationLoads;
     event_ = event;
-    values_ = Values::Of(kelp);
     caption_ = kelp.frmAcquire.Command1.Caption;
     sample_ = kelp.run.SampNum;
     loads_ = kelp.run.StationLoads;
+    wasReopened_ = kelp.run.Reopened;
     isLoaded_ = kelp.run.Loaded;
     readsNow_ = reads;
     ended_ = kelp.Ended;
@@ -63,16 +66,22 @@ class SlipWatch {
   std::string After() {
     const Kelp& kelp = *kelp_;
     if (kelp.Ended || ended_) return "";
+    // A pass that leaves the button alone has stored nothing.
+    const bool looks = event_ != nullptr || kelp.frmAcquire.Command1.Caption != caption_;
+    if (readsNow_) ++reads_;
+    if (!looks && kelp.run.StationLoads == loads_) return "";
     const std::string disagreement = kelp.frmAcquire.Form.Loaded ? Disagreement(kelp) : "";
     if (!disagreement.empty()) return disagreement;
     if (!shown_.empty() && !asked && kelp.Status.empty() && shown_ == kelp::Shown(*kelp_))
       return "a click on " + event_->Place.Screen + "." + event_->Place.Control + "(" +
-             std::to_string(event_->Place.Index) + ") did and said nothing";
+             std::to_string(event_->Place.Index) + ") did and said nothing at [" + caption_ + "]";
     if (kelp.run.StationLoads != loads_ || kelp.run.CsvFile.empty()) {
+      const std::string left = LeftOver();
+      if (!left.empty()) return left;
       went_ = loaded_ = 0;
+      values_ = Values::Of(kelp);
       return "";
     }
-    if (readsNow_) ++reads_;
     WatchWay();
     const std::string wrong = WrongValue();
     WatchLoad();
@@ -106,6 +115,16 @@ class SlipWatch {
     const Item item = CaptionOf(kelp.run, caption).What;
     if (item == Item::Rb || item == Item::Ra) return sample;
     return -static_cast<int>(item);
+  }
+
+  // What a station brought in its own report, and the next new one still has.
+  [[nodiscard]] std::string LeftOver() const {
+    const RunState& run = kelp_->run;
+    const FrmAcquire& form = kelp_->frmAcquire;
+    if (!wasReopened_ || run.Reopened || run.CsvFile.empty() || run.Resume != ResumeAt::Nothing) return "";
+    if (form.txtStaInfo[kStaF].Text != CfgValue(run, kCfgMachineFactor)) return "F of the station before";
+    if (form.txtStaInfo[kStaTau].Text != CfgValue(run, kCfgAcidRatio)) return "tau of the station before";
+    return form.Combo1.Text != run.LoginInitials ? "analyst of the station before" : "";
   }
 
   // The sample that the operator went back to.
@@ -143,6 +162,7 @@ class SlipWatch {
       wrong = "a value was saved after " + std::to_string(reads_) + " reads";
     if (next_) went_ = 0;
     next_ = false;
+    values_ = now;
     return wrong.empty() ? "" : wrong + " at [" + caption_ + "], loaded " + std::to_string(loaded_);
   }
 
@@ -172,10 +192,12 @@ class SlipWatch {
   std::string shown_ = {};
   int sample_ = 0;
   int loads_ = 0;
+  int starts_ = -1;
   int loaded_ = 0;  ///< what the last Load click was about
   int reads_ = 0;   ///< readings since its caption came up
   int went_ = 0;
   bool next_ = false;
+  bool wasReopened_ = false;
   bool isLoaded_ = false;
   bool readsNow_ = false;
   bool ended_ = false;
