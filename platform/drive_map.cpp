@@ -4,12 +4,18 @@
 #include <vector>
 
 #include "platform/error.hpp"
+#include "platform/file_name.hpp"
 
 namespace kelp {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+// Windows ignores letter case by itself, and has names that it refuses or takes for something else.
+constexpr bool kHostIsWindows = fs::path::preferred_separator == '\\';
+// Beyond so many characters its own functions have to be asked (platform/windows).
+constexpr std::size_t kLongPath = 240;
 
 char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -49,6 +55,8 @@ std::vector<std::string> NamesOf(const std::string& path) {
     if (name.find_first_of("/:") != std::string::npos)
       throw FileError(path,
                       "\"" + name + "\" holds a / or :, which no name may hold; use \\ between folders");
+    if (const std::string why = kHostIsWindows ? WhyNoWindowsName(name) : ""; !why.empty())
+      throw FileError(path, "\"" + name + "\" " + why);
     names.push_back(name);
   }
   return names;
@@ -56,9 +64,8 @@ std::vector<std::string> NamesOf(const std::string& path) {
 
 bool Below(const fs::path& place, const fs::path& folder) {
   // Where the host itself ignores letter case, one folder may come written in two ways.
-  constexpr bool kHostIgnoresCase = fs::path::preferred_separator == '\\';
   const auto same = [](const fs::path& a, const fs::path& b) {
-    return a == b || (kHostIgnoresCase && SameName(Text(a), Text(b)));
+    return a == b || (kHostIsWindows && SameName(Text(a), Text(b)));
   };
   return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end(), same).first == folder.end();
 }
@@ -130,6 +137,10 @@ fs::path DriveMap::HostPath(const std::string& path) const {
   fs::path place = drive;
   for (const std::string& name : NamesOf(path)) {
     fs::path next = place / HostName(path, name);
+    if (kHostIsWindows && next.native().size() >= kLongPath) {
+      place = next;
+      continue;
+    }
     fs::file_type type = TypeOf(path, next);
     if (type == fs::file_type::not_found) {
       const fs::path other = InAnyCase(path, place, next);

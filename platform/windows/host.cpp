@@ -2,10 +2,9 @@
 #include "platform/host.hpp"
 
 #include <windows.h>
-// after windows.h
-#include <shellapi.h>
 
 #include <chrono>
+#include <cstdio>
 
 namespace kelp {
 
@@ -24,8 +23,13 @@ std::int64_t HostMilliseconds() {
 
 std::filesystem::path HostDataFolder() { return {}; }
 
-// What main() gets has lost the letters that the code page of the machine does not know.
+// What main() gets has lost the letters that the code page of the machine does not know. A program with
+// windows has no terminal by itself: --help goes to the one that it was started from.
 std::vector<std::string> HostArguments(int count, char** /*words*/) {
+  if (::GetStdHandle(STD_OUTPUT_HANDLE) == nullptr && ::AttachConsole(ATTACH_PARENT_PROCESS) != 0) {
+    static_cast<void>(std::freopen("CONOUT$", "w", stdout));
+    static_cast<void>(std::freopen("CONOUT$", "w", stderr));
+  }
   std::vector<std::string> arguments;
   wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
   for (int i = 1; i < count; ++i) arguments.push_back(std::filesystem::path(words[i]).string());
