@@ -5,6 +5,7 @@
 
 #include "platform/error.hpp"
 #include "platform/file_name.hpp"
+#include "platform/path_text.hpp"
 
 namespace kelp {
 
@@ -26,17 +27,11 @@ bool SameName(const std::string& a, const std::string& b) {
                     [](char x, char y) { return LowerLetter(x) == LowerLetter(y); });
 }
 
-// Program paths are UTF-8 everywhere; a host where names are bytes gets the bytes as they are.
-std::string Text(const fs::path& place) {
-  const std::u8string text = place.u8string();
-  return {text.begin(), text.end()};
-}
-
-std::string NameOf(const fs::path& place) { return Text(place.filename()); }
+std::string NameOf(const fs::path& place) { return TextOf(place.filename()); }
 
 fs::path HostName(const std::string& path, const std::string& name) {
   try {
-    return {std::u8string(name.begin(), name.end())};
+    return PlaceOf(name);
   } catch (const std::exception&) {
     throw FileError(path, "\"" + name + "\" holds letters that this machine can't read; use others");
   }
@@ -65,7 +60,7 @@ std::vector<std::string> NamesOf(const std::string& path) {
 bool Below(const fs::path& place, const fs::path& folder) {
   // Where the host itself ignores letter case, one folder may come written in two ways.
   const auto same = [](const fs::path& a, const fs::path& b) {
-    return a == b || (kHostIsWindows && SameName(Text(a), Text(b)));
+    return a == b || (kHostIsWindows && SameName(TextOf(a), TextOf(b)));
   };
   return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end(), same).first == folder.end();
 }
@@ -168,7 +163,7 @@ std::optional<std::string> DriveMap::ProgramPath(const fs::path& place) const {
   std::advance(name, std::distance(best.begin(), best.end()));
   if (name == wanted.end()) return path + "\\";
   for (; name != wanted.end(); ++name) {
-    const std::string text = Text(*name);
+    const std::string text = TextOf(*name);
     if (text.find_first_of("\\/:") != std::string::npos) return std::nullopt;
     path += "\\" + text;
   }

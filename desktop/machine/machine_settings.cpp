@@ -16,7 +16,7 @@ const QString kProgram = QStringLiteral("kelp");
 void MakeFolders(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (error) throw FileError(folder.string(), "can't be made (" + error.message() + ")");
+  if (error) throw FileError(FromPath(folder).toStdString(), "can't be made (" + error.message() + ")");
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "platform/path_text.hpp"
+
 namespace kelp {
 
 LocalTime HostNow() {
@@ -32,7 +34,7 @@ std::vector<std::string> HostArguments(int count, char** /*words*/) {
   }
   std::vector<std::string> arguments;
   wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-  for (int i = 1; i < count; ++i) arguments.push_back(std::filesystem::path(words[i]).string());
+  for (int i = 1; i < count; ++i) arguments.push_back(TextOf(words[i]));
   ::LocalFree(words);
   ::SetConsoleOutputCP(CP_UTF8);
   return arguments;
