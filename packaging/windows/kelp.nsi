@@ -55,7 +55,12 @@ Function .onInit
     Quit
   ${EndIf}
   SetRegView 64
+  ; The folder of /D=, which the choice of users would set aside.
+  StrCpy $9 $INSTDIR
   !insertmacro MULTIUSER_INIT
+  ${If} $9 != ""
+    StrCpy $INSTDIR $9
+  ${EndIf}
 FunctionEnd
 
 Function un.onInit
