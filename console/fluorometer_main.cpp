@@ -17,7 +17,7 @@
 #include "console/instrument_end.hpp"
 #include "console/script_words.hpp"
 #include "console/simulated_fluorometer.hpp"
-#include "platform/host.hpp"
+#include "platform/arguments.hpp"
 
 namespace kelp {
 

@@ -3,7 +3,7 @@
 
 #include "console/console.hpp"
 #include "console/options.hpp"
-#include "platform/host.hpp"
+#include "platform/arguments.hpp"
 
 int main(int argc, char** argv) {
   const kelp::ConsoleOptions options = kelp::ReadOptions(kelp::HostArguments(argc, argv));

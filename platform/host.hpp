@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/disk.hpp"
 #include "platform/drive_map.hpp"
@@ -30,9 +29,6 @@ std::int64_t HostMilliseconds();
 /// Where the drives lie unless told otherwise: `$XDG_DATA_HOME/kelp`, or `~/.local/share/kelp`; on
 /// Windows an empty path, for the machine's own drives. Throws FileError when the user has no home.
 std::filesystem::path HostDataFolder();
-
-/// The words of the command line behind the program's name, in UTF-8.
-std::vector<std::string> HostArguments(int count, char** words);
 
 /// The device of a serial port number: "/dev/ttyS<N-1>", on Windows "COMN".
 std::string HostPortDevice(int number);

@@ -2,6 +2,7 @@
 #include "console/instrument_end.hpp"
 
 #include <filesystem>
+#include <stdexcept>
 
 #include "console/posix/pseudo_terminal.hpp"
 
@@ -13,12 +14,19 @@ class TerminalEnd : public InstrumentEnd {
  public:
   explicit TerminalEnd(std::filesystem::path link) : link_(std::move(link)) {
     if (link_.empty()) return;
-    std::filesystem::remove(link_);
+    // Only a link of an earlier time gives way: anything else there is somebody's file.
+    std::error_code missing;
+    const auto status = std::filesystem::symlink_status(link_, missing);
+    if (std::filesystem::is_symlink(status))
+      std::filesystem::remove(link_);
+    else if (std::filesystem::exists(status))
+      throw std::runtime_error("--link " + link_.string() +
+                               ": a file or folder of that name is there; choose a name that is free");
     std::filesystem::create_symlink(terminal_.Path(), link_);
   }
   ~TerminalEnd() override {
     std::error_code ignored;
-    if (!link_.empty()) std::filesystem::remove(link_, ignored);
+    if (std::filesystem::is_symlink(link_, ignored)) std::filesystem::remove(link_, ignored);
   }
   TerminalEnd(const TerminalEnd&) = delete;
   TerminalEnd& operator=(const TerminalEnd&) = delete;

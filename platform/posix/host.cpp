@@ -40,8 +40,6 @@ std::filesystem::path HostDataFolder() {
   return std::filesystem::path(home) / ".local/share/kelp";
 }
 
-std::vector<std::string> HostArguments(int count, char** words) { return {words + 1, words + count}; }
-
 std::string HostPortDevice(int number) { return "/dev/ttyS" + std::to_string(number - 1); }
 
 }  // namespace kelp

@@ -4,9 +4,6 @@
 #include <windows.h>
 
 #include <chrono>
-#include <cstdio>
-
-#include "platform/path_text.hpp"
 
 namespace kelp {
 
@@ -24,21 +21,6 @@ std::int64_t HostMilliseconds() {
 }
 
 std::filesystem::path HostDataFolder() { return {}; }
-
-// What main() gets has lost the letters that the code page of the machine does not know. A program with
-// windows has no terminal by itself: --help goes to the one that it was started from.
-std::vector<std::string> HostArguments(int count, char** /*words*/) {
-  if (::GetStdHandle(STD_OUTPUT_HANDLE) == nullptr && ::AttachConsole(ATTACH_PARENT_PROCESS) != 0) {
-    static_cast<void>(std::freopen("CONOUT$", "w", stdout));
-    static_cast<void>(std::freopen("CONOUT$", "w", stderr));
-  }
-  std::vector<std::string> arguments;
-  wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-  for (int i = 1; i < count; ++i) arguments.push_back(TextOf(words[i]));
-  ::LocalFree(words);
-  ::SetConsoleOutputCP(CP_UTF8);
-  return arguments;
-}
 
 std::string HostPortDevice(int number) { return "COM" + std::to_string(number); }
 
