@@ -2,6 +2,9 @@
 #                demo station in the terminal
 # make test      builds everything and runs all tests
 # make package   makes the Debian package, in build/package, and lets lintian look at it
+# make windows   makes the installer and the zip for Windows, in build/windows; the first time it builds Qt,
+#                which takes 35 minutes (tools/windows-qt)
+# make test-windows   tests all of that under Wine
 # make lint      checks format and code
 # make format    formats the code
 # make bench     builds the benchmarks, in build/bench
@@ -17,7 +20,7 @@ CONFIGURE = cmake --log-level=WARNING -DKELP_WERROR=$(KELP_WERROR)
 export CCACHE_BASEDIR = $(CURDIR)
 export CCACHE_NOHASHDIR = 1
 
-.PHONY: run test package lint format bench sanitize clean
+.PHONY: run test package windows test-windows lint format bench sanitize clean
 
 run:
 	@tools/install-deps run
@@ -52,6 +55,14 @@ package:
 	cmake --build build/package -j $(JOBS)
 	cd build/package && cpack
 	lintian --fail-on error,warning build/package/kelp_*.deb
+
+windows:
+	@tools/install-deps windows
+	JOBS=$(JOBS) tools/windows-build
+
+test-windows:
+	@tools/install-deps windows
+	JOBS=$(JOBS) tools/test-windows
 
 lint:
 	@tools/install-deps lint

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "console/instrument_end.hpp"
-#include "platform/host.hpp"
+#include "platform/arguments.hpp"
 #include "script/words.hpp"
 #include "simulator/simulated_fluorometer.hpp"
 

@@ -3,7 +3,7 @@
 
 #include "console/console.hpp"
 #include "console/review/review_command.hpp"
-#include "platform/host.hpp"
+#include "platform/arguments.hpp"
 #include "script/options.hpp"
 
 int main(int argc, char** argv) {

@@ -8,7 +8,7 @@
 #include "desktop/machine/desktop_run.hpp"
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/window_script_host.hpp"
-#include "platform/host.hpp"
+#include "platform/arguments.hpp"
 
 namespace {
 

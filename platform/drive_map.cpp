@@ -4,12 +4,19 @@
 #include <vector>
 
 #include "platform/error.hpp"
+#include "platform/file_name.hpp"
+#include "platform/path_text.hpp"
 
 namespace kelp {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+// Windows ignores letter case by itself, and has names that it refuses or takes for something else.
+constexpr bool kHostIsWindows = fs::path::preferred_separator == '\\';
+// Beyond so many characters its own functions have to be asked (platform/windows).
+constexpr std::size_t kLongPath = 240;
 
 char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -20,17 +27,11 @@ bool SameName(const std::string& a, const std::string& b) {
                     [](char x, char y) { return LowerLetter(x) == LowerLetter(y); });
 }
 
-// Program paths are UTF-8 everywhere; a host where names are bytes gets the bytes as they are.
-std::string Text(const fs::path& place) {
-  const std::u8string text = place.u8string();
-  return {text.begin(), text.end()};
-}
-
-std::string NameOf(const fs::path& place) { return Text(place.filename()); }
+std::string NameOf(const fs::path& place) { return TextOf(place.filename()); }
 
 fs::path HostName(const std::string& path, const std::string& name) {
   try {
-    return {std::u8string(name.begin(), name.end())};
+    return PlaceOf(name);
   } catch (const std::exception&) {
     throw FileError(path, "\"" + name + "\" holds letters that this machine can't read; use others");
   }
@@ -49,6 +50,8 @@ std::vector<std::string> NamesOf(const std::string& path) {
     if (name.find_first_of("/:") != std::string::npos)
       throw FileError(path,
                       "\"" + name + "\" holds a / or :, which no name may hold; use \\ between folders");
+    if (const std::string why = kHostIsWindows ? WhyNoWindowsName(name) : ""; !why.empty())
+      throw FileError(path, "\"" + name + "\" " + why);
     names.push_back(name);
   }
   return names;
@@ -56,9 +59,8 @@ std::vector<std::string> NamesOf(const std::string& path) {
 
 bool Below(const fs::path& place, const fs::path& folder) {
   // Where the host itself ignores letter case, one folder may come written in two ways.
-  constexpr bool kHostIgnoresCase = fs::path::preferred_separator == '\\';
   const auto same = [](const fs::path& a, const fs::path& b) {
-    return a == b || (kHostIgnoresCase && SameName(Text(a), Text(b)));
+    return a == b || (kHostIsWindows && SameName(TextOf(a), TextOf(b)));
   };
   return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end(), same).first == folder.end();
 }
@@ -130,6 +132,10 @@ fs::path DriveMap::HostPath(const std::string& path) const {
   fs::path place = drive;
   for (const std::string& name : NamesOf(path)) {
     fs::path next = place / HostName(path, name);
+    if (kHostIsWindows && next.native().size() >= kLongPath) {
+      place = next;
+      continue;
+    }
     fs::file_type type = TypeOf(path, next);
     if (type == fs::file_type::not_found) {
       const fs::path other = InAnyCase(path, place, next);
@@ -157,7 +163,7 @@ std::optional<std::string> DriveMap::ProgramPath(const fs::path& place) const {
   std::advance(name, std::distance(best.begin(), best.end()));
   if (name == wanted.end()) return path + "\\";
   for (; name != wanted.end(); ++name) {
-    const std::string text = Text(*name);
+    const std::string text = TextOf(*name);
     if (text.find_first_of("\\/:") != std::string::npos) return std::nullopt;
     path += "\\" + text;
   }

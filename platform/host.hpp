@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/disk.hpp"
 #include "platform/drive_map.hpp"
@@ -37,8 +36,6 @@ std::string HostUserName();
 
 /// Creates a folder and those above it, each name flushed to the disk. Throws FileError.
 void MakeHostFolder(const std::filesystem::path& folder);
-/// The words of the command line behind the program's name, in UTF-8.
-std::vector<std::string> HostArguments(int count, char** words);
 
 /// The device of a serial port number: "/dev/ttyS<N-1>", on Windows "COMN".
 std::string HostPortDevice(int number);

@@ -5,6 +5,7 @@
 
 #include "core/date_time.hpp"
 #include "core/text.hpp"
+#include "platform/path_text.hpp"
 
 namespace kelp {
 
@@ -48,7 +49,7 @@ std::optional<Number> WholeNumber(std::string_view text) {
 std::string TakeDrive(ConsoleOptions& options, const std::string& value) {
   if (value.size() < 3 || value[1] != '=' || std::isalpha(static_cast<unsigned char>(value[0])) == 0)
     return "--drive wants X=DIR, such as q=/data/vault, not \"" + value + "\"";
-  options.Drive[value[0]] = value.substr(2);
+  options.Drive[value[0]] = PlaceOf(value.substr(2));
   return {};
 }
 
@@ -91,7 +92,7 @@ std::string TakeClock(ConsoleOptions& options, const std::string& value) {
 
 std::string TakeValue(ConsoleOptions& options, std::string_view name, const std::string& value) {
   if (name == "--drives") {
-    options.Drives = value;
+    options.Drives = PlaceOf(value);
     return value.empty() ? "--drives wants a folder" : "";
   }
   if (name == "--drive") return TakeDrive(options, value);

@@ -6,6 +6,7 @@
 
 #include "script/words.hpp"
 #include "core/text.hpp"
+#include "platform/path_text.hpp"
 
 namespace kelp {
 
@@ -62,8 +63,8 @@ void ScriptPlayer::PlayFile(const std::string& script) {
   const bool outermost = scripts_.empty();
   if (outermost) scripts_.push_back(script);
   std::error_code error;
-  std::ifstream file(script, std::ios::binary);
-  if (std::filesystem::is_directory(script, error) || !file)
+  std::ifstream file(PlaceOf(script), std::ios::binary);
+  if (std::filesystem::is_directory(PlaceOf(script), error) || !file)
     ScriptIsWrong("the script \"" + script + "\" can't be read");
   if (outermost) scripts_.pop_back();
   PlayLines(script, file);
@@ -134,16 +135,15 @@ void ScriptPlayer::Fail(const std::string& what) const {
 }
 
 void ScriptPlayer::Include(std::string_view rest) {
-  const std::filesystem::path name{std::string(rest)};
+  const std::filesystem::path name = PlaceOf(rest);
   if (name.empty()) ScriptIsWrong("the name of a script is missing");
   if (scripts_.size() >= kMostScripts)
     ScriptIsWrong("scripts include each other more than " + std::to_string(kMostScripts) + " deep");
-  std::filesystem::path folder =
-      scripts_.back() == "-" ? "" : std::filesystem::path(scripts_.back()).parent_path();
-  const std::string script = (folder / name).string();
+  std::filesystem::path folder = scripts_.back() == "-" ? "" : PlaceOf(scripts_.back()).parent_path();
+  const std::string script = TextOf(folder / name);
   std::error_code error;
   for (const std::string& open : scripts_)
-    if (open != "-" && std::filesystem::equivalent(open, script, error))
+    if (open != "-" && std::filesystem::equivalent(PlaceOf(open), PlaceOf(script), error))
       ScriptIsWrong("the script \"" + script + "\" includes itself");
   PlayFile(script);
 }

@@ -27,7 +27,7 @@ QString CueKey(Cue cue) { return QStringLiteral("sounds/%1").arg(static_cast<int
 void MakeFolders(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (error) throw FileError(folder.string(), "can't be made (" + error.message() + ")");
+  if (error) throw FileError(FromPath(folder).toStdString(), "can't be made (" + error.message() + ")");
 }
 
 }  // namespace

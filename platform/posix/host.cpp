@@ -60,7 +60,6 @@ void MakeHostFolder(const std::filesystem::path& folder) {
   if (error == 0) error = FlushFolder(folder.parent_path());
   if (error != 0) Fail(folder.string(), error, Doing::Writing);
 }
-std::vector<std::string> HostArguments(int count, char** words) { return {words + 1, words + count}; }
 
 std::string HostPortDevice(int number) { return "/dev/ttyS" + std::to_string(number - 1); }
 

@@ -14,7 +14,8 @@ void Handle::Close() {
 std::string Reason(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND: return "does not exist";
-    case ERROR_PATH_NOT_FOUND: return "its folder does not exist; make the folder or correct the path";
+    case ERROR_PATH_NOT_FOUND:
+      return "its folder or drive does not exist; connect the drive, make the folder or correct the path";
     case ERROR_INVALID_NAME: return "no file can have this name; correct the path";
     case ERROR_ACCESS_DENIED:
       return "permission denied; give this user the right to it and clear its read-only mark";

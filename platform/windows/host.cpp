@@ -2,8 +2,6 @@
 #include "platform/host.hpp"
 
 #include <windows.h>
-// after windows.h
-#include <shellapi.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -46,16 +44,6 @@ void MakeHostFolder(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) Fail(folder.string(), static_cast<DWORD>(error.value()));
-}
-
-// What main() gets has lost the letters that the code page of the machine does not know.
-std::vector<std::string> HostArguments(int count, char** /*words*/) {
-  std::vector<std::string> arguments;
-  wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-  for (int i = 1; i < count; ++i) arguments.push_back(std::filesystem::path(words[i]).string());
-  ::LocalFree(words);
-  ::SetConsoleOutputCP(CP_UTF8);
-  return arguments;
 }
 
 std::string HostPortDevice(int number) { return "COM" + std::to_string(number); }

@@ -3,6 +3,7 @@
 #include "platform/error.hpp"
 #include "platform/host_disk.hpp"
 #include "platform/windows/handle.hpp"
+#include "platform/windows/long_path.hpp"
 
 namespace kelp {
 
@@ -16,7 +17,7 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 // The attributes of a file or folder; INVALID_FILE_ATTRIBUTES when there is nothing of that name.
 DWORD Attributes(const std::string& path, const fs::path& place) {
-  const DWORD attributes = ::GetFileAttributesW(place.c_str());
+  const DWORD attributes = ::GetFileAttributesW(LongPath(place).c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES) return attributes;
   const DWORD error = ::GetLastError();
   if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Fail(path, error);
@@ -32,14 +33,28 @@ void RefuseFolder(const std::string& path, const fs::path& place) {
   if (IsFolderThere(path, place)) throw FileError(path, "is a folder");
 }
 
+// A file that is marked so can't be replaced, but the system would say so only after the content was written.
+void RefuseReadOnly(const std::string& path, const fs::path& place) {
+  const DWORD attributes = Attributes(path, place);
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+    Fail(path, ERROR_ACCESS_DENIED);
+}
+
+// Another program has the file open: what a replacement is refused for then sounds like a missing right.
+bool IsHeld(const fs::path& place) {
+  const Handle file(
+      ::CreateFileW(LongPath(place).c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  return !file.IsOpen() && ::GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 // Writes `content` beside `place`, flushes it, and lets it take that name. Without `mayReplace` an
 // existing file of that name is an error.
 void WriteBeside(const std::string& path, const fs::path& place, const std::string& content,
                  bool mayReplace) {
   static unsigned count = 0;
-  const fs::path name =
+  const std::wstring name = LongPath(
       place.parent_path() / (L"." + place.filename().wstring() + std::wstring(kTemporaryMark) +
-                             std::to_wstring(::GetCurrentProcessId()) + L"-" + std::to_wstring(count++));
+                             std::to_wstring(::GetCurrentProcessId()) + L"-" + std::to_wstring(count++)));
   Handle file(
       ::CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
   if (!file.IsOpen()) Fail(path, ::GetLastError());
@@ -48,8 +63,10 @@ void WriteBeside(const std::string& path, const fs::path& place, const std::stri
   file.Close();
   if (error == 0 && ::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL) == 0) error = ::GetLastError();
   const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0U);
-  if (error == 0 && ::MoveFileExW(name.c_str(), place.c_str(), flags) == 0) error = ::GetLastError();
+  if (error == 0 && ::MoveFileExW(name.c_str(), LongPath(place).c_str(), flags) == 0)
+    error = ::GetLastError();
   if (error == 0) return;
+  if (error == ERROR_ACCESS_DENIED && IsHeld(place)) error = ERROR_SHARING_VIOLATION;
   ::DeleteFileW(name.c_str());
   Fail(path, error);
 }
@@ -88,16 +105,18 @@ bool HostDisk::AnyFileIn(const std::string& folder) { return !FilesIn(folder).em
 std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
   std::vector<std::string> names;
   if (!IsFolder(folder)) return names;
-  std::error_code error;
-  for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code unknown;
-    const std::u8string name = entry->path().filename().u8string();
-    if (entry->is_regular_file(unknown) &&
-        entry->path().filename().wstring().find(kTemporaryMark) == std::wstring::npos)
-      names.emplace_back(name.begin(), name.end());
-  }
-  if (error) Fail(folder, static_cast<DWORD>(error.value()));
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = ::FindFirstFileW((LongPath(drives_.HostPath(folder)) + L"\\*").c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) Fail(folder, ::GetLastError());
+  do {
+    const std::wstring_view name = entry.cFileName;
+    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || name.find(kTemporaryMark) != name.npos) continue;
+    const std::u8string text = fs::path(name).u8string();
+    names.emplace_back(text.begin(), text.end());
+  } while (::FindNextFileW(search, &entry) != 0);
+  const DWORD error = ::GetLastError();
+  ::FindClose(search);
+  if (error != ERROR_NO_MORE_FILES) Fail(folder, error);
   return names;
 }
 
@@ -105,7 +124,7 @@ std::string HostDisk::Read(const std::string& path) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
   const Handle file(
-      ::CreateFileW(place.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+      ::CreateFileW(LongPath(place).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!file.IsOpen()) Fail(path, ::GetLastError());
   const long long size = SizeOf(path, file);
   if (size > kLargest)
@@ -121,10 +140,7 @@ std::string HostDisk::Read(const std::string& path) {
 void HostDisk::Replace(const std::string& path, const std::string& content) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
-  const DWORD attributes = Attributes(path, place);
-  // A move would fail here too, but only after the content was written.
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
-    Fail(path, ERROR_ACCESS_DENIED);
+  RefuseReadOnly(path, place);
   WriteBeside(path, place, content, true);
   doubtful_.erase(place);
 }
@@ -132,13 +148,14 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
 void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
+  RefuseReadOnly(path, place);
   if (doubtful_.contains(place) && Exists(path)) {
     const std::string content = Read(path);
     Replace(path, content + (content.empty() || content.ends_with('\n') ? "" : "\r\n") + text);
     return;
   }
-  const Handle file(::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const Handle file(::CreateFileW(LongPath(place).c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file.IsOpen()) Fail(path, ::GetLastError());
   const long long size = SizeOf(path, file);
   // After the last byte was read the file stands at its end.
@@ -174,7 +191,7 @@ void HostDisk::Keep(const std::string& path, const std::string& newPath) {
   if (!Exists(path)) throw FileError(path, "does not exist");
   RefuseFolder(path, place);
   if (Exists(newPath)) throw FileError(newPath, "exists already; choose another name");
-  if (::CreateHardLinkW(newPlace.c_str(), place.c_str(), nullptr) != 0) return;
+  if (::CreateHardLinkW(LongPath(newPlace).c_str(), LongPath(place).c_str(), nullptr) != 0) return;
   // A memory stick knows no second names: a copy serves as well.
   WriteBeside(newPath, newPlace, Read(path), false);
 }
@@ -192,7 +209,7 @@ void HostDisk::Move(const std::string& path, const std::string& newPath) {
 void HostDisk::Remove(const std::string& path) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
-  const DWORD error = ::DeleteFileW(place.c_str()) != 0 ? 0 : ::GetLastError();
+  const DWORD error = ::DeleteFileW(LongPath(place).c_str()) != 0 ? 0 : ::GetLastError();
   if (error != 0 && error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Fail(path, error);
   doubtful_.erase(place);
 }
@@ -203,9 +220,13 @@ bool HostDisk::MakeFolder(const std::string& path) {
     if (!IsFolder(path)) throw FileError(path, "is a file; choose another name for the folder");
     return false;
   }
-  std::error_code error;
-  fs::create_directories(place, error);
-  if (error) Fail(path, static_cast<DWORD>(error.value()));
+  fs::path folder = place.root_path();
+  for (const fs::path& name : place.relative_path()) {
+    folder /= name;
+    if (::CreateDirectoryW(LongPath(folder).c_str(), nullptr) != 0) continue;
+    const DWORD error = ::GetLastError();
+    if (!IsFolderThere(path, folder)) Fail(path, error);
+  }
   return true;
 }
 
@@ -214,8 +235,8 @@ bool HostDisk::Claim(const std::string& path) {
   if (claims_.contains(place)) return true;
   RefuseFolder(path, place);
   // Nobody else can open it while it is open without a share.
-  const HANDLE file = ::CreateFileW(place.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file = ::CreateFileW(LongPath(place).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_SHARING_VIOLATION) return false;
   if (file == INVALID_HANDLE_VALUE) Fail(path, ::GetLastError());
   claims_.emplace(place, std::make_shared<Handle>(file));

@@ -3,6 +3,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/path_text.hpp"
+
 namespace kelp {
 
 namespace {
@@ -10,7 +12,7 @@ namespace {
 // The name of a device among the machine's devices, without which COM10 and above are not found.
 std::wstring DeviceName(std::string device) {
   if (device.ends_with(':')) device.pop_back();
-  const std::filesystem::path name(std::u8string(device.begin(), device.end()));
+  const std::filesystem::path name = PlaceOf(device);
   return (device.starts_with("\\\\") ? L"" : L"\\\\.\\") + name.wstring();
 }
 

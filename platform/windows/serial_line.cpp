@@ -5,6 +5,7 @@
 #include <atomic>
 #include <optional>
 
+#include "platform/path_text.hpp"
 #include "platform/serial_settings.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/serial_device.hpp"
@@ -191,7 +192,7 @@ std::vector<std::string> SerialDevices() {
     if (status == ERROR_NO_MORE_ITEMS) break;
     if (status != 0 || type != REG_SZ) continue;
     device[bytes / sizeof *device] = L'\0';
-    devices.push_back(std::filesystem::path(device).string());
+    devices.push_back(TextOf(device));
   }
   ::RegCloseKey(key);
   // COM3 stands before COM10.

@@ -1,8 +1,9 @@
 #!/bin/bash
 # A station over a real pseudo-terminal at a hundred lines a second, with an unplugged cable on the way.
-# Usage: pty_station.sh CONSOLE FLUOROMETER FOLDER
+# Usage: pty_station.sh CONSOLE FLUOROMETER FOLDER [DEVICE]. A console of Windows knows the link FOLDER/port by
+# the name DEVICE.
 set -u
-console=$1 fluorometer=$2 folder=$3
+console=$1 fluorometer=$2 folder=$3 device=${4:-$3/port}
 rm -rf "$folder"
 mkdir -p "$folder"
 mkfifo "$folder/commands" "$folder/script" "$folder/shown"
@@ -13,7 +14,7 @@ refused=$("$fluorometer" --link "$folder/file" 2>&1 </dev/null)
   { echo "--link: $refused"; exit 1; }
 "$fluorometer" --rate 100 --link "$folder/port" <"$folder/commands" >"$folder/paths" &
 instrument_pid=$!
-"$console" --quick --drives "$folder/drives" --port 1="$folder/port" --instrument device \
+"$console" --quick --drives "$folder/drives" --port 1="$device" --instrument device \
   <"$folder/script" >"$folder/shown" 2>"$folder/err" &
 console_pid=$!
 trap 'kill $instrument_pid $console_pid 2>/dev/null' EXIT

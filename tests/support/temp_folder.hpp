@@ -1,10 +1,10 @@
 // A folder of its own for a test, gone with its scope.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 namespace kelp {
@@ -12,8 +12,10 @@ namespace kelp {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "kelp-test-XXXXXX").string();
-    Path = std::filesystem::canonical(::mkdtemp(name.data()));
+    std::random_device random;
+    const auto folder = std::filesystem::canonical(std::filesystem::temp_directory_path());
+    do Path = folder / ("kelp-test-" + std::to_string(random()));
+    while (!std::filesystem::create_directory(Path));
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;

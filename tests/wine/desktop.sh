@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# The installer and the desktop of Windows under Wine: desktop.sh WINDOWS_BUILD LINUX_BUILD FOLDER. It installs
+# into a new prefix, plays a whole station in the real windows, looks at them, upgrades and uninstalls.
+set -euo pipefail
+windows=$(realpath "$1") linux=$(realpath "$2") folder=$(realpath -m "$3")
+here=$(cd "$(dirname "$0")/../.." && pwd)
+if [ -z "${KELP_ON_DISPLAY-}" ]; then
+  KELP_ON_DISPLAY=1 exec "$here/tests/desktop/on_a_display.sh" "$0" "$windows" "$linux" "$folder"
+fi
+wine=$here/tools/wine
+setup=$(ls "$windows"/kelp-*-setup.exe)
+rm -rf "$folder"
+mkdir -p "$folder"
+export WINEPREFIX=$folder/prefix
+say() { echo "$(date +%H:%M:%S) $*"; }
+fail() { say "$*"; exit 1; }
+key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kelp'
+
+"$wine" "$setup" /S /CurrentUser
+place=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Local/Programs/Kelp
+menu=$WINEPREFIX/drive_c/users/$(id -un)/AppData/Roaming/Microsoft/Windows/"Start Menu"/Programs/Kelp
+(cd "$windows"/kelp-*/ && find . -type f) | while read -r file; do
+  [ -e "$place/$file" ] || fail "not installed: $file"
+done
+[ -e "$menu/Kelp (simulated instrument).lnk" ] || fail 'the start menu lacks the simulated instrument'
+"$wine" reg query "$key" /v DisplayVersion | grep -q "$(basename "$setup" | sed 's/kelp-\(.*\)-setup.exe/\1/')" ||
+  fail 'no entry among the programs of Windows'
+say "installed silently for one user: $(find "$place" -type f | wc -l) files, $(du -sh "$place" | cut -f1)"
+
+# A whole station through the real windows of both systems.
+for script in "$here"/tests/scripts/{two_stations,by_hand,questions}.ks; do
+  name=$(basename "$script")
+  "$wine" "$place/kelp.exe" --script "$script" --quick --drives "$folder/$name.windows" --clock 2026-11-24T03:00:00 \
+    >"$folder/$name.out" 2>&1 || { cat "$folder/$name.out"; fail "$name failed"; }
+  "$linux/desktop/kelp" --script "$script" --quick --drives "$folder/$name.linux" --clock 2026-11-24T03:00:00 \
+    >"$folder/$name.linux.out"
+  diff -r -x kelp.lck -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
+done
+"$wine" "$place/kelp.exe" --version | grep -q '^kelp [0-9]' || fail 'kelp.exe --version says nothing'
+say "kelp.exe --script: $(find "$folder"/*.ks.windows -type f ! -name 'record*' | wc -l) files are those of Linux byte for byte"
+
+# By mouse and keyboard: main window, login, acquisition.
+"$linux/console/kelp-console" --quick --drives "$folder/bench" --clock 2026-11-24T03:00:00 \
+  <<<"include $here/tests/scripts/lib/open.ks" >"$folder/bench.out"
+"$wine" "$place/kelp.exe" --simulate --drives "$folder/bench" >"$folder/kelp.out" 2>&1 &
+kelp=$!
+window() {  # title
+  for _ in $(seq 100); do
+    xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return
+    sleep 0.2
+  done
+  import -window root "$folder/missing.png"
+  fail "no window \"$1\"; see $folder/missing.png"
+}
+main=$(window 'Kelp|Fluorescence')
+sleep 1
+import -window root "$folder/main.png"
+if cp "$place/kelp.exe" "$folder/copy.exe" && "$wine" "$setup" /S /CurrentUser; then
+  fail 'it was upgraded while it ran'
+fi
+xdotool windowactivate --sync "$main" key alt+r 2>/dev/null || true
+sleep 2
+xdotool key Return
+sleep 3
+import -window root "$folder/acquire.png"
+kill $kelp 2>/dev/null || true
+wait $kelp 2>/dev/null || true
+say "pictures of the main and the acquisition window: $folder/main.png, $folder/acquire.png"
+
+# Upgraded in place, then removed: what is not the installer's stays.
+echo mine >"$place/mine.txt"
+mkdir -p "$WINEPREFIX/drive_c/kelp"
+echo kept >"$WINEPREFIX/drive_c/kelp/kelp.cfg"
+"$wine" "$setup" /S /CurrentUser
+[ -e "$place/kelp.exe" ] && [ -e "$place/mine.txt" ] || fail 'the upgrade lost a file'
+"$wine" "$place/uninstall.exe" /CurrentUser /S
+for _ in $(seq 50); do [ -e "$place/kelp.exe" ] || break; sleep 0.2; done
+left=$(cd "$place" && find . -type f)
+[ "$left" = ./mine.txt ] || fail "left behind: $left"
+[ -e "$menu" ] && fail 'the start menu has Kelp still'
+[ "$(cat "$WINEPREFIX/drive_c/kelp/kelp.cfg")" = kept ] || fail 'the configuration is gone'
+if "$wine" reg query "$key" >"$folder/reg.out" 2>&1; then fail 'Windows still lists the program'; fi
+say 'upgraded and uninstalled: data, configuration and a file of somebody else stay'
