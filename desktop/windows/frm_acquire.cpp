@@ -52,7 +52,7 @@ FrmAcquireWindow::FrmAcquireWindow(Kelp& kelp, const Report& report, QAbstractBu
   station->addWidget(grid_, 1);
   station->addWidget(MakeHistory());
   auto* sides = new SideBySide(page);
-  sides->setContentsMargins(4, 2, 4, 2);
+  sides->setContentsMargins(3, 2, 3, 2);
   sides->setSpacing(5);
   sides->addWidget(MakeFluorometer(), 2);
   sides->addLayout(station, 3);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QTest>
 #include <algorithm>
 
 #include "app/panel.hpp"
@@ -96,6 +97,8 @@ TEST(Cells, AreReadableInEveryScheme) {
     const QRect reading = grid->visualRect(grid->model()->index(1, kColRb)).adjusted(3, 3, -3, -3);
     EXPECT_EQ(grid->viewport()->grab(reading).toImage().pixel(1, 1) & 0xFFFFFF, SchemeOf(dark).ReadingCell);
     // However the focus came to a control, it shows: its picture differs from that without.
+    desk.windows.WindowOf("frmAcquire")->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(desk.windows.WindowOf("frmAcquire")));
     for (const char* control : {"Command2", "Check1"}) {
       auto* widget = desk.windows.WidgetOf({"frmAcquire", control, -1});
       const QImage without = widget->grab().toImage();
@@ -145,7 +148,9 @@ TEST(Layout, ShowsEveryTextWhole) {
       window->resize(name == "frmAcquire" ? QSize(1024, 744) : window->sizeHint());
       QApplication::processEvents();
       for (const QScrollArea* scroll : window->findChildren<QScrollArea*>())
-        EXPECT_TRUE(letters > 1 || scroll->viewport()->size() == scroll->size()) << name << " scrolls";
+        EXPECT_TRUE(letters > 1 || scroll->viewport()->size() == scroll->size())
+            << name << " scrolls: " << scroll->widget()->minimumSizeHint().width() << " "
+            << scroll->widget()->minimumSizeHint().height() << " in " << scroll->width() << " " << scroll->height();
       if (name == "frmAcquire" && letters == 1) {
         const auto* grid = static_cast<GridView*>(desk.windows.WidgetOf({"frmAcquire", "datalog"}));
         EXPECT_LE(grid->columnViewportPosition(kColReadCom) + grid->columnWidth(kColReadCom), grid->viewport()->width());
