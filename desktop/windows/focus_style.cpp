@@ -29,6 +29,13 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     DrawFocusRing(*painter, option->rect, option->palette);
 }
 
+void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  QProxyStyle::drawControl(element, option, painter, widget);
+  if (element == CE_PushButton && (option->state & State_HasFocus) != 0)
+    DrawFocusRing(*painter, option->rect.adjusted(1, 1, -1, -1), option->palette);
+}
+
 void FocusStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);

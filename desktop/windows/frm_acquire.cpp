@@ -2,12 +2,14 @@
 
 #include <QAbstractButton>
 #include <QBoxLayout>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScrollArea>
 
 #include "desktop/windows/access_keys.hpp"
+#include "desktop/windows/accessible.hpp"
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
@@ -41,6 +43,7 @@ FrmAcquireWindow::FrmAcquireWindow(Kelp& kelp, const Report& report, QAbstractBu
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setWidgetResizable(true);
   scroll->setFocusPolicy(Qt::NoFocus);
+  NameScrollBars(scroll);
   auto* page = new QWidget(scroll);
   auto* station = new QVBoxLayout;
   station->setSpacing(4);
@@ -49,7 +52,7 @@ FrmAcquireWindow::FrmAcquireWindow(Kelp& kelp, const Report& report, QAbstractBu
   station->addWidget(grid_, 1);
   station->addWidget(MakeHistory());
   auto* sides = new SideBySide(page);
-  sides->setContentsMargins(4, 2, 4, 2);
+  sides->setContentsMargins(3, 2, 3, 2);
   sides->setSpacing(5);
   sides->addWidget(MakeFluorometer(), 2);
   sides->addLayout(station, 3);
@@ -135,7 +138,7 @@ void FrmAcquireWindow::NameWidgets() const {
   Controls("pctCanvas")->setAccessibleName("Strip chart of the last readings");
   Controls("datalog")->setAccessibleName("Samples of the station");
   Controls("StatusBar1")->setAccessibleName("Status");
-  Controls("Combo1")->setAccessibleName("Operator's initials");
+  NameBox(static_cast<QComboBox*>(Controls("Combo1")), "Operator's initials");
   for (int i = 0; i < kelp_.frmAcquire.txtStaInfo.kCount; ++i)
     Controls.Pair("lblStaInfo", i, "txtStaInfo", i);
   for (int i = 0; i < kelp_.frmAcquire.txtBlank.kCount; ++i) Controls.Pair("lblBlank", i, "txtBlank", i);

@@ -66,6 +66,8 @@ QWidget* FrmAcquireWindow::MakeReading() {
   panel->setAutoFillBackground(true);
   sdSign_ = new Sign(panel);
   readsSign_ = new Sign(panel);
+  sdSign_->setAccessibleName("SD criterion");
+  readsSign_->setAccessibleName("Reads needed");
   const auto caption = [](QWidget* label) {
     SetLook(label, 0.93);
     Fade(label);

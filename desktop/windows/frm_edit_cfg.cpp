@@ -8,6 +8,7 @@
 #include <array>
 
 #include "desktop/windows/access_keys.hpp"
+#include "desktop/windows/accessible.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
 
@@ -98,6 +99,7 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   scroll->setWidgetResizable(true);
   scroll->setWidget(page);
   scroll->setFocusPolicy(Qt::NoFocus);
+  NameScrollBars(scroll);
   for (int i = 0; i < 3; ++i) chain.push_back(controls("Command1", i));
   chain.push_back(controls("cmdBack"));
   SetTabChain(chain);

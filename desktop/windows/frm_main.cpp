@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "desktop/windows/access_keys.hpp"
+#include "desktop/windows/accessible.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/value_widget.hpp"
@@ -93,7 +94,7 @@ std::unique_ptr<ScreenWindow> MakeFrmLogin(Kelp& kelp, const Report& report) {
   auto* field = new QGridLayout;
   AddField(field, 0, 0, controls, "lblLabels", -1, "Combo1", -1);
   controls("Combo1")->setMinimumWidth(DigitsWidth(*window, 20));
-  controls("Combo1")->setAccessibleName("Operator");
+  NameBox(static_cast<QComboBox*>(controls("Combo1")), "Operator");
   SetAccessKeys(controls, {{"cmdOK", -1, 'K'}, {"cmdCancel", -1, 'Q'}});
   field->setColumnStretch(1, 1);
   auto* layout = new QVBoxLayout(window.get());

@@ -9,6 +9,7 @@
 #include <array>
 
 #include "core/screens/acquire.hpp"
+#include "desktop/windows/accessible.hpp"
 #include "desktop/windows/cell_painter.hpp"
 #include "desktop/windows/look.hpp"
 
@@ -42,6 +43,7 @@ GridView::GridView(const Grid& grid, FocusPlace place, Report report, QWidget* p
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   verticalHeader()->setHighlightSections(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  NameScrollBars(this);
   SetColumnWidths();
   TakeCurrentCell();
   connect(this, &QAbstractItemView::doubleClicked, this, [this] { ReportDoubleClick(); });

@@ -36,6 +36,7 @@ struct Desk {
   Desk() {
     using namespace std::chrono;
     platform.windows = &windows;
+    windows.KeyRest = 0;
     platform.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
     SetDefaultConfig(kelp.run);
     SaveConfig(kelp);

@@ -3,14 +3,19 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 #include <set>
 
+#include "desktop/windows/access_keys.hpp"
+#include "desktop/windows/frm_acquire.hpp"
 #include "desktop/windows/grid_view.hpp"
+#include "desktop/windows/texts.hpp"
 #include "desktop/windows/value_widget.hpp"
 #include "tests/desktop/desk.hpp"
 
@@ -81,10 +86,14 @@ struct Checker {
       return;
     }
     EXPECT_TRUE(seen.insert(&widget).second) << what << " shares its widget";
-    EXPECT_EQ(TextOn(&widget).toStdString(), *text) << what;
+    // A caption whose letter another button has goes without.
+    const std::string plain = Replaced(*text, "&", "");
+    const std::string shown = TextOn(&widget).toStdString();
+    EXPECT_TRUE(shown == *text || shown == plain) << what << " " << shown;
     EXPECT_EQ(!widget.isHidden(), control.Visible) << what;
     EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), control.Enabled) << what;
-    EXPECT_EQ(widget.toolTip().toStdString(), control.ToolTipText) << what;
+    // The key that does the same stands behind it.
+    EXPECT_EQ(widget.toolTip().section('\n', 0, 0).toStdString(), control.ToolTipText) << what;
   }
 };
 
@@ -110,7 +119,7 @@ TEST(Windows, ShowEveryControlOfEveryScreen) {
 // What the windows report while `act` runs, without moves of the focus.
 template <class Act>
 std::string Reported(Desk& desk, const Act& act) {
-  static const char* const kKinds[] = {"click", "dblclick", "key", "edit", "focus", "cell", "close"};
+  static const char* const kKinds[] = {"click", "dblclick", "key", "edit", "focus", "paste", "escape", "cell", "close"};
   QApplication::processEvents();
   desk.events.clear();
   act();
@@ -265,7 +274,7 @@ TEST_F(WindowedStation, FocusGoesBothWays) {
 TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboard) {
   const std::pair<const char*, std::size_t> rows[] = {
       {"frmMain", 8},        {"frmLogin", 3},  {"frmAcquire", 58}, {"frmCreateBase", 9}, {"frmWhatsNext", 12},
-      {"frmChangeStep", 11}, {"dlgRunRem", 7}, {"frmRecalc", 8},   {"frmEditCFG", 37}};
+      {"frmChangeStep", 11}, {"dlgRunRem", 7}, {"frmRecalc", 8},   {"frmEditCFG", 38}};
   for (const auto& [screen, count] : rows) {
     ShowScreen(desk.kelp, screen);
     QWidget* window = desk.windows.WindowOf(screen);
@@ -280,6 +289,133 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboard) {
     EXPECT_EQ(stops.size(), count) << screen;
     HideScreen(desk.kelp, screen);
   }
+}
+
+// The widgets of a kind; Qt's own search knows no kinds of ours.
+template <class Part>
+std::vector<Part*> PartsOf(const QWidget* window) {
+  std::vector<Part*> parts;
+  for (QWidget* widget : window->findChildren<QWidget*>())
+    if (auto* part = dynamic_cast<Part*>(widget)) parts.push_back(part);
+  return parts;
+}
+
+// The letters that buttons and labels underline: none is there twice, whatever the run's button says.
+void ExpectLettersOnce(const QWidget& window, const std::string& where) {
+  std::map<QChar, std::string> seen;
+  for (const QWidget* widget : window.findChildren<const QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    if (!widget->isVisible() || (label != nullptr && label->buddy() == nullptr)) continue;
+    const QString text = widget->property("text").toString();
+    const QChar letter = AccessKeyOf(text);
+    if (letter.isNull()) continue;
+    EXPECT_TRUE(seen.emplace(letter, text.toStdString()).second)
+        << where << ": " << text.toStdString() << " and " << seen[letter];
+  }
+  EXPECT_GE(seen.size(), where == "frmAcquire" ? 7U : where == "frmMain" ? 8U : where == "frmWhatsNext" ? 12U : 0U) << where;
+}
+
+// What a screen reader finds: no element without a name or with a role that says nothing, and the values.
+void ExpectTold(QAccessibleInterface& element, const std::string& where) {
+  const QString name = element.text(QAccessible::Name);
+  const QString value = element.text(QAccessible::Value) + element.text(QAccessible::Description);
+  const std::string what = where + "/" + name.toStdString();
+  const bool silent = element.role() == QAccessible::Client || element.role() == QAccessible::NoRole;
+  EXPECT_TRUE(!silent || value.isEmpty()) << what << " is a filler with the value " << value.toStdString();
+  EXPECT_TRUE((value.isEmpty() && !element.state().focusable) || !name.trimmed().isEmpty())
+      << what << " role " << element.role() << " " << value.toStdString();
+  if (element.role() == QAccessible::Table) return;  // its cells name themselves
+  for (int i = 0; i < element.childCount(); ++i)
+    if (QAccessibleInterface* child = element.child(i); child != nullptr && !child->state().invisible)
+      ExpectTold(*child, what);
+}
+
+TEST_F(WindowedStation, EveryWindowIsToldToScreenReadersAndHasItsLettersOnce) {
+  for (int i = 0; i < 2; ++i) desk.Click("frmAcquire", "Command1");
+  desk.Read(1.2345, 10);
+  ASSERT_EQ(desk.kelp.frmAcquire.Command1.Caption, "Save &Blank");
+  VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
+    ShowScreen(desk.kelp, name);
+    QWidget* window = desk.windows.WindowOf(std::string(name));
+    desk.windows.ShowChanges();
+    ExpectLettersOnce(*window, std::string(name));
+    ExpectTold(*QAccessible::queryAccessibleInterface(window), std::string(name));
+    EXPECT_FALSE(window->windowIcon().isNull()) << name;
+    if (name != "frmAcquire") HideScreen(desk.kelp, name);
+  });
+  const auto told = [&](const char* control, int index) {
+    QAccessibleInterface* element = QAccessible::queryAccessibleInterface(At(control, index));
+    return element->text(QAccessible::Name) + "=" + element->text(QAccessible::Value);
+  };
+  EXPECT_EQ(told("txtReading", -1), "Average fluorometer reading=1.2345");
+  EXPECT_EQ(told("txtStats", 0), "Read counter=10");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(At("Option1", 0))->role(), QAccessible::RadioButton);
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(At("Option1", 0))->state().checked);
+
+  static int alerts = 0;
+  QAccessible::setActive(true);
+  QAccessible::installUpdateHandler([](QAccessibleEvent* event) { alerts += event->type() == QAccessible::Alert ? 1 : 0; });
+  // The offscreen platform has no screen readers.
+  const bool heard = QAccessible::isActive();
+  alerts = 0;
+  desk.Click("frmAcquire", "Command1");
+  EXPECT_TRUE(!heard || alerts >= 2) << "the save, and what to load next";
+  alerts = 0;
+  SetWarning(desk.kelp, "READINGS ARE NOT SAFE ON THE DISK. ");
+  desk.windows.ShowChanges();
+  EXPECT_TRUE(!heard || alerts == 1) << "the alarm";
+  QAccessible::installUpdateHandler(nullptr);
+  QAccessible::setActive(false);
+}
+
+TEST_F(WindowedStation, AnAlarmStandsAcrossTheScreenUntilItsCauseIsMended) {
+  const auto* band = PartsOf<AlarmBand>(desk.windows.WindowOf("frmAcquire")).at(0);
+  EXPECT_FALSE(band->isVisible());
+  SetWarning(desk.kelp, "READINGS ARE NOT SAFE ON THE DISK. ");
+  desk.windows.ShowChanges();
+  EXPECT_TRUE(band->isVisible());
+  EXPECT_TRUE(band->Words().startsWith("READINGS ARE NOT SAFE")) << band->Words().toStdString();
+  EXPECT_TRUE(desk.windows.AlarmCalls());
+  QTest::mouseClick(band->SeenButton(), Qt::LeftButton);
+  EXPECT_FALSE(desk.windows.AlarmCalls());
+  EXPECT_TRUE(band->isVisible()) << "seen is not mended";
+  SetWarning(desk.kelp, "");
+  desk.windows.ShowChanges();
+  EXPECT_FALSE(band->isVisible());
+}
+
+TEST_F(WindowedStation, TheChooserStandsBesideTheReadingsOnItsChoice) {
+  auto* acquire = static_cast<FrmAcquireWindow*>(desk.windows.WindowOf("frmAcquire"));
+  desk.windows.KeyRest = 300;
+  ShowScreen(desk.kelp, "frmWhatsNext");
+  WaitFor("frmWhatsNext");
+  QWidget* chooser = desk.windows.WindowOf("frmWhatsNext");
+  EXPECT_FALSE(chooser->frameGeometry().intersects(acquire->ReadingColumns()));
+  EXPECT_EQ(chooser->focusWidget(), At("Option1", 0, "frmWhatsNext"));
+  EXPECT_EQ(Press(chooser->focusWidget(), Qt::Key_Space), "") << "meant for what was in front before";
+  QTest::qWait(320);
+  EXPECT_EQ(Press(chooser->focusWidget(), Qt::Key_Space), "key frmWhatsNext 32");
+  bool warned = false;
+  for (const auto* text : PartsOf<WrapText>(chooser))
+    warned |= text->isVisible() && text->ShownText() == "Samples 1 to 5 have no reading";
+  EXPECT_TRUE(warned);
+  EXPECT_EQ(Press(chooser->focusWidget(), Qt::Key_Escape), "escape frmWhatsNext");
+  EXPECT_FALSE(chooser->isVisible());
+}
+
+TEST_F(WindowedStation, CellsAreCopiedAndPastedAsSpreadsheetsDo) {
+  auto* grid = At<GridView>("datalog");
+  QApplication::clipboard()->setText("5\n10\n20\n");
+  desk.Do({.Kind = EventKind::SelectCell, .Place = {"frmAcquire", "datalog"}, .Row = 2, .Col = kColDepth});
+  EXPECT_EQ(Press(grid, Qt::Key_V, Qt::ControlModifier), "paste frmAcquire.datalog 2,2");
+  EXPECT_EQ(desk.kelp.frmAcquire.datalog.Text(4, kColDepth), "20");
+  for (int i = 0; i < 2; ++i) Press(grid, Qt::Key_Down, Qt::ShiftModifier);
+  Press(grid, Qt::Key_Left, Qt::ShiftModifier);
+  Press(grid, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "08\t5\n09\t10\n10\t20");
+  desk.kelp.frmAcquire.cmdUndo.Enabled = true;
+  EXPECT_EQ(Press(grid, Qt::Key_Z, Qt::ControlModifier), "click frmAcquire.cmdUndo");
+  EXPECT_EQ(Press(At("txtStaInfo", 1), Qt::Key_Z, Qt::ControlModifier), "click frmAcquire.cmdUndo");
 }
 
 TEST_F(WindowedStation, KeepsWindowsWhereTheyWere) {
