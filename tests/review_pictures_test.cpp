@@ -117,7 +117,7 @@ TEST(Pictures, StandOnAnyNumbers) {
     const Axis axis = NiceAxis("", low, high);
     EXPECT_TRUE(axis.From <= low && axis.To >= high && axis.Ticks.size() >= 2 && axis.Ticks.size() < 15)
         << high;
-    for (const Tick& tick : axis.Ticks)
+    for (const AxisTick& tick : axis.Ticks)
       EXPECT_EQ(tick.Text.find_first_not_of("-0123456789."), std::string::npos);
   }
   ControlChart chart{"Blank", {"001"}, {{"001", false, 0, 0.005, ""}}, 0.005};
