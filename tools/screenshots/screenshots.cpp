@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "tests/desktop/desk.hpp"
+#include "tools/screenshots/review_shots.hpp"
 
 namespace {
 
@@ -161,5 +162,6 @@ int main(int argc, char** argv) {
   Desk desk;
   Camera camera(desk, words[1]);
   Run(desk, camera);
+  TakeReviewPictures(desk, words[1]);
   return 0;
 }
