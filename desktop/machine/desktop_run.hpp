@@ -42,6 +42,7 @@ class DesktopRun {
  private:
   void ConnectParts();
   void OpenReview();
+  void ToggleProfile();
   void WelcomeFirst();
   void ChangeSettings();
   void TakeSettings(const MachineSettings& settings, bool simulate);
@@ -63,8 +64,9 @@ class DesktopRun {
   Windows windows_;
   Sound sound_;
   SoundCues cues_;
-  ReviewWindow review_;
-  RunningProfile profile_;
+  // Built when they are first wanted: a start must not wait for them.
+  std::unique_ptr<ReviewWindow> review_ = {};
+  std::unique_ptr<RunningProfile> profile_ = {};
 };
 
 }  // namespace kelp
