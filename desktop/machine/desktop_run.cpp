@@ -138,8 +138,9 @@ int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run
 void DesktopRun::End() {
   KeepGeometry(windows_.Geometry());
   line_.Close();
-  review_.reset();
-  profile_.reset();
+  // Only hidden: the review may be in the middle of reading a folder.
+  if (review_) review_->hide();
+  if (profile_) profile_->hide();
   for (const std::string& screen : kelp_.Shown) windows_.Hide(screen);
   Ended();
 }
