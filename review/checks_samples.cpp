@@ -63,6 +63,8 @@ void CheckReadings(const Station& station, std::vector<Finding>& findings) {
       findings.push_back({station.ProcNum, SampleName(station, i), text});
     };
     if (station.DepthsKnown && !sample.Depth) add("Depth missing.");
+    if (sample.ResultOfSkipped)
+      add("Was skipped (-99) but has a chl-a, which is none. Calculate the station again.");
     if (sample.Rb && sample.Ra && *sample.Ra > *sample.Rb)
       add("Ra " + SavedText(*sample.Ra) + " is above Rb " + SavedText(*sample.Rb) + ".");
     if (sample.Phaeo && Fixed(*sample.Phaeo, 3).starts_with('-'))

@@ -90,7 +90,7 @@ class Sheet {
 
   void DrawAxisX() {
     const double y = picture_.XAtTop ? top_ : bottom_;
-    for (const Tick& tick : picture_.X.Ticks) {
+    for (const AxisTick& tick : picture_.X.Ticks) {
       const double x = PlaceX(tick.At);
       Add(DrawnLine{{{x, top_}, {x, bottom_}}, Ink::Grid});
       Add(DrawnText{{x, picture_.XAtTop ? y - 6 : y + 16}, tick.Text, Ink::Faint, Anchor::Middle});
@@ -103,7 +103,7 @@ class Sheet {
   }
 
   void DrawAxisY() {
-    for (const Tick& tick : picture_.Y.Ticks) {
+    for (const AxisTick& tick : picture_.Y.Ticks) {
       const double y = PlaceY(tick.At);
       Add(DrawnLine{{{left_, y}, {right_, y}}, Ink::Grid});
       Add(DrawnText{{left_ - 6, y + 4}, tick.Text, Ink::Faint, Anchor::End});

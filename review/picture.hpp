@@ -14,7 +14,7 @@ enum class Dash { Solid, Dashed, Dotted };
 enum class Ink { Text, Faint, Grid, First, Second, Third, Fourth, Alert, Band1, Band2, Band3, Band4 };
 inline constexpr int kInks = 12;
 
-struct Tick {
+struct AxisTick {
   double At = 0;
   std::string Text;
 };
@@ -24,7 +24,7 @@ struct Axis {
   std::string Title;  ///< with the unit
   double From = 0;
   double To = 1;
-  std::vector<Tick> Ticks = {};
+  std::vector<AxisTick> Ticks = {};
 };
 
 struct Point {

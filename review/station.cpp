@@ -29,7 +29,10 @@ Sample MeasuredSample(const StationSample& cells) {
   sample.Chla = MeasuredCell(cells.Chla);
   sample.Phaeo = MeasuredCell(cells.Phaeo);
   sample.AcidR = MeasuredCell(cells.AcidR);
+  // What was calculated from a -99 is no result, whatever the cell says.
   sample.Skipped = (HoldsNumber(cells.Rb) && !sample.Rb) || (HoldsNumber(cells.Ra) && !sample.Ra);
+  sample.ResultOfSkipped = sample.Skipped && sample.Chla;
+  if (sample.Skipped) sample.Chla = sample.Phaeo = sample.AcidR = {};
   return sample;
 }
 

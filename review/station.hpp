@@ -21,10 +21,11 @@ Measured MeasuredBox(const std::string& text);
 
 struct Sample {
   std::string Bottle, Tube, Flag;
-  Measured Depth;               ///< m
-  Measured Rb, Ra;              ///< reading, blank not subtracted
-  Measured Chla, Phaeo, AcidR;  ///< as the station was saved: ug/L, ug/L, ratio
-  bool Skipped = false;         ///< Rb or Ra is -99
+  Measured Depth;                ///< m
+  Measured Rb, Ra;               ///< reading, blank not subtracted
+  Measured Chla, Phaeo, AcidR;   ///< as the station was saved: ug/L, ug/L, ratio
+  bool Skipped = false;          ///< Rb or Ra is -99
+  bool ResultOfSkipped = false;  ///< it was calculated all the same
 };
 
 struct MeasuredPair {

@@ -77,6 +77,7 @@ TEST(Checks, SayInWordsWhatDoesNotFit) {
        "Phaeo is negative: -0."},
       {[](GeneratedStation& s) { s.Samples[1].Rb *= 5, s.Samples[1].Ra *= 5; }, "bottle 02",
        "does not fit its neighbours"},
+      {[](GeneratedStation& s) { s.Samples[5].Ra = -99; }, "bottle 06", "Was skipped (-99) but has a chl-a"},
       {[](GeneratedStation& s) { s.Filtered = "12/24/2026 00:30:00"; }, "times", "stands after the reading"},
       {[](GeneratedStation& s) { s.F = "9.87"; }, "F", "looks like a per-litre value"},
       {[](GeneratedStation& s) { s.F = "0.0102"; }, "F", "most stations of this cruise have 0.00987"},

@@ -32,9 +32,7 @@ DesktopRun::DesktopRun(Options options)
       kelp_(platform_),
       runner_(kelp_),
       windows_(kelp_, [this](const Event& event) { return runner_.Post(event); }),
-      cues_(kelp_),
-      review_(kelp_, [this] { return AskForFolder(&review_, kelp_.run.DataOutPath, drives_); }),
-      profile_(kelp_) {
+      cues_(kelp_) {
   line_.Simulate(options_.Instrument == InstrumentKind::Simulated);
   ConnectParts();
   windows_.RestoreGeometry(KeptGeometry());
@@ -74,7 +72,7 @@ void DesktopRun::ConnectParts() {
   QObject::connect(windows_.MachineSettingsButton(), &QPushButton::clicked, &runner_,
                    [this] { ChangeSettings(); });
   QObject::connect(windows_.ReviewButton(), &QPushButton::clicked, &runner_, [this] { OpenReview(); });
-  windows_.ProfileWanted = [this] { profile_.Toggle(); };
+  windows_.ProfileWanted = [this] { ToggleProfile(); };
   TakeLookAndSound();
   windows_.SoundSwitch()->setChecked(settings_.Sound);
   QObject::connect(windows_.SoundSwitch(), &QAbstractButton::toggled, &runner_, [this](bool on) {
@@ -97,10 +95,18 @@ void DesktopRun::WelcomeFirst() {
 }
 
 void DesktopRun::OpenReview() {
-  review_.show();
-  review_.raise();
-  review_.activateWindow();
-  review_.Open(WithBackslash(CfgValue(kelp_.run, kCfgDataPath)));
+  if (!review_)
+    review_ = std::make_unique<ReviewWindow>(
+        kelp_, [this] { return AskForFolder(review_.get(), kelp_.run.DataOutPath, drives_); });
+  review_->show();
+  review_->raise();
+  review_->activateWindow();
+  review_->Open(WithBackslash(CfgValue(kelp_.run, kCfgDataPath)));
+}
+
+void DesktopRun::ToggleProfile() {
+  if (!profile_) profile_ = std::make_unique<RunningProfile>(kelp_);
+  profile_->Toggle();
 }
 
 void DesktopRun::TakeLookAndSound() {
@@ -162,8 +168,9 @@ int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run
 void DesktopRun::End() {
   KeepGeometry(windows_.Geometry());
   line_.Close();
-  review_.close();
-  profile_.close();
+  // Only hidden: the review may be in the middle of reading a folder.
+  if (review_) review_->hide();
+  if (profile_) profile_->hide();
   for (const std::string& screen : kelp_.Shown) windows_.Hide(screen);
   Ended();
 }

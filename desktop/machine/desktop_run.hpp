@@ -41,6 +41,7 @@ class DesktopRun {
  private:
   void ConnectParts();
   void OpenReview();
+  void ToggleProfile();
   void WelcomeFirst();
   void Listen(bool typed);
   void ChangeSettings();
@@ -65,8 +66,9 @@ class DesktopRun {
   Sound sound_;
   CueListener cues_;
   QTimer alarm_;  ///< repeats the alarm's sound until it is seen
-  ReviewWindow review_;
-  RunningProfile profile_;
+  // Built when they are first wanted: a start must not wait for them.
+  std::unique_ptr<ReviewWindow> review_ = {};
+  std::unique_ptr<RunningProfile> profile_ = {};
 };
 
 }  // namespace kelp

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 
 #include "platform/error.hpp"
@@ -52,6 +53,9 @@ ReviewWindow::ReviewWindow(Kelp& kelp, std::function<std::optional<std::string>(
 }
 
 void ReviewWindow::Open(const std::string& folder) {
+  // While the progress is shown the other windows can be used: the button there, too.
+  if (reading_) return;
+  const QScopedValueRollback reading(reading_, true);
   folder_ = folder;
   QProgressDialog progress("Reading the stations of " + Text(folder) + "...", "Stop", 0, 1, this);
   progress.setWindowModality(Qt::WindowModal);
@@ -61,8 +65,9 @@ void ReviewWindow::Open(const std::string& folder) {
         ReadCruise(desk_.Program.platform.disk(), folder, "", [&](std::size_t done, std::size_t all) {
           progress.setMaximum(static_cast<int>(all));
           progress.setValue(static_cast<int>(done));
-          return !progress.wasCanceled();
+          return !progress.wasCanceled() && !desk_.Program.Ended;
         });
+    if (desk_.Program.Ended) return;
     if (progress.wasCanceled()) {
       where_->setText("Stopped: " + Text(folder) + " was not read to its end, and is not shown.");
       return;

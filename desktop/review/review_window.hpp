@@ -27,6 +27,7 @@ class ReviewWindow : public QWidget {
   void Refresh();
   ReviewDesk desk_;
   std::string folder_;
+  bool reading_ = false;
   QLabel* where_;
   QTabWidget* tabs_;
   StationsTab* stations_;

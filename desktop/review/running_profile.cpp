@@ -20,7 +20,7 @@ RunningProfile::RunningProfile(const Kelp& kelp, QWidget* parent)
       profile_(new PictureView(this)),
       ratio_(new PictureView(this)) {
   setObjectName("RunningProfile");
-  setWindowTitle("Profile so far (F11 or Esc goes back)");
+  setWindowTitle("Profile so far (Ctrl+P or Esc goes back)");
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(profile_, 1);
   layout->addWidget(ratio_, 1);
@@ -51,7 +51,7 @@ void RunningProfile::Refresh() {
 }
 
 void RunningProfile::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F11 || event->key() == Qt::Key_Escape)
+  if (event->matches(QKeySequence::Print) || event->key() == Qt::Key_Escape)
     Toggle();
   else
     QWidget::keyPressEvent(event);

@@ -75,14 +75,14 @@ void ProfileTab::Refresh() {
   for (const Station& station : desk_.Shown->Stations)
     rows.push_back({Text(station.ProcNum), Text(station.Name)});
   stations_->Show(std::move(rows));
-  if (!desk_.Shown->Stations.empty()) stations_->selectRow(0);
+  if (!desk_.Shown->Stations.empty()) stations_->Choose(0);
   ShowPictures();
 }
 
 void ProfileTab::Choose(const std::string& procNum) {
   const std::vector<Station>& stations = desk_.Shown->Stations;
   for (std::size_t i = 0; i < stations.size(); ++i)
-    if (stations[i].ProcNum == procNum) stations_->selectRow(static_cast<int>(i));
+    if (stations[i].ProcNum == procNum) stations_->Choose(static_cast<int>(i));
 }
 
 void ProfileTab::ShowPictures() {

@@ -51,6 +51,11 @@ void TextTable::Show(std::vector<QStringList> rows) {
   for (int col = 0; col + 1 < model_->columnCount(); ++col) resizeColumnToContents(col);
 }
 
+void TextTable::Choose(int row) {
+  selectionModel()->setCurrentIndex(model_->index(row, 0),
+                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
 std::vector<int> TextTable::Chosen() const {
   std::vector<int> rows;
   for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(index.row());

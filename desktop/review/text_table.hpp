@@ -29,6 +29,8 @@ class TextTable : public QTableView {
  public:
   TextTable(QWidget* parent, const QStringList& headings);
   void Show(std::vector<QStringList> rows);
+  /// Chooses one row, whatever keys are held.
+  void Choose(int row);
   /// The chosen rows, from the top down.
   [[nodiscard]] std::vector<int> Chosen() const;
 

@@ -44,7 +44,7 @@ class Windows : public QObject {
   QPushButton* MachineSettingsButton() { return machineSettings_; }
   /// The button "Review cruise..." of the main window.
   QPushButton* ReviewButton() { return review_; }
-  /// F11 was pressed on the acquisition screen: its profile so far is wanted.
+  /// Ctrl+P was pressed on the acquisition screen: its profile so far is wanted.
   std::function<void()> ProfileWanted = [] {};
   /// A checkable button in the status bar: checked is sound on.
   QAbstractButton* SoundSwitch() { return soundSwitch_; }

@@ -96,7 +96,7 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
   // A key that a widget leaves is offered to its parents too; the program has had its say by then.
   const QWidget* focus = window->focusWidget();
   if (focus != nullptr && focus != widget) return false;
-  if (key.key() == Qt::Key_F11 && key.modifiers() == Qt::NoModifier && window->Screen() == "frmAcquire") {
+  if (key.key() == Qt::Key_P && key.modifiers() == Qt::ControlModifier && window->Screen() == "frmAcquire") {
     if (!key.isAutoRepeat()) ProfileWanted();
     return true;
   }

@@ -26,10 +26,11 @@
 namespace kelp {
 namespace {
 
-// Every file below a folder by its name there, in lower case. Dates and times become "#": two runs never
-// have the same.
+// Every file below a folder by its name there, in lower case. Dates, times and hours become "#": two runs
+// never have the same.
 std::map<QString, QString> FilesIn(const QString& folder) {
-  static const QRegularExpression times("\\d\\d:\\d\\d:\\d\\d|\\d\\d/\\d\\d/\\d{4}|\\d{4}-\\d\\d-\\d\\d");
+  static const QRegularExpression times(
+      "\\d\\d:\\d\\d:\\d\\d|\\d\\d/\\d\\d/\\d{4}|\\d{4}-\\d\\d-\\d\\d|\\d+\\.\\d(?=,ROS)");
   std::map<QString, QString> files;
   QDirIterator found(folder, QDir::Files, QDirIterator::Subdirectories);
   while (found.hasNext()) {

@@ -10,6 +10,7 @@
 
 #include "desktop/windows/focus_style.hpp"
 #include "tests/desktop/desk.hpp"
+#include "tools/screenshots/review_shots.hpp"
 
 namespace {
 
@@ -161,5 +162,6 @@ int main(int argc, char** argv) {
   desk.windows.KeyRest = 0;
   Camera camera(desk, words[1], display);
   Run(desk, camera);
+  TakeReviewPictures(desk, words[1]);
   return 0;
 }

@@ -1,0 +1,12 @@
+// Pictures of the review window's tabs, over a generated cruise with something to find.
+#pragma once
+
+#include <QString>
+
+#include "tests/desktop/desk.hpp"
+
+namespace kelp {
+
+void TakeReviewPictures(Desk& desk, const QString& folder);
+
+}  // namespace kelp
