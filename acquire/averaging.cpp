@@ -45,7 +45,8 @@ void WarnOffscale(Kelp& kelp, float reading) {
   mark.clear();
   if (kelp.loop.UpperLimit <= kLeastLimitForOffscale || reading <= kelp.loop.UpperLimit || kelp.run.LabCalRun)
     return;
-  mark = "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
+  mark =
+      "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
   SetStatus(kelp, RawText(static_cast<double>(reading)) + " is " + mark + ".");
   if (kelp.run.ReadCount <= kReadsBeforeOffscale) return;
   const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK",
@@ -69,7 +70,8 @@ void UpdateSd(Kelp& kelp, std::size_t n, double sum, double sumsq) {
   kelp.run.SdIsValid = false;
   const long long product = static_cast<long long>(n) * (static_cast<long long>(n) - 1);
   if (product > 32767)
-    throw RunTimeError(ErrorKind::Overflow, "no SD can be had of " + std::to_string(n) + " reads" + kMendLine13);
+    throw RunTimeError(ErrorKind::Overflow,
+                       "no SD can be had of " + std::to_string(n) + " reads" + kMendLine13);
   if (product == 0) throw RunTimeError(ErrorKind::DivisionByZero, "a single read has no SD" + kMendLine13);
   // The 10 is a constant and not N: with N = 10 this is the sample variance, with any other N it
   // stays as the analysts' criterion was tuned to it.

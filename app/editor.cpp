@@ -95,7 +95,7 @@ void frmEditCFG_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) UpdateConfig(kelp);
   if (index == 1) CancelToAcquisition(kelp);
   if (index == 2 && AskRisky(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
-                           Buttons::YesNoCancel))
+                             Buttons::YesNoCancel))
     EndProgram(kelp);
 }
 

@@ -64,7 +64,8 @@ void FrmMain_Load(Kelp& kelp) {
 }
 
 void QuitFromMain(Kelp& kelp) {
-  if (AskRisky(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel))
+  if (AskRisky(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation,
+               Buttons::YesNoCancel))
     EndProgram(kelp);
 }
 

@@ -47,14 +47,14 @@ struct Kelp {
   /// Names of the visible screens, front first.
   std::vector<std::string> Shown;
   FocusPlace Focus;
-  StoreNote Note;         ///< how the value that this event stores came to be
-  std::string TypedAt;      ///< where the operator is typing, and what stood there before the first key
+  StoreNote Note;       ///< how the value that this event stores came to be
+  std::string TypedAt;  ///< where the operator is typing, and what stood there before the first key
   std::string TypedBefore;
   long TypedStores = 0;   ///< `run.Stores` after the last key
   long StoresBefore = 0;  ///< `run.Stores` when the event began
-  std::string Status;   ///< the status text
-  std::string Warning;  ///< stands in front of it until its cause is mended
-  bool Ended = false;   ///< the program has ended: front ends stop
+  std::string Status;     ///< the status text
+  std::string Warning;    ///< stands in front of it until its cause is mended
+  bool Ended = false;     ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.

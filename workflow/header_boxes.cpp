@@ -43,11 +43,13 @@ std::string ProblemOf(const Kelp& kelp, int index) {
     case kStaBottle: return IsNumber(text) ? "" : "the starting bottle is to be a number";
     case kStaVial: return IsNumber(text) ? "" : "the starting vial is to be a number";
     case kStaFiltDate:
-      return Trim(text).empty() || !OwnDate(text).empty() ? ""
-                                                          : "the filtration date is to be written as MM/DD/YYYY";
+      return Trim(text).empty() || !OwnDate(text).empty()
+                 ? ""
+                 : "the filtration date is to be written as MM/DD/YYYY";
     case kStaFiltTime:
-      return Trim(text).empty() || !OwnTime(text).empty() ? ""
-                                                          : "the filtration time is to be written as HH:MM:SS";
+      return Trim(text).empty() || !OwnTime(text).empty()
+                 ? ""
+                 : "the filtration time is to be written as HH:MM:SS";
     default: return "";
   }
 }
@@ -77,8 +79,8 @@ void NumberRows(Kelp& kelp, int index, const std::string& text) {
     }
   }
   if (index == kStaVial && run.SampCount > 0) run.TubeNum = first - 1 + run.SampCount;
-  SetStatus(kelp, std::string(index == kStaVial ? "Vials" : "Bottles") + " of this station are numbered from " +
-                      std::to_string(first) + " on.");
+  SetStatus(kelp, std::string(index == kStaVial ? "Vials" : "Bottles") +
+                      " of this station are numbered from " + std::to_string(first) + " on.");
 }
 
 }  // namespace
