@@ -68,7 +68,8 @@ void UpdateSd(Kelp& kelp, std::size_t n, double sum, double sumsq) {
   kelp.run.SdIsValid = false;
   const long long product = static_cast<long long>(n) * (static_cast<long long>(n) - 1);
   if (product > 32767)
-    throw RunTimeError(ErrorKind::Overflow, "no SD can be had of " + std::to_string(n) + " reads" + kMendLine13);
+    throw RunTimeError(ErrorKind::Overflow,
+                       "no SD can be had of " + std::to_string(n) + " reads" + kMendLine13);
   if (product == 0) throw RunTimeError(ErrorKind::DivisionByZero, "a single read has no SD" + kMendLine13);
   // The 10 is a constant and not N: with N = 10 this is the sample variance, with any other N it
   // stays as the analysts' criterion was tuned to it.

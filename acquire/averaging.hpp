@@ -9,8 +9,8 @@ namespace kelp {
 /// Gives the ring buffer N = `ReadsToAverage` slots, all 0.
 void SizeReadBuffer(RunState& run);
 
-/// True when the ring buffer has been filled since it was cleared: an average exists. A last slot of exactly 0
-/// counts as not yet filled, unless all reads are 0, as those of a zeroed instrument on acetone are.
+/// True when the ring buffer has been filled since it was cleared: an average exists. A last slot of exactly
+/// 0 counts as not yet filled, unless all reads are 0, as those of a zeroed instrument on acetone are.
 bool AverageExists(const RunState& run);
 
 /// Takes one reading through display, chart, counter, ring buffer, mean and SD, in that order.

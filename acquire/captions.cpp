@@ -25,14 +25,13 @@ void WaitForFall(Kelp& kelp) {
 // The button came to read an item that nobody has loaded: what is in the holder is something else.
 std::string NotLoaded(const Kelp& kelp) {
   return "Sample " + std::to_string(int{kelp.run.SampNum}) +
-         " was not loaded. Put it in, then press <spacebar> or click [" + kelp.frmAcquire.Command1.Caption + "].";
+         " was not loaded. Put it in, then press <spacebar> or click [" + kelp.frmAcquire.Command1.Caption +
+         "].";
 }
 
 }  // namespace
 
-bool WaitsForRa(const Kelp& kelp) {
-  return ButtonRow(kelp).What == Item::Ra && Said(kelp) == kRaIsHigh;
-}
+bool WaitsForRa(const Kelp& kelp) { return ButtonRow(kelp).What == Item::Ra && Said(kelp) == kRaIsHigh; }
 
 void UpdateSaveCaption(Kelp& kelp) {
   RunState& run = kelp.run;

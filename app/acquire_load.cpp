@@ -129,13 +129,14 @@ std::string SetUp(Kelp& kelp) {
   return failure;
 }
 
-// The words of the port failure serve for any failure of the set-up, whose reason stands in the title; a positive
-// number has its leading blank here.
+// The words of the port failure serve for any failure of the set-up, whose reason stands in the title; a
+// positive number has its leading blank here.
 void TellSetUpFailure(Kelp& kelp, const std::string& failure) {
   SetStatus(kelp, failure);
   const std::string port = Fixed(CfgNumber(kelp.run, kCfgComport), 0);
-  Tell(kelp, std::string(" CommPort") + (port.starts_with('-') ? "" : " ") + port +
-                 " is not talking, fix then restart.",
+  Tell(kelp,
+       std::string(" CommPort") + (port.starts_with('-') ? "" : " ") + port +
+           " is not talking, fix then restart.",
        failure);
 }
 

@@ -109,7 +109,8 @@ void CalcAllSamples(Kelp& kelp) {
       failedRows += (failedRows.empty() ? "" : ", ") + std::to_string(row);
     }
   }
-  SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) + " now.");
+  SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) +
+                      " now.");
   ShowScreen(kelp, "frmWhatsNext");
   try {
     // All lines in one write: a flush for each would keep the operator waiting.

@@ -18,32 +18,48 @@ constexpr Traces kNext = {kTraceRed, kTraceMagenta, kTraceBlue};
 
 constexpr const char* kWait = "Wait for the min number of reads...|Wait for minimum number of reads";
 constexpr const char* kLoadSampleTip =
-    "Load Sample then click here when stable|Click to start reading the sample|Load Sample, when stable <Click>";
+    "Load Sample then click here when stable|Click to start reading the sample|Load Sample, when stable "
+    "<Click>";
 constexpr const char* kLoadSample =
-    "Load the Sample and click|Load the first Station Sample and|Load the next Station Sample and|Load Sample "
-    "then|Load Station Sample then hit|Load Sample, when stable|Press F7 if the current reading is lower|Sample ";
-constexpr const char* kReadSample = "Reading and averaging initial sample signal...|Reading and averaging sample";
+    "Load the Sample and click [Start] or press <Spacebar>.|Load the first Station Sample and|Load the next "
+    "Station Sample and|Load Sample then|Load Station Sample then hit|Load Sample, when stable|Press F7 if "
+    "the "
+    "current reading is lower|Sample ";
+constexpr const char* kReadSample =
+    "Reading and averaging initial sample signal...|Reading and averaging sample";
 constexpr const char* kReadRa =
-    "Press <spacebar> when reading is stable|When SD <=|Ra greater than Rb...|Ra is > than Rb.|Ra above Rb is "
-    "accepted";
-constexpr const char* kAcid = "ACIDIFY|Press F7 if the current reading is higher|Sample ";
+    "Press <spacebar> when reading is stable or wait for Autoread.|When SD <=|Ra greater than Rb...|Ra is > "
+    "than "
+    "Rb.|Ra above Rb is accepted";
+constexpr const char* kAcid =
+    "ACIDIFY - ONE squirt of 10% HCL using Repipettor|ACIDIFY|Press F7 if the current reading is "
+    "higher|Sample ";
 
 constexpr CaptionRow kRows[] = {
-    {"&Start", Phase::Idle, Item::None, "", -1, {kTraceMagenta, kTraceRed, kTraceBlack},
-     "Click to Start|Press Start to begin", "Click [Start] |1: Load Blank|Saving Station |No station is open"},
-    {"S&tandby", Phase::Idle, Item::None, "", -1, kLoad, "Click to Start", "Click [Start] "},
+    {"&Start",
+     Phase::Idle,
+     Item::None,
+     "",
+     -1,
+     {kTraceMagenta, kTraceRed, kTraceBlack},
+     "Click to Start|Press Start to begin",
+     "Click [Start] or press <Spacebar>.|Click [Start] |1: Load Blank|Saving Station |No station is open"},
+    {"S&tandby", Phase::Idle, Item::None, "", -1, kLoad, "Click to Start",
+     "Click [Start] or press <Spacebar>."},
     {"Load Blank", Phase::Load, Item::Blank, "BLANK", kStepBlank, kLoad,
      "Load Blank then click here when stable|Click to start reading the blank",
-     "Load the blank and click|Load Blank then|Reload blank and click"},
-    {"Read Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait, "Averaging blank readings..."},
-    {"Reading Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait, "Averaging blank readings..."},
+     "Load the blank and click [Start] or press <Spacebar>.|Load Blank then|Reload blank and click"},
+    {"Read Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
+     "Averaging blank readings..."},
+    {"Reading Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
+     "Averaging blank readings..."},
     {"Reading Begin Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
      "Averaging blank readings..."},
     {"Save &Blank", Phase::Save, Item::Blank, "BLANK", kStepBlank, kGreen, "Click to Save Blank",
      "Averaging blank readings..."},
     {"Load Low Standard", Phase::Load, Item::LowStandard, "STANDARD", kStepStandard, kLoad,
      "Load Standard then click here when stable|Click to start reading the low standard",
-     "Load the Standard and click|Load Standard then"},
+     "Load the Standard and click [Start] or press <Spacebar>.|Load Standard then"},
     {"Reading Low Standard", Phase::Read, Item::LowStandard, "STANDARD", kStepStandard, kGreen, kWait,
      "Reading and averaging low standard signal..."},
     {"Save Low Standard", Phase::Save, Item::LowStandard, "STANDARD", kStepStandard, kGreen,
@@ -56,25 +72,29 @@ constexpr CaptionRow kRows[] = {
      "Click to Save High Standard", "Reading and averaging high standard signal..."},
     // The space bar's prompt for the first copro names it by its number.
     {"Load Copro 1", Phase::Load, Item::Copro1, "COPROS", kStepCopros, kLoad,
-     "Load Copro {1} then click here when stable", "Load Copro {1} and click"},
+     "Load Copro {1} then click here when stable", "Load Copro {1} and click [Start] or press <Spacebar>."},
     {"Load Copro {1}", Phase::Load, Item::Copro1, "COPROS", kStepCopros, kLoad,
      "Load Copro {1} then click here when stable|Click to start reading the copro standard",
-     "Load Copro {1} and click|Load Copro {1} then|Load Copro then"},
-    {"Reading {1}", Phase::Read, Item::Copro1, "COPROS", kStepCopros, kGreen, kWait, "Reading and averaging {1}..."},
+     "Load Copro {1} and click [Start] or press <Spacebar>.|Load Copro {1} and click|Load Copro {1} "
+     "then|Load Copro then"},
+    {"Reading {1}", Phase::Read, Item::Copro1, "COPROS", kStepCopros, kGreen, kWait,
+     "Reading and averaging {1}..."},
     {"Save {1}", Phase::Save, Item::Copro1, "COPROS", kStepCopros, kGreen, "Click to Save Reading of {1}",
      "Reading and averaging {1}..."},
     {"Load Copro {2}", Phase::Load, Item::Copro2, "COPROS", kStepCopros, kLoad, "Click to Start reading {2}",
-     "Insert 2nd Copro Standard.|Load Copro {2} and click"},
-    {"Reading {2}", Phase::Read, Item::Copro2, "COPROS", kStepCopros, kGreen, kWait, "Reading and averaging {2}..."},
+     "Load Copro {2} and click [Start] or press <Spacebar>.|Insert 2nd Copro Standard."},
+    {"Reading {2}", Phase::Read, Item::Copro2, "COPROS", kStepCopros, kGreen, kWait,
+     "Reading and averaging {2}..."},
     {"Save {2}", Phase::Save, Item::Copro2, "COPROS", kStepCopros, kGreen, "Click to Save Reading of {2}",
      "Reading and averaging {2}..."},
     {"Load 1st Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
-     "Load the first Station Sample and"},
+     "Load the first Station Sample and click [Start] or press <Spacebar>."},
     {"Load Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip, kLoadSample},
-    {"Load Station Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip, kLoadSample},
+    {"Load Station Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
+     kLoadSample},
     {"Load Next Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip, kLoadSample},
     {"Load Added Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
-     "Load Sample, when stable"},
+     "Load Sample, when stable <Click>"},
     {"Reading Station Sample", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
     {"Reading Sample", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
     {"Reading Rb", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
@@ -97,7 +117,8 @@ constexpr CaptionRow kUnknown = {"", Phase::Idle, Item::None, "", -1, kLoad, "",
 
 // Said whatever the button reads: the prompts of a header box that was left, F3's words, a click too early.
 constexpr const char* kSaidAnywhere =
-    "Press <spacebar> to restart...|Manual overide;|Wait! Read minimum number|Load Blank then press <spacebar> "
+    "Press <spacebar> to restart...|Manual overide;|Wait! Read minimum number|Load Blank then press "
+    "<spacebar> "
     "twice|Load Standard then press <spacebar> twice|Load Copro then press <spacebar> twice|Load Sample then "
     "press <spacebar> twice|Load Sample then press <spacebar>|Saving Station ";
 

@@ -1,5 +1,6 @@
 // What the captions of the Start button mean. The caption is the sub-step of a run: this table says, once, to
-// which step it belongs, what a click may do there, and which trace colour, tooltip and instruction go with it.
+// which step it belongs, what a click may do there, and which trace colour, tooltip and instruction go with
+// it.
 #pragma once
 
 #include <array>
@@ -29,11 +30,11 @@ struct CaptionRow {
   const char* Caption;  ///< "{1}" and "{2}" stand for the names of the copros
   Phase Does;
   Item What;
-  const char* Step;  ///< the step that it belongs to; "" for one that belongs to none
-  int Selector;      ///< the index of `Option1` that goes with it, or -1
+  const char* Step;                     ///< the step that it belongs to; "" for one that belongs to none
+  int Selector;                         ///< the index of `Option1` that goes with it, or -1
   std::array<std::uint32_t, 3> Traces;  ///< colours that may be up with it; the first is set
-  const char* Tips;                     ///< beginnings that the tooltip may have, between "|"; the first is set
-  const char* Texts;                    ///< the same for the instruction
+  const char* Tips;   ///< beginnings that the tooltip may have, between "|"; the first is set
+  const char* Texts;  ///< the same for the instruction
 };
 
 /// All captions there are.

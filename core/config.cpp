@@ -75,7 +75,8 @@ int CfgInt16(const RunState& run, int line) {
   try {
     return ToInt16(CfgNumber(run, line));
   } catch (const RunTimeError& error) {
-    throw RunTimeError(error.kind(), "configuration line " + std::to_string(line) + " is \"" + CfgValue(run, line) +
+    throw RunTimeError(error.kind(), "configuration line " + std::to_string(line) + " is \"" +
+                                         CfgValue(run, line) +
                                          "\", which is no number from -32768 to 32767; mend it in kelp.cfg");
   }
 }

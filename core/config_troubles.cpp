@@ -20,8 +20,8 @@ bool IsWhole(const RunState& run, int line, double least, double most) {
 
 // A name that is a part of another caption would be taken for it.
 bool IsCaptionWord(const std::string& name) {
-  for (const char* word : {"Rb", "Ra", "&Blank", "Blank", "Begin Blank", "Low Standard", "High Standard", "Sample",
-                           "Station Sample"})
+  for (const char* word : {"Rb", "Ra", "&Blank", "Blank", "Begin Blank", "Low Standard", "High Standard",
+                           "Sample", "Station Sample"})
     if (name == word) return true;
   return false;
 }
@@ -31,13 +31,14 @@ bool IsCaptionWord(const std::string& name) {
 std::vector<std::string> ConfigTroubles(const RunState& run) {
   std::vector<std::string> troubles;
   const auto add = [&](int line, const char* what, const std::string& remedy) {
-    troubles.push_back("Line " + Padded(std::to_string(line), 2, "L", "0") + " of kelp.cfg (" + what + ") is \"" +
-                       CfgValue(run, line) + "\": " + remedy);
+    troubles.push_back("Line " + Padded(std::to_string(line), 2, "L", "0") + " of kelp.cfg (" + what +
+                       ") is \"" + CfgValue(run, line) + "\": " + remedy);
   };
   if (!IsWhole(run, kCfgComport, 1, 256))
     add(kCfgComport, "Comport", "write the number of the port alone, 1 for COM1.");
   if (!IsWhole(run, kCfgReadInterval, 1, 32767))
-    add(kCfgReadInterval, "Tmp file read interval", "no log is written; write milliseconds, 1000 for a second.");
+    add(kCfgReadInterval, "Tmp file read interval",
+        "no log is written; write milliseconds, 1000 for a second.");
   if (!IsWhole(run, kCfgMinReads, 1, 32767))
     add(kCfgMinReads, "Minimum Number of Reads", "write a number of 1 or more, usually 10.");
   if (!IsWhole(run, kCfgReadsToAverage, 2, 181))

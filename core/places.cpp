@@ -7,8 +7,8 @@ namespace kelp {
 
 namespace {
 
-constexpr const char* kWays[] = {"typed",   "Autoread", "by hand", "F5",       "F7",  "mean box",
-                                 "skipped", "calculated", "remark", "loaded", "restored", "taken back"};
+constexpr const char* kWays[] = {"typed",   "Autoread",   "by hand", "F5",     "F7",       "mean box",
+                                 "skipped", "calculated", "remark",  "loaded", "restored", "taken back"};
 
 std::string& ValueIn(Kelp& kelp, const Place& place) {
   FrmAcquire& form = kelp.frmAcquire;

@@ -24,9 +24,10 @@ const std::string& ValueAt(const Kelp& kelp, const Place& place);
 /// True when an Rb or Ra that was read stands there; -99 marks one that was not.
 bool HoldsReading(const Kelp& kelp, const Place& place);
 
-/// Puts a value into its place, with all that follows it: a begin or end blank is the blank of the station, in
-/// run state, table and average; an Rb or Ra goes to the table too, and the Rb of the current sample is what its
-/// Ra is compared with. Tells place, old and new value in the status bar, and how it came in `kelp.Note`.
+/// Puts a value into its place, with all that follows it: a begin or end blank is the blank of the station,
+/// in run state, table and average; an Rb or Ra goes to the table too, and the Rb of the current sample is
+/// what its Ra is compared with. Tells place, old and new value in the status bar, and how it came in
+/// `kelp.Note`.
 void PutValue(Kelp& kelp, const Place& place, const std::string& value, const StoreNote& note);
 
 /// The same for an Rb below the blank, which the table does not take.

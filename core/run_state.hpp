@@ -110,7 +110,7 @@ struct StationRun {
 
   // Reading and averaging.
   std::vector<float> RawReads;
-  int ReadsInBuffer = 0;  ///< reads since the buffer was cleared, at most its size
+  int ReadsInBuffer = 0;   ///< reads since the buffer was cleared, at most its size
   bool SdIsValid = false;  ///< the SD is one of the buffer as it stands
   Counter16 ReadIndex;
   Counter16 ReadCount;
@@ -176,8 +176,8 @@ struct TimerState {
   int Interval = 0;  ///< milliseconds
 };
 
-/// Sets every slot of the ring buffer and the read counter and index to 0, so that the next item's mean begins
-/// with its own first read.
+/// Sets every slot of the ring buffer and the read counter and index to 0, so that the next item's mean
+/// begins with its own first read.
 void ClearRawReads(RunState& run);
 
 /// Sets every cell of the station table to "".

@@ -205,9 +205,11 @@ void HoldNoStation(Kelp& kelp) {
 
 // The way back to the question for the base file is the button.
 void TellNoStation(Kelp& kelp) {
-  SetButton(kelp, {.Caption = "&Start",
-                   .Tip = "Click to Start",
-                   .Text = "No station is open. Click [Start] or press <Spacebar> to be asked for the base file again."});
+  SetButton(
+      kelp,
+      {.Caption = "&Start",
+       .Tip = "Click to Start",
+       .Text = "No station is open. Click [Start] or press <Spacebar> to be asked for the base file again."});
   SetStatus(kelp, "No station is open: nothing can be measured.");
 }
 

@@ -55,14 +55,16 @@ void LayOutRow(Kelp& kelp, int sample, bool reopened) {
     return;
   }
   ++kelp.run.TubeNum;
-  if (grid.Text(sample, kColVial).empty()) grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
+  if (grid.Text(sample, kColVial).empty())
+    grid.Text(sample, kColVial) = std::to_string(int{kelp.run.TubeNum});
 }
 
 // A starting bottle or vial that the operator typed numbers the rows of the station now set up.
 void TakeTypedNumbers(Kelp& kelp, bool reopened) {
   RunState& run = kelp.run;
   auto& header = kelp.frmAcquire.txtStaInfo;
-  if (run.VialEdited && !reopened) run.TubeNum = static_cast<long long>(ToInt16(Val(header[kStaVial].Text))) - 1;
+  if (run.VialEdited && !reopened)
+    run.TubeNum = static_cast<long long>(ToInt16(Val(header[kStaVial].Text))) - 1;
   if (run.BottleEdited && !reopened) {
     const long long first = ToInt16(Val(header[kStaBottle].Text));
     for (int sample = 1; sample <= run.SampCount; ++sample) {

@@ -5,8 +5,8 @@
 
 namespace kelp {
 
-/// Does `work`. When that throws, the station that was open stays as it was: run state and acquisition screen,
-/// but for the status bar, which goes on.
+/// Does `work`. When that throws, the station that was open stays as it was: run state and acquisition
+/// screen, but for the status bar, which goes on.
 template <class Work>
 void KeepingStation(Kelp& kelp, const Work& work) {
   const RunState run = kelp.run;

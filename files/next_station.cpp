@@ -32,8 +32,8 @@ void MoveEndValues(Kelp& kelp) {
   SetStatus(kelp, "End values moved to beginning");
 }
 
-// Nothing of the station that is closed reaches the next one but what is told to: what a station brought in its
-// own report ends with it, and the next one has the configuration's and the login's.
+// Nothing of the station that is closed reaches the next one but what is told to: what a station brought in
+// its own report ends with it, and the next one has the configuration's and the login's.
 void LeaveStation(Kelp& kelp) {
   RunState& run = kelp.run;
   FrmAcquire& form = kelp.frmAcquire;

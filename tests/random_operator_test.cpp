@@ -166,7 +166,9 @@ class Operator {
         Do(EventKind::Click, "frmChangeStep", "Option1", Pick(random_, 8));
         Do(EventKind::Click, "frmChangeStep", "Command1", 0);
         break;
-      case 6: Do({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1 + Pick(random_, 8)}); break;
+      case 6:
+        Do({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1 + Pick(random_, 8)});
+        break;
       case 7:
         // A number that was typed may be that of a station saved before, and F that of another instrument.
         Do(EventKind::Click, "frmAcquire", "Command6", -1);

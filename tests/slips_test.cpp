@@ -56,9 +56,16 @@ TEST(Slips, N04_WithoutAMinimumEachItemStillHasItsOwnClickAndAFullBuffer) {
 }
 
 TEST(Slips, N09_CoprosAreToldApartWhateverTheirNames) {
-  for (const auto& [low, high] : {std::pair{"12-5", "2-5"}, {"2-5", "12-5"}, {"3-1", "3-1"}, {"", "2-5"},
-                                  {"3-1", ""}, {"", ""}, {"3-1", "1"}, {"Rb", "Ra"}}) {
-    Configured program({{kCfgCoproLow, low}, {kCfgCoproHigh, high}, {kCfgCoproLowAve, "0"}, {kCfgCoproHighAve, "0"}});
+  for (const auto& [low, high] : {std::pair{"12-5", "2-5"},
+                                  {"2-5", "12-5"},
+                                  {"3-1", "3-1"},
+                                  {"", "2-5"},
+                                  {"3-1", ""},
+                                  {"", ""},
+                                  {"3-1", "1"},
+                                  {"Rb", "Ra"}}) {
+    Configured program(
+        {{kCfgCoproLow, low}, {kCfgCoproHigh, high}, {kCfgCoproLowAve, "0"}, {kCfgCoproHighAve, "0"}});
     program.Measure(0.005);
     for (int i = 0; i < 2; ++i) program.Measure(1.5 + i);
     EXPECT_EQ(program.form().txtBlank[kBoxCopro1].Text + " " + program.form().txtBlank[kBoxCopro2].Text,
@@ -91,8 +98,8 @@ TEST(Slips, N15_MissingIsNotZeroInReportAndDatabase) {
 }
 
 TEST(Slips, N24_WordsThatAreTrueAndNameTheirLine) {
-  for (const auto& [line, value] : {std::pair{kCfgReadInterval, "99999"}, {kCfgMinReads, "40000"},
-                                    {kCfgReadsToAverage, "-50000"}}) {
+  for (const auto& [line, value] :
+       {std::pair{kCfgReadInterval, "99999"}, {kCfgMinReads, "40000"}, {kCfgReadsToAverage, "-50000"}}) {
     Program program;
     program.Configure(line, value);
     Start(program.kelp);

@@ -71,9 +71,10 @@ void AcceptBlank(Kelp& kelp, SavedBy by) {
     return;
   }
   const std::string load = "Load Copro " + run.CoproLowStd;
-  SetButton(kelp, {.Caption = load,
-                   .Text = load + (by == SavedBy::Hand ? " and click [Start] or press <Spacebar>."
-                                                       : " and click [Start] or press <Spacebar> when stable.")});
+  SetButton(kelp,
+            {.Caption = load,
+             .Text = load + (by == SavedBy::Hand ? " and click [Start] or press <Spacebar>."
+                                                 : " and click [Start] or press <Spacebar> when stable.")});
 }
 
 void AcceptLowStandard(Kelp& kelp, SavedBy by) {
@@ -113,11 +114,12 @@ void AcceptRb(Kelp& kelp, SavedBy by, int code) {
   if (!MayReplace(kelp, {.Row = run.SampNum, .Col = kColRb})) return;
   const float reading = run.CurReading;
   run.ReadFlag = true;
-  SetButton(kelp, {.Caption = "Acidify",
-                   .Text = by == SavedBy::Hand
-                               ? "Press F7 if the current reading is higher than saved; ACIDIFY w/ 200ul (one "
-                                 "squirt) 10% HCL using Repipettor"
-                               : "ACIDIFY - ONE squirt of 10% HCL using Repipettor"});
+  SetButton(kelp,
+            {.Caption = "Acidify",
+             .Text = by == SavedBy::Hand
+                         ? "Press F7 if the current reading is higher than saved; ACIDIFY w/ 200ul (one "
+                           "squirt) 10% HCL using Repipettor"
+                         : "ACIDIFY - ONE squirt of 10% HCL using Repipettor"});
   RecordSampleReading(kelp, code, NoteOf(kelp, by));
   run.RbReading = reading;
 }
@@ -140,13 +142,12 @@ void AcceptRa(Kelp& kelp, SavedBy by) {
     run.ReadFlag = true;
   } else {
     const bool last = form.Command1.Caption == "What's Next";
-    const char* text = by == SavedBy::Autoread
-                           ? "Load the next Station Sample and click [Start] or press <Spacebar>."
-                       : last ? "Press F7 if the current reading is lower than saved. All samples are read."
-                              : "Press F7 if the current reading is lower than saved then load the next Station "
-                                "Sample and click [Start] or press <Spacebar>.";
-    SetButton(kelp,
-              {.Caption = last ? "What's Next" : "Load Next Sample", .Text = text, .Trace = kTraceRed});
+    const char* text =
+        by == SavedBy::Autoread ? "Load the next Station Sample and click [Start] or press <Spacebar>."
+        : last                  ? "Press F7 if the current reading is lower than saved. All samples are read."
+               : "Press F7 if the current reading is lower than saved then load the next Station "
+                 "Sample and click [Start] or press <Spacebar>.";
+    SetButton(kelp, {.Caption = last ? "What's Next" : "Load Next Sample", .Text = text, .Trace = kTraceRed});
     run.RaAccepted = false;
     run.ReplaceSample = 0;
   }

@@ -17,8 +17,9 @@ void AcceptSecondCopro(Kelp& kelp, SavedBy by);
 /// unless the operator went back to the sample or says Yes.
 void AcceptRb(Kelp& kelp, SavedBy by, int code);
 
-/// Stores the Ra, calculates the sample and moves on; an Ra that is there already as with AcceptRb. An error of
-/// the calculation is thrown only after the run has moved on: the value is stored, and the next tube waits.
+/// Stores the Ra, calculates the sample and moves on; an Ra that is there already as with AcceptRb. An error
+/// of the calculation is thrown only after the run has moved on: the value is stored, and the next tube
+/// waits.
 void AcceptRa(Kelp& kelp, SavedBy by);
 
 }  // namespace kelp

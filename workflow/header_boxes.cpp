@@ -73,8 +73,8 @@ void NumberRows(Kelp& kelp, int index, const std::string& text) {
     }
   }
   if (index == kStaVial && run.SampCount > 0) run.TubeNum = first - 1 + run.SampCount;
-  SetStatus(kelp, std::string(index == kStaVial ? "Vials" : "Bottles") + " of this station are numbered from " +
-                      std::to_string(first) + " on.");
+  SetStatus(kelp, std::string(index == kStaVial ? "Vials" : "Bottles") +
+                      " of this station are numbered from " + std::to_string(first) + " on.");
 }
 
 }  // namespace

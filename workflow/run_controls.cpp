@@ -15,7 +15,7 @@ struct BackRow {
   std::string from;
   std::string to;
   std::uint32_t trace;
-  Item item = Item::None;    ///< that the caption means, where its text alone may not tell
+  Item item = Item::None;  ///< that the caption means, where its text alone may not tell
   bool toSecondCopro = false;
 };
 
@@ -129,17 +129,19 @@ void datalog_DblClick(Kelp& kelp) {
   run.Resume = ResumeAt::Nothing;
   run.ReplaceSample = row;
   const std::string sample = "Sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row);
-  SetStatus(kelp, "The run stands at sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row) + " now.");
+  SetStatus(kelp,
+            "The run stands at sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row) + " now.");
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
   const bool ra = form.datalog.Col == kColRa;
   // The next space bar is to go on with this sample, not to be typed into its cell.
   kelp.Focus = {"frmAcquire", "Command1"};
   run.ReadFlag = ra;
-  SetButton(kelp, {.Caption = ra ? "Acidify" : "Load Station Sample",
-                   .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
-                                          "click [Acidify]."
-                                        : ": load it and click [Start] or press <Spacebar>."),
-                   .Trace = ra ? kTraceBlue : kTraceMagenta});
+  SetButton(kelp,
+            {.Caption = ra ? "Acidify" : "Load Station Sample",
+             .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
+                                    "click [Acidify]."
+                                  : ": load it and click [Start] or press <Spacebar>."),
+             .Trace = ra ? kTraceBlue : kTraceMagenta});
   run.Loaded = false;
   ClearRawReads(run);
   // The Ra is to be compared with this sample's Rb, not with that of the sample left.

@@ -61,8 +61,9 @@ std::string MarkSample(Kelp& kelp) {
   run.SampTbl(row, kTblRb) = ValueAt(kelp, rb);
   run.SampTbl(row, kTblRa) = ValueAt(kelp, ra);
   SetStatus(kelp, "Sample " + std::to_string(int{run.SampNum}) + ", bottle " + BottleOf(kelp, run.SampNum) +
-                      (marked.empty() ? " is left; its readings stay."
-                                      : ": " + marked + " " + kSampleNotRead + " (skipped). Ctrl+Z takes it back."));
+                      (marked.empty()
+                           ? " is left; its readings stay."
+                           : ": " + marked + " " + kSampleNotRead + " (skipped). Ctrl+Z takes it back."));
   std::string line;
   for (int col = 0; col < StationTable::kCols; ++col) line += "," + run.SampTbl(row, col);
   return line;

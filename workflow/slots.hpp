@@ -9,9 +9,9 @@
 namespace kelp {
 
 struct ValueSlot {
-  int Box = -1;  ///< index of `txtBlank`, or -1
-  int Row = 0;   ///< grid row
-  int Col = -1;  ///< its column; -1 when the slot is no grid cell
+  int Box = -1;            ///< index of `txtBlank`, or -1
+  int Row = 0;             ///< grid row
+  int Col = -1;            ///< its column; -1 when the slot is no grid cell
   bool Calculate = false;  ///< the row is calculated afterwards
 };
 
@@ -19,8 +19,8 @@ ValueSlot KeySlot(const Kelp& kelp);      ///< F5 and F7 on the acquisition scre
 ValueSlot ChooserSlot(const Kelp& kelp);  ///< F5 and F7 on the chooser
 ValueSlot MeanSlot(const Kelp& kelp);     ///< a click on a mean box
 
-/// Puts a value into a slot, and calculates the sample where the slot says so. A caption that waits for nothing,
-/// or a value that is none, changes nothing, and the status bar says so.
+/// Puts a value into a slot, and calculates the sample where the slot says so. A caption that waits for
+/// nothing, or a value that is none, changes nothing, and the status bar says so.
 void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value, How way);
 
 }  // namespace kelp

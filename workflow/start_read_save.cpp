@@ -96,12 +96,13 @@ void SaveItem(Kelp& kelp, Item item) {
   }
 }
 
-// The loop runs already while an item is read; an item that was not loaded, or a loop that stands, begins anew.
+// The loop runs already while an item is read; an item that was not loaded, or a loop that stands, begins
+// anew.
 void ReadItem(Kelp& kelp, const CaptionRow& row) {
   RunState& run = kelp.run;
   if (kelp.loop.Running && run.Loaded) {
-    SetStatus(kelp, "Reading: " + std::to_string(int{run.ReadCount}) + " of " + std::to_string(int{run.MinReads}) +
-                        " reads are in.");
+    SetStatus(kelp, "Reading: " + std::to_string(int{run.ReadCount}) + " of " +
+                        std::to_string(int{run.MinReads}) + " reads are in.");
     return;
   }
   if ((row.What == Item::Rb || row.What == Item::Ra) && !SampleIsThere(kelp)) return;
@@ -122,7 +123,8 @@ void AskForStationAgain(Kelp& kelp) {
   if (!kelp.run.BaseFile.empty()) LoadBaseFile(kelp, kelp.run.BaseFile);
 }
 
-void SetPrompt(Kelp& kelp, const std::string& caption, const std::string& tip, const std::string& instruction) {
+void SetPrompt(Kelp& kelp, const std::string& caption, const std::string& tip,
+               const std::string& instruction) {
   SetButton(kelp, {.Caption = caption, .Tip = tip, .Text = instruction});
 }
 

@@ -38,7 +38,9 @@ struct Values {
   std::array<std::string, 10> boxes = {};
 
   static constexpr int kRows = 40;
-  std::string& cell(int row, int col) { return cells[static_cast<std::size_t>(2 * (row - 1) + col - kColRb)]; }
+  std::string& cell(int row, int col) {
+    return cells[static_cast<std::size_t>(2 * (row - 1) + col - kColRb)];
+  }
 
   static Values Of(const Kelp& kelp) {
     Values values;

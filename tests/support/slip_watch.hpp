@@ -134,7 +134,8 @@ class SlipWatch {
     const bool dblClick = event_ != nullptr && event_->Kind == EventKind::DblClick &&
                           event_->Place.Control == "datalog" && asked;
     const bool step = Clicked("Command1") && event_->Place.Screen == "frmChangeStep";
-    if (dblClick || step || Clicked("Command4") || replaceYes) went_ = replaceYes ? sample_ : int{kelp.run.SampNum};
+    if (dblClick || step || Clicked("Command4") || replaceYes)
+      went_ = replaceYes ? sample_ : int{kelp.run.SampNum};
     const bool done = caption != caption_ && (caption == "Load Next Sample" || caption == "What's Next");
     if (done && !dblClick && !step && !replaceYes) next_ = true;
   }
@@ -142,21 +143,23 @@ class SlipWatch {
   std::string WrongValue() {
     const Kelp& kelp = *kelp_;
     Values now = Values::Of(kelp);
-    const bool typed = event_ != nullptr && (event_->Kind == EventKind::Edit || event_->Kind == EventKind::Key);
+    const bool typed =
+        event_ != nullptr && (event_->Kind == EventKind::Edit || event_->Kind == EventKind::Key);
     const bool told = typed || IsKey(5) || IsKey(7) || Clicked("txtMean") || Clicked("cmdUndo") || replaceYes;
     std::string wrong;
     for (int row = 1; row <= Values::kRows; ++row)
       for (const int col : {kColRb, kColRa}) {
         const std::string& before = values_.cell(row, col);
         if (before == now.cell(row, col)) continue;
-        const std::string name = (col == kColRb ? "Rb" : "Ra") + std::string(" of sample ") + std::to_string(row);
+        const std::string name =
+            (col == kColRb ? "Rb" : "Ra") + std::string(" of sample ") + std::to_string(row);
         const bool read = !Trim(before).empty() && Val(before) > -99;
         if (read && !told && row != went_) wrong = name + " " + before + " became " + now.cell(row, col);
         if (Saved() && loaded_ != row) wrong = name + " was saved and never loaded";
       }
     for (int box = 0; box < 10; ++box)
-      if (values_.boxes[static_cast<std::size_t>(box)] != now.boxes[static_cast<std::size_t>(box)] && Saved() &&
-          loaded_ != About(kelp, caption_, sample_))
+      if (values_.boxes[static_cast<std::size_t>(box)] != now.boxes[static_cast<std::size_t>(box)] &&
+          Saved() && loaded_ != About(kelp, caption_, sample_))
         wrong = "box " + std::to_string(box) + " was saved and never loaded";
     if (Saved() && values_ != now && wrong.empty() && reads_ < std::max(1, int{kelp.run.ReadsToAverage}))
       wrong = "a value was saved after " + std::to_string(reads_) + " reads";
@@ -181,7 +184,8 @@ class SlipWatch {
     if (begins) reads_ = 0;
     if (does == Phase::Load) loaded_ = 0;
     const bool back = Clicked("Command4") && event_->Place.Screen == "frmAcquire";
-    const bool begun = (begins || did == Phase::Save) && does == Phase::Read && event_ != nullptr && !back && !IsKey(3);
+    const bool begun =
+        (begins || did == Phase::Save) && does == Phase::Read && event_ != nullptr && !back && !IsKey(3);
     if (begun && kelp.run.Loaded) loaded_ = About(kelp, caption, kelp.run.SampNum);
   }
 
