@@ -34,7 +34,7 @@ for script in "$here"/tests/scripts/{two_stations,by_hand,questions}.ks; do
     >"$folder/$name.out" 2>&1 || { cat "$folder/$name.out"; fail "$name failed"; }
   "$linux/desktop/kelp" --script "$script" --quick --drives "$folder/$name.linux" --clock 2026-11-24T03:00:00 \
     >"$folder/$name.linux.out"
-  diff -r -x kelp.lck -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
+  diff -r -x '*.lck' -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
 done
 "$wine" "$place/kelp.exe" --version | grep -q '^kelp [0-9]' || fail 'kelp.exe --version says nothing'
 say "kelp.exe --script: $(find "$folder"/*.ks.windows -type f ! -name 'record*' | wc -l) files are those of Linux byte for byte"
