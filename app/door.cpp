@@ -23,7 +23,6 @@ namespace {
 template <class Handler, class Before>
 void Guarded(Kelp& kelp, const Handler& handler, const Before& before) {
   std::optional<RunTimeError> failure;
-  kelp.Note = {};
   kelp.StoresBefore = kelp.run.Stores;
   try {
     handler();
