@@ -1,5 +1,5 @@
-// The read loop as a state machine: a front end runs it pass by pass, whenever bytes arrive and at
-// least every 50 ms.
+// The read loop as a state machine: a front end runs it pass by pass, whenever bytes arrive and
+// once a second.
 #pragma once
 
 #include "core/kelp.hpp"

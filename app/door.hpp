@@ -43,7 +43,7 @@ bool Post(Kelp& kelp, const Event& event);
 bool WantsPasses(const Kelp& kelp);
 
 /// One pass of the read loop, and the automatic save when Autoread is on. Call it whenever bytes
-/// arrive and at least every 50 ms while WantsPasses.
+/// arrive and once a second while WantsPasses: without bytes a pass only looks after the line.
 void Pass(Kelp& kelp);
 
 /// True while the log timer runs; its interval is `kelp.Timer1.Interval` in milliseconds.

@@ -85,6 +85,7 @@ void FrmAcquireWindow::ShowChanges() {
 
 void FrmAcquireWindow::resizeEvent(QResizeEvent* event) {
   ScreenWindow::resizeEvent(event);
+  topLine_->setFixedHeight(std::max(fontMetrics().height() * 5 / 2, height() / 17));
   PlaceRunButtons(height() < fontMetrics().height() * 42);
 }
 

@@ -80,6 +80,7 @@ class FrmAcquireWindow : public ScreenWindow {
   ValueBox* last_ = nullptr;
   StatePlate* plate_ = nullptr;
   QGridLayout* runButtons_ = nullptr;
+  QWidget* topLine_ = nullptr;
   AlarmCall call_ = {};
   AcidClock acid_ = {};
   Sign* sdSign_ = nullptr;

@@ -27,14 +27,14 @@ void Fade(QWidget* widget) { SetInk(widget, FaintText); }
 }  // namespace
 
 QWidget* FrmAcquireWindow::MakeTopLine() {
-  auto* line = new QWidget(this);
+  auto* line = topLine_ = new QWidget(this);
   step_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignLeft, line);
   step_->setAccessibleName("Step");
   SetLook(step_, 1, true);
-  step_->FillWithText(2.1);
+  step_->FillWithText(3.2);
   last_ = new ValueBox(0, ValueBox::Frame::None, Qt::AlignRight, line);
   last_->setAccessibleName("Last result");
-  last_->FillWithText(1.6);
+  last_->FillWithText(2.4);
   plate_ = new StatePlate(line);
   auto* layout = new QHBoxLayout(line);
   layout->setContentsMargins(10, 4, 8, 2);
@@ -42,7 +42,6 @@ QWidget* FrmAcquireWindow::MakeTopLine() {
   layout->addWidget(step_, 5);
   layout->addWidget(last_, 3);
   layout->addWidget(plate_);
-  line->setFixedHeight(fontMetrics().height() * 5 / 2);
   return line;
 }
 

@@ -113,6 +113,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   SetColumnWidths();
+  if (const int row = model_->MarkedRow(); row > 0) scrollTo(model_->index(row - 1, std::max(markedCol_, 0)));
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {

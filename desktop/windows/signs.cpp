@@ -117,7 +117,7 @@ void StatePlate::Set(SaveState state, const QString& words) {
 // As wide as its longest words, so that nothing beside it moves.
 QSize StatePlate::sizeHint() const {
   const QFontMetrics metrics(Scaled(font(), 1, true));
-  return {metrics.horizontalAdvance("SAVED - LOAD NEXT") + metrics.height() * 2, metrics.height() * 3 / 2};
+  return {metrics.horizontalAdvance("SAVED - LOAD NEXT") + metrics.height() * 3, metrics.height() * 3 / 2};
 }
 
 void StatePlate::paintEvent(QPaintEvent* /*event*/) {

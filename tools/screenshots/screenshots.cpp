@@ -123,7 +123,7 @@ void Run(Desk& desk, Camera& camera) {
   analyst.Settle(5.017, 7);
   desk.kelp.Focus = {"frmAcquire", "Command1"};
   camera.Take("frmAcquire", "acquire-early");
-  analyst.Settle(5.017, 5);
+  for (int i = 0; i < 14; ++i) desk.Read(5.017 + 0.0008 * std::sin(2.3 * i));
   camera.Take("frmAcquire", "acquire");
   analyst.Start();
   camera.Take("frmAcquire", "acquire-acidify");
