@@ -13,7 +13,7 @@ namespace kelp {
 namespace {
 
 constexpr std::string_view kLowStandard = "    Low standard: ";
-constexpr std::string_view kHighStandard = "    High standard: ";
+constexpr std::string_view kHighStandard = "High standard: ";
 
 // What a line of two halves holds behind the key of the left half and that of the right half.
 struct HeadingLine {
@@ -110,20 +110,21 @@ ReportHeading ReadHeading(const std::vector<std::string>& lines) {
   heading.Copro1 = ReadCopro(below(7), heading.CoproName1);
   heading.Copro2 = ReadCopro(below(8), heading.CoproName2);
   for (auto line = banner; line != lines.end(); ++line) {
-    if (line->starts_with(kLowStandard))
-      heading.LowStandard = SplitAt(line->substr(kLowStandard.size()), "/");
-    if (line->starts_with(kHighStandard))
-      heading.HighStandard = SplitAt(line->substr(kHighStandard.size()), "/");
+    const HeadingLine standards = SplitHeading(*line, kLowStandard, kHighStandard);
+    if (!standards.Left || !standards.Right) continue;
+    heading.LowStandard = SplitAt(Trimmed(standards.Left), "/");
+    heading.HighStandard = SplitAt(standards.Right, "/");
+    break;
   }
   return heading;
 }
 
 std::vector<std::string> StandardLines(const ValuePair& low, const ValuePair& high) {
-  const auto read = [](const ValuePair& pair) { return Val(pair.Begin) != 0 || Val(pair.End) != 0; };
-  std::vector<std::string> lines;
-  if (read(low)) lines.push_back(std::string(kLowStandard) + low.Begin + "/" + low.End);
-  if (read(high)) lines.push_back(std::string(kHighStandard) + high.Begin + "/" + high.End);
-  return lines;
+  const auto shown = [](const std::string& text) { return text.empty() || text == "0" ? "-99.00" : text; };
+  const auto both = [&](const ValuePair& pair) { return shown(pair.Begin) + "/" + shown(pair.End); };
+  if (both(low) + both(high) == "-99.00/-99.00-99.00/-99.00") return {};
+  return {Padded(std::string(kLowStandard) + both(low), 34, "R", "S") +
+          Padded(std::string(kHighStandard) + both(high), 30, "L", "S")};
 }
 
 void TakeReportHeading(Kelp& kelp, const std::vector<std::string>& lines) {

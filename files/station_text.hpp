@@ -38,7 +38,7 @@ struct ReportHeading {
 /// Reads the heading of the first report in `lines`, and the standards behind its rows.
 ReportHeading ReadHeading(const std::vector<std::string>& lines);
 
-/// The lines in which a base file carries its standards behind the report; none when none was read.
+/// The line in which a base file carries its standards behind the report; none when none was read.
 std::vector<std::string> StandardLines(const ValuePair& low, const ValuePair& high);
 
 }  // namespace kelp
