@@ -71,6 +71,7 @@ Cruise ReadCruise(Disk& disk, const std::string& folder, const std::string& name
   Cruise cruise{WithBackslash(folder), name};
   std::vector<std::string> files = disk.FilesIn(folder);
   std::erase_if(files, [](const std::string& file) { return ProcNumOfBaseFile(file).empty(); });
+  std::sort(files.begin(), files.end());
   for (std::size_t i = 0; i < files.size(); ++i) {
     if (progress && !progress(i, files.size())) break;
     ReadOne(disk, cruise, files[i]);

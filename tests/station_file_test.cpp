@@ -3,6 +3,7 @@
 
 #include "files/cruise.hpp"
 #include "files/database_csv.hpp"
+#include "review/station.hpp"
 #include "tests/support/finished_station.hpp"
 #include "tests/support/generated_cruise.hpp"
 
@@ -25,6 +26,7 @@ TEST(StationFile, TellsWhatWasSaved) {
   program.cell(2, kColReadCom) = "torn _ filter, 50% \\ left";
   program.cell(3, kColDepth) = "";
   program.form().txtBlank[kBoxHighStandard].Text = "20.1000";
+  program.form().txtBlank[kBoxHighStandard + 1].Text = "20.2000";
   program.form().txtBlank[kBoxCopro2 + 1].Text = "-99.00";
   const StationFile open = OpenStation(program.kelp);
   program.Save();
@@ -36,6 +38,7 @@ TEST(StationFile, TellsWhatWasSaved) {
   for (const auto pair :
        {&StationFile::Blank, &StationFile::Copro1, &StationFile::Copro2, &StationFile::HighStandard})
     ExpectSame(file.*pair, open.*pair);
+  EXPECT_EQ(MeasuredBox(file.LowStandard.Begin), Measured());
   EXPECT_EQ(file.CoproName1 + file.CoproName2, "3-12-5");
   ASSERT_EQ(file.Samples.size(), 3U);
   for (std::size_t i = 0; i < 3; ++i)
