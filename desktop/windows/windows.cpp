@@ -32,7 +32,8 @@ Windows::Windows(Kelp& kelp, std::function<bool(const Event&)> post)
       post_(std::move(post)),
       machineSettings_(new QPushButton("&Machine settings...")),
       soundSwitch_(MakeSoundSwitch()) {
-  machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, colours, sounds, the text editor");
+  machineSettings_->setToolTip(
+      "Folders of the drives, devices of the serial ports, colours, sounds, the text editor");
   machineSettings_->setFocusPolicy(Qt::TabFocus);
   machineSettings_->setAutoDefault(true);
   MakeAccessible();
