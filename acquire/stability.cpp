@@ -41,8 +41,8 @@ StabilityTrace StabilityOf(const Kelp& kelp) {
   if (trace.Full) trace.Reads.assign(slots.begin() + index, slots.end());
   trace.Reads.insert(trace.Reads.end(), slots.begin(), slots.begin() + index);
   if (trace.Reads.empty()) return trace;
-  trace.Mean = std::accumulate(trace.Reads.begin(), trace.Reads.end(), 0.0) /
-               static_cast<double>(trace.Reads.size());
+  trace.Mean =
+      std::accumulate(trace.Reads.begin(), trace.Reads.end(), 0.0) / static_cast<double>(trace.Reads.size());
   trace.Sd = trace.Full ? kelp.loop.Sd : 0;
   SetScale(trace, CfgNumber(kelp.run, kCfgSdCriterion));
   return trace;

@@ -43,8 +43,8 @@ std::vector<Alarm> AlarmsOf(const Kelp& kelp) {
     alarms.push_back({AlarmKind::LineLost, "SERIAL LINE LOST: " + LastReading(kelp) +
                                                ". Look at cable and power; it is tried every second."});
   else if (LineIsSilent(kelp))
-    alarms.push_back(
-        {AlarmKind::Silent, "NO READINGS: " + LastReading(kelp) + ". Look at the fluorometer and its cable."});
+    alarms.push_back({AlarmKind::Silent,
+                      "NO READINGS: " + LastReading(kelp) + ". Look at the fluorometer and its cable."});
   if (kelp.loop.Running && IsOffscale(kelp, static_cast<float>(Val(kelp.run.LastRawText))))
     alarms.push_back({AlarmKind::Offscale, "OFF SCALE: " + kelp.run.LastRawText +
                                                " is above the instrument's limit. Dilute the sample 50 %."});

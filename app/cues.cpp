@@ -6,10 +6,10 @@ namespace kelp {
 
 std::vector<Tone> TonesOf(Cue cue) {
   switch (cue) {
-    case Cue::CanSave: return {{660, 0.10}, {880, 0.10}};                                // two, rising
-    case Cue::Saved: return {{1320, 0.09}};                                              // one, short and high
-    case Cue::Acid: return {{523, 0.12}, {659, 0.12}, {784, 0.22}};                      // three, rising
-    case Cue::Question: return {{880, 0.12}, {660, 0.18}};                               // two, falling
+    case Cue::CanSave: return {{660, 0.10}, {880, 0.10}};            // two, rising
+    case Cue::Saved: return {{1320, 0.09}};                          // one, short and high
+    case Cue::Acid: return {{523, 0.12}, {659, 0.12}, {784, 0.22}};  // three, rising
+    case Cue::Question: return {{880, 0.12}, {660, 0.18}};           // two, falling
     case Cue::Alarm: return {{440, 0.18}, {0, 0.07}, {440, 0.18}, {0, 0.07}, {440, 0.4}};  // low, three times
   }
   return {};

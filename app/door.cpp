@@ -121,7 +121,8 @@ void Start(Kelp& kelp) {
 
 bool Post(Kelp& kelp, const Event& event) {
   if (kelp.Ended) return false;
-  const bool forScreen = event.Kind == EventKind::Key || event.Kind == EventKind::Close || event.Kind == EventKind::Escape;
+  const bool forScreen =
+      event.Kind == EventKind::Key || event.Kind == EventKind::Close || event.Kind == EventKind::Escape;
   if (forScreen) {
     const Window* window = FindWindow(kelp, event.Place.Screen);
     if (window == nullptr || !window->Visible) return false;

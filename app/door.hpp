@@ -9,13 +9,13 @@
 namespace kelp {
 
 enum class EventKind {
-  Click,       ///< a button, an option button (it is selected first), a check box (toggled first)
-  DblClick,    ///< an option button of the chooser, or the grid's current cell
-  Key,         ///< `Key` was pressed on the screen `Place.Screen`, with the focus where it is
-  Edit,        ///< the operator's editing left `Text` in a text box, combo box or the current grid cell
-  Focus,       ///< the focus goes to `Place`; the control left gets its leave event
-  Paste,       ///< `Text` is a block of cells, tabs and line breaks between them, for a grid from `Row`, `Col`
-  Escape,      ///< the screen `Place.Screen` is left without effect, where it is a dialog
+  Click,     ///< a button, an option button (it is selected first), a check box (toggled first)
+  DblClick,  ///< an option button of the chooser, or the grid's current cell
+  Key,       ///< `Key` was pressed on the screen `Place.Screen`, with the focus where it is
+  Edit,      ///< the operator's editing left `Text` in a text box, combo box or the current grid cell
+  Focus,     ///< the focus goes to `Place`; the control left gets its leave event
+  Paste,     ///< `Text` is a block of cells, tabs and line breaks between them, for a grid from `Row`, `Col`
+  Escape,    ///< the screen `Place.Screen` is left without effect, where it is a dialog
   SelectCell,  ///< `Row`, `Col` of a grid becomes the current cell
   Close,       ///< the window of `Place.Screen` is to be closed by its frame
 };

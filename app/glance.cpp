@@ -58,7 +58,9 @@ bool WasSkipped(const Kelp& kelp) {
 }
 
 SaveState ReadingState(const Kelp& kelp, const PanelState& panel, const Glance& glance) {
-  if (!glance.Enough || !AverageExists(kelp.run)) return SaveState::Reading;
+  // While the line is silent nothing is known of what is in the holder now.
+  const bool old = ReadingAge(kelp) >= 0;
+  if (!glance.Enough || old || !AverageExists(kelp.run)) return SaveState::Reading;
   return panel.SdMet ? SaveState::CanSave : SaveState::NotSteady;
 }
 
@@ -78,9 +80,9 @@ std::string WordsOf(const Kelp& kelp, const Glance& glance) {
     case SaveState::Load: return "LOAD";
     case SaveState::Saved: return StartsWith(caption, "Load") ? "SAVED - LOAD NEXT" : "SAVED";
     case SaveState::Reading:
-      return glance.Enough ? "WAIT"
-                           : "WAIT " + std::to_string(int{kelp.run.ReadCount}) + "/" +
-                                 std::to_string(glance.Needed);
+      return glance.Enough
+                 ? "WAIT"
+                 : "WAIT " + std::to_string(int{kelp.run.ReadCount}) + "/" + std::to_string(glance.Needed);
     case SaveState::NotSteady: return "NOT STEADY";
     case SaveState::CanSave: return kelp.frmAcquire.Check1.Value ? "STEADY" : "CAN BE SAVED";
     case SaveState::Acid: return caption == "Acidified" ? "ACID SEEN" : "ACIDIFY";
@@ -93,8 +95,7 @@ std::string WordsOf(const Kelp& kelp, const Glance& glance) {
 // The number that the screen shows large is the value of what is in the holder, or it is marked.
 void JudgeReading(const Kelp& kelp, Glance& glance) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  const bool itemIsIn =
-      StartsWith(caption, "Read") || StartsWith(caption, "Save") || AsksForAcid(caption);
+  const bool itemIsIn = StartsWith(caption, "Read") || StartsWith(caption, "Save") || AsksForAcid(caption);
   if (const int age = ReadingAge(kelp); age >= 0) {
     glance.Faint = true;
     glance.Beside = std::to_string(age) + " s old";

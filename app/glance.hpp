@@ -34,7 +34,8 @@ struct Glance {
 
 Glance GlanceAt(const Kelp& kelp);
 
-/// What the chooser warns of: "Samples 3 to 6 have no reading", "Sample 4 has no Ra". Empty when all are read.
+/// What the chooser warns of: "Samples 3 to 6 have no reading", "Sample 4 has no Ra". Empty when all are
+/// read.
 std::string UnreadSamples(const Kelp& kelp);
 
 /// The time since the acid went in, which is counted from the save of the Rb.

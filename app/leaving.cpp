@@ -23,7 +23,8 @@ void CloseWindow(Kelp& kelp, std::string_view screen) {
 
 void LeaveDialog(Kelp& kelp, std::string_view screen) {
   const auto is = [&](std::string_view name) { return SameIgnoringCase(name, screen); };
-  if (is("frmChangeStep") || is("dlgRunRem") || is("frmRecalc") || is("frmEditCFG")) CloseWindow(kelp, screen);
+  if (is("frmChangeStep") || is("dlgRunRem") || is("frmRecalc") || is("frmEditCFG"))
+    CloseWindow(kelp, screen);
   if (is("frmWhatsNext")) {
     // The run stands where it stood: the button opens the chooser again.
     HideScreen(kelp, screen);

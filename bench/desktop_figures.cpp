@@ -251,7 +251,9 @@ std::map<std::string, std::vector<double>> Collect(const char* self, int starts)
   // In turns, so that what else the machine does meets both.
   for (int i = 0; i < 2 * starts; ++i) {
     const std::string command = std::string(self) + " --measure " + std::to_string(Now()) +
-                                (i == 0 ? " all" : i % 2 == 0 ? " first" : " empty");
+                                (i == 0       ? " all"
+                                 : i % 2 == 0 ? " first"
+                                              : " empty");
     FILE* child = ::popen(command.c_str(), "r");
     char name[64];
     double figure = 0;

@@ -27,7 +27,8 @@ struct Glancing : testing::Test {
   std::string Seen() {
     const Glance glance = GlanceAt(desk.kelp);
     clock = acid.Listen(desk.kelp);
-    if (const auto cue = cues.Listen(false, glance.State)) heard += std::string(heard.empty() ? "" : ", ") + NameOf(*cue);
+    if (const auto cue = cues.Listen(false, glance.State))
+      heard += std::string(heard.empty() ? "" : ", ") + NameOf(*cue);
     return glance.Step + " | " + glance.Last + " | " + glance.StateWords + " | " + glance.Beside;
   }
 };
@@ -72,11 +73,14 @@ TEST_F(Glancing, TellsAStationFromTwoMetresAway) {
   desk.Read(1.1, 12);
   Press();
   const std::string result = desk.cell(1, kColChla);
-  EXPECT_EQ(Seen().substr(0, 26 + result.size()), "Vial 3 - bottle 08 - Rb | 07: " + result.substr(0, result.size() - 4));
+  EXPECT_EQ(Seen().substr(0, 26 + result.size()),
+            "Vial 3 - bottle 08 - Rb | 07: " + result.substr(0, result.size() - 4));
   EXPECT_EQ(clock, "");
   desk.Click("frmAcquire", "Command5");
   EXPECT_EQ(GlanceAt(desk.kelp).StateWords, "WHAT'S NEXT") << "a skipped sample is not saved";
-  EXPECT_EQ(heard, "A value can be saved, A value was saved, A value was saved, A value was saved, Acid is due, A value was saved");
+  EXPECT_EQ(heard,
+            "A value can be saved, A value was saved, A value was saved, A value was saved, Acid is due, A "
+            "value was saved");
 }
 
 TEST_F(Glancing, WarnsOfSamplesWithoutReading) {
@@ -125,7 +129,9 @@ TEST_F(Glancing, AlarmsAreToldWorstFirstAndCallUntilTheyAreSeen) {
   EXPECT_TRUE(calls()) << "another kind calls anew";
   SetWarning(desk.kelp, "READINGS ARE NOT SAFE ON THE DISK. ");
   desk.kelp.LogTrouble = "q is full";
-  EXPECT_EQ(told(), "READINGS ARE NOT SAFE ON THE DISK. Free space on the disk or plug it in.;SERIAL LINE LOST;READ LOG NOT WRITTEN;");
+  EXPECT_EQ(told(),
+            "READINGS ARE NOT SAFE ON THE DISK. Free space on the disk or plug it in.;SERIAL LINE LOST;READ "
+            "LOG NOT WRITTEN;");
   desk.Click("frmAcquire", "Command2");
   EXPECT_EQ(told().find("SERIAL"), std::string::npos) << "the line is not watched while paused";
   desk.Click("frmAcquire", "Command2");
@@ -212,14 +218,20 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   EXPECT_EQ(desk.cell(1, kColReadCom), " ");
 
   const auto paste = [&](int row, int col, const std::string& text) {
-    Post(desk.kelp, {.Kind = EventKind::Paste, .Place = {"frmAcquire", "datalog"}, .Text = text, .Row = row, .Col = col});
+    Post(
+        desk.kelp,
+        {.Kind = EventKind::Paste, .Place = {"frmAcquire", "datalog"}, .Text = text, .Row = row, .Col = col});
     return desk.kelp.Status;
   };
-  EXPECT_EQ(paste(2, kColDepth, "5\r\n10\r\n20\r\n"),
-            "Pasted into Dpt of samples 2 to 3; the rest of the block lies outside the station and was left out.");
+  EXPECT_EQ(
+      paste(2, kColDepth, "5\r\n10\r\n20\r\n"),
+      "Pasted into Dpt of samples 2 to 3; the rest of the block lies outside the station and was left out.");
   EXPECT_EQ(desk.cell(2, kColDepth) + desk.cell(3, kColDepth) + desk.cell(4, kColDepth), "510");
-  EXPECT_EQ(paste(1, kColFiltCom, "a\tb, \x01" "c\td"),
-            "Pasted into FiltCom to ReadCom of sample 1; the rest of the block lies outside the station and was left out.");
+  EXPECT_EQ(paste(1, kColFiltCom,
+                  "a\tb, \x01"
+                  "c\td"),
+            "Pasted into FiltCom to ReadCom of sample 1; the rest of the block lies outside the station and "
+            "was left out.");
   EXPECT_EQ(desk.cell(1, kColReadCom), "b, c");
   EXPECT_EQ(paste(4, kColDepth, "7"), "This row is no sample of the station.");
 
@@ -230,7 +242,8 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   desk.Key("dlgRunRem", kKeyEnter);
   EXPECT_EQ(desk.kelp.Status, "Reader's remark of sample 1, bottle 07: cloudy");
   const std::string before = desk.caption();
-  for (const char* screen : {"dlgRunRem", "frmChangeStep", "frmRecalc", "frmWhatsNext", "frmEditCFG", "frmCreateBase"}) {
+  for (const char* screen :
+       {"dlgRunRem", "frmChangeStep", "frmRecalc", "frmWhatsNext", "frmEditCFG", "frmCreateBase"}) {
     ShowScreen(desk.kelp, screen);
     const std::size_t boxes = desk.platform.Boxes.size();
     Post(desk.kelp, {.Kind = EventKind::Escape, .Place = {screen}});
@@ -257,9 +270,15 @@ TEST(CreateScreen, MarksWhatDeservesASecondLookAndWritesTimesOut) {
     bool marked;
     const char* written;
   };
-  const Row rows[] = {{2, "0", true, "0"},           {2, "12", false, "12"},        {6, "9:40", false, "09:40:00"},
-                      {6, "9:40 pm", false, "21:40:00"}, {6, "25:40", true, "25:40"}, {6, "noon", true, "noon"},
-                      {5, "31/12/2026", true, "31/12/2026"}, {5, "", false, ""},     {6, "21:40:10", false, "21:40:10"}};
+  const Row rows[] = {{2, "0", true, "0"},
+                      {2, "12", false, "12"},
+                      {6, "9:40", false, "09:40:00"},
+                      {6, "9:40 pm", false, "21:40:00"},
+                      {6, "25:40", true, "25:40"},
+                      {6, "noon", true, "noon"},
+                      {5, "31/12/2026", true, "31/12/2026"},
+                      {5, "", false, ""},
+                      {6, "21:40:10", false, "21:40:10"}};
   for (const Row& row : rows) {
     desk.Type("frmCreateBase", "Text1", row.box, row.typed);
     EXPECT_EQ(!box[row.box].Problem.empty(), row.marked) << row.typed;

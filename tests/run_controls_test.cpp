@@ -233,8 +233,8 @@ TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
 
 TEST(RunControls, AHeaderBoxThatIsLeftIsCheckedAndTheRunGoesOn) {
   static constexpr std::tuple<int, const char*, bool> kRows[] = {
-      {3, "0.109", true},       {3, "0,109", false},  {4, "1", false},        {5, "0", false},
-      {6, "7", true},           {6, "x7", false},     {7, "", false},         {9, "11/24/2026", true},
+      {3, "0.109", true},       {3, "0,109", false}, {4, "1", false},        {5, "0", false},
+      {6, "7", true},           {6, "x7", false},    {7, "", false},         {9, "11/24/2026", true},
       {9, "24.11.2026", false}, {10, "2359", false}, {10, "23:59:00", true}, {1, "anything", true}};
   for (const auto& [box, text, good] : kRows) {
     Steering program("Load Next Sample");

@@ -43,11 +43,13 @@ FirstStart::FirstStart(const MachineSettings& settings, const Options& options)
       options_(options),
       folder_(FolderOfC(settings, options)),
       device_(QString::fromStdString(DeviceFor(1, settings, options))),
-      line_([this](int) { return port_->currentText().trimmed().toStdString(); }, [] { return std::string(); }) {
+      line_([this](int) { return port_->currentText().trimmed().toStdString(); },
+            [] { return std::string(); }) {
   setWindowTitle(QStringLiteral("Welcome to Kelp"));
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(MakeText(QStringLiteral("This is the first start on this machine. What is chosen here can be "
-                                            "changed in Machine settings at any time.")));
+  layout->addWidget(
+      MakeText(QStringLiteral("This is the first start on this machine. What is chosen here can be "
+                              "changed in Machine settings at any time.")));
   layout->addWidget(FolderBox());
   layout->addWidget(InstrumentBox());
   auto* buttons = new QDialogButtonBox;
@@ -73,7 +75,8 @@ QWidget* FirstStart::FolderBox() {
   auto* browse = new QPushButton(QStringLiteral("&Folder..."));
   browse->setAutoDefault(false);
   connect(browse, &QPushButton::clicked, this, [this] {
-    const QString folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Folder of drive c"), drive_->text());
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, QStringLiteral("Folder of drive c"), drive_->text());
     if (!folder.isEmpty()) drive_->setText(folder);
   });
   row->addWidget(drive_, 1);
@@ -97,7 +100,8 @@ QWidget* FirstStart::InstrumentBox() {
   test_ = new QPushButton(QStringLiteral("&Test the port"));
   test_->setAutoDefault(false);
   connect(test_, &QPushButton::clicked, this, [this] { TestPort(); });
-  told_ = MakeText(QStringLiteral("The test opens the port with %1 and waits five seconds for a reading.").arg(kSettings));
+  told_ = MakeText(
+      QStringLiteral("The test opens the port with %1 and waits five seconds for a reading.").arg(kSettings));
   told_->setMinimumHeight(told_->fontMetrics().lineSpacing() * 2);
   auto* row = new QHBoxLayout;
   row->addWidget(port_, 1);
@@ -131,14 +135,18 @@ void FirstStart::TellTest() {
   const bool reading = HoldsReading(came_);
   if (end_.isActive() && !reading && line_.IsOpen()) return;
   if (reading)
-    told_->setText("The fluorometer reads " + QString::fromStdString(RawText(static_cast<double>(ReadingIn(came_)))) + ".");
+    told_->setText("The fluorometer reads " +
+                   QString::fromStdString(RawText(static_cast<double>(ReadingIn(came_)))) + ".");
   else if (!line_.IsOpen())
     told_->setText(QStringLiteral("The line was lost. Look at the cable."));
   else if (came_.empty())
-    told_->setText(QStringLiteral("The port is open, but nothing came in. Look at cable and power, or choose another port."));
+    told_->setText(QStringLiteral(
+        "The port is open, but nothing came in. Look at cable and power, or choose another port."));
   else
-    told_->setText(QStringLiteral("%1 bytes came in, but no reading: the speed may be another one (line 10 of kelp.cfg).")
-                       .arg(came_.size()));
+    told_->setText(
+        QStringLiteral(
+            "%1 bytes came in, but no reading: the speed may be another one (line 10 of kelp.cfg).")
+            .arg(came_.size()));
   end_.stop();
   line_.Close();
   test_->setEnabled(true);

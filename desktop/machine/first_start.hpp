@@ -1,5 +1,5 @@
-// The first start on a machine: one page that says where files will lie, which device the fluorometer is on, and
-// lets both be changed and tried, or the simulated fluorometer be used.
+// The first start on a machine: one page that says where files will lie, which device the fluorometer is on,
+// and lets both be changed and tried, or the simulated fluorometer be used.
 #pragma once
 
 #include <QDialog>

@@ -80,7 +80,8 @@ BoxKeys::BoxKeys(QMessageBox& box) : box_(box) {
 
 bool BoxKeys::eventFilter(QObject* object, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride) return false;
+  if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride)
+    return false;
   const auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != &box_) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);

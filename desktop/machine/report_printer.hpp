@@ -19,7 +19,8 @@ class ReportPrinter {
   /// The printer to print on; empty for the machine's default one.
   explicit ReportPrinter(QString name) : name_(std::move(name)) {}
 
-  /// Shows the pages before they go to the printer; false keeps them from it. Nothing is shown unless this is set.
+  /// Shows the pages before they go to the printer; false keeps them from it. Nothing is shown unless this is
+  /// set.
   std::function<bool(QPrinter& printer, const QStringList& lines)> Preview = {};
 
   /// Lets the operator choose a printer, or a PDF file. The name of the printer chosen; nothing when

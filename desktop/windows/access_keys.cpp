@@ -14,7 +14,8 @@ constexpr const char* kLetter = "accessKey";
 constexpr const char* kTaken = "accessKeysOfOthers";
 
 void ShowAgain(QWidget* widget) {
-  if (auto* button = qobject_cast<QAbstractButton*>(widget)) button->setText(WithAccessKey(*widget, button->text()));
+  if (auto* button = qobject_cast<QAbstractButton*>(widget))
+    button->setText(WithAccessKey(*widget, button->text()));
   if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(WithAccessKey(*widget, label->text()));
 }
 

@@ -1,5 +1,5 @@
-// The letter that presses a control together with Alt. The captions of the program name only some of them; the
-// others get theirs on the screen alone, and no letter is given twice in a window.
+// The letter that presses a control together with Alt. The captions of the program name only some of them;
+// the others get theirs on the screen alone, and no letter is given twice in a window.
 #pragma once
 
 #include <QString>

@@ -1,5 +1,6 @@
-// What a screen reader hears of the widgets that paint their value themselves: a label with a name and a value.
-// Option buttons say that they are option buttons, also where the program and not Qt keeps one of them chosen.
+// What a screen reader hears of the widgets that paint their value themselves: a label with a name and a
+// value. Option buttons say that they are option buttons, also where the program and not Qt keeps one of them
+// chosen.
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QLineEdit>

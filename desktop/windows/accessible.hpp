@@ -16,8 +16,8 @@ void MakeAccessible();
 void NameBox(QComboBox* box, const QString& name);
 void NameScrollBars(QAbstractScrollArea* area);
 
-/// A screen reader is to speak of this widget now: a value was saved, an alarm came up, there is something new
-/// to do.
+/// A screen reader is to speak of this widget now: a value was saved, an alarm came up, there is something
+/// new to do.
 void Announce(QWidget* widget);
 
 }  // namespace kelp

@@ -46,8 +46,8 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const Scheme& scheme = SchemeFor(option.palette);
   const bool marked = index.row() + 1 == view_->MarkedRow();
   const QRect& cell = option.rect;
-  QColor back = Paint(CellGround(index.data(Qt::BackgroundRole).value<QColor>().rgb() & 0xFFFFFFU,
-                                 IsDark(option.palette)));
+  QColor back = Paint(
+      CellGround(index.data(Qt::BackgroundRole).value<QColor>().rgb() & 0xFFFFFFU, IsDark(option.palette)));
   if (marked) back = Mixed(back, Paint(scheme.Next), 0.22);
   if ((option.state & QStyle::State_Selected) != 0 && view_->SelectsBlock())
     back = Mixed(back, Paint(scheme.Next), 0.35);

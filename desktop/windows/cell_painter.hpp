@@ -1,4 +1,5 @@
-// Draws the cells of the sample grid, in the colours of the scheme: the reading columns lighter than the rest.
+// Draws the cells of the sample grid, in the colours of the scheme: the reading columns lighter than the
+// rest.
 #pragma once
 
 #include <QStyledItemDelegate>

@@ -24,7 +24,8 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     return;
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  const bool boxOfItsOwn = widget == nullptr || !widget->parentWidget() || !widget->parentWidget()->inherits("QComboBox");
+  const bool boxOfItsOwn =
+      widget == nullptr || !widget->parentWidget() || !widget->parentWidget()->inherits("QComboBox");
   if (element == PE_FrameLineEdit && (option->state & State_HasFocus) != 0 && boxOfItsOwn)
     DrawFocusRing(*painter, option->rect, option->palette);
 }

@@ -22,8 +22,8 @@ namespace kelp {
 
 namespace {
 
-// The two sides shrink to their least height before the page scrolls; with the labels that wrap in it, Qt's own
-// layout would keep the height that it likes best.
+// The two sides shrink to their least height before the page scrolls; with the labels that wrap in it, Qt's
+// own layout would keep the height that it likes best.
 class SideBySide : public QHBoxLayout {
  public:
   using QHBoxLayout::QHBoxLayout;

@@ -133,7 +133,8 @@ QLayout* FrmAcquireWindow::MakeRunButtons() {
 
 // Two rows of three, for gloves; one row where the screen is low.
 void FrmAcquireWindow::PlaceRunButtons(bool oneRow) {
-  if (runButtons_->count() > 0 && (runButtons_->rowCount() == 1 || runButtons_->itemAtPosition(1, 0) == nullptr) == oneRow)
+  if (runButtons_->count() > 0 &&
+      (runButtons_->rowCount() == 1 || runButtons_->itemAtPosition(1, 0) == nullptr) == oneRow)
     return;
   const char* const buttons[] = {"Command2", "Command4", "Command5", "cmdUndo", "Command6", "Command3"};
   for (int i = 0; i < 6; ++i) {
@@ -141,7 +142,8 @@ void FrmAcquireWindow::PlaceRunButtons(bool oneRow) {
     runButtons_->removeWidget(widget);
     // [Pause] and [Resume] take the same room.
     const int letters = widget->fontMetrics().horizontalAdvance("Resume") + 12;
-    widget->setMinimumWidth(i == 4 ? widget->fontMetrics().horizontalAdvance("What's Next Tester") + 12 : letters);
+    widget->setMinimumWidth(i == 4 ? widget->fontMetrics().horizontalAdvance("What's Next Tester") + 12
+                                   : letters);
     runButtons_->addWidget(widget, oneRow ? 0 : i / 3, oneRow ? i : i % 3);
   }
 }

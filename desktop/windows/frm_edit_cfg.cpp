@@ -103,13 +103,14 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   for (int i = 0; i < 3; ++i) chain.push_back(controls("Command1", i));
   chain.push_back(controls("cmdBack"));
   SetTabChain(chain);
-  SetAccessKeys(controls, {{"Command1", 0, 'U'}, {"Command1", 1, 'C'}, {"Command1", 2, 'Q'}, {"cmdBack", -1, 'M'}});
+  SetAccessKeys(controls,
+                {{"Command1", 0, 'U'}, {"Command1", 1, 'C'}, {"Command1", 2, 'Q'}, {"cmdBack", -1, 'M'}});
 
   auto* layout = new QVBoxLayout(window.get());
   layout->setContentsMargins(8, 8, 8, 14);
   layout->addWidget(scroll, 1);
-  QBoxLayout* buttons = MakeButtonRow({controls("Command1", 0), controls("Command1", 1),
-                                       controls("Command1", 2), controls("cmdBack")});
+  QBoxLayout* buttons = MakeButtonRow(
+      {controls("Command1", 0), controls("Command1", 1), controls("Command1", 2), controls("cmdBack")});
   buttons->setContentsMargins(10, 0, 10, 0);
   layout->addLayout(buttons);
   return window;

@@ -38,7 +38,8 @@ void PaintShape(QPainter& painter, SaveState state, const QRectF& box, const QCo
         painter.drawEllipse(Points(box, {{x, 0.5}}).first(), box.width() * 0.07, box.width() * 0.07);
       break;
     case SaveState::NotSteady:  // a restless line
-      painter.drawPolyline(Points(box, {{0, 0.55}, {0.2, 0.1}, {0.4, 0.9}, {0.6, 0.15}, {0.8, 0.85}, {1, 0.4}}));
+      painter.drawPolyline(
+          Points(box, {{0, 0.55}, {0.2, 0.1}, {0.4, 0.9}, {0.6, 0.15}, {0.8, 0.85}, {1, 0.4}}));
       break;
     case SaveState::CanSave:  // a tick
       painter.setPen(QPen(ink, box.width() / 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -73,7 +73,8 @@ void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   QPolygonF line;
   const double step = plot.width() / static_cast<double>(std::max(1, trace_.Wanted));
   for (std::size_t i = 0; i < trace_.Reads.size(); ++i)
-    line << QPointF(plot.left() + (static_cast<double>(i) + 0.5) * step, y(static_cast<double>(trace_.Reads[i])));
+    line << QPointF(plot.left() + (static_cast<double>(i) + 0.5) * step,
+                    y(static_cast<double>(trace_.Reads[i])));
   painter.setPen(QPen(Paint(scheme.Highlight), 1.6));
   painter.drawPolyline(line);
   painter.setBrush(Paint(scheme.Highlight));

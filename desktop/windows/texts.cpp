@@ -150,7 +150,8 @@ void AlarmBand::ShowAlarms(const std::vector<Alarm>& alarms, bool calling) {
   shown_ = alarms;
   QStringList lines;
   for (const Alarm& alarm : alarms) lines << FromProgram(alarm.Text);
-  words_->resize(parentWidget()->width() - seen_->sizeHint().width() - fontMetrics().height() * 4, words_->height());
+  words_->resize(parentWidget()->width() - seen_->sizeHint().width() - fontMetrics().height() * 4,
+                 words_->height());
   words_->ShowText(lines.join('\n'));
   setVisible(!alarms.empty());
   if (more) Announce(words_);
@@ -164,7 +165,8 @@ void AlarmBand::paintEvent(QPaintEvent* /*event*/) {
   const double size = fontMetrics().height() * 1.9;
   const QPointF corner(fontMetrics().height() * 0.5, (height() - size) / 2);
   painter.setPen(QPen(Paint(colors.Ink), 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolygon(QPolygonF({corner + QPointF(size / 2, 0), corner + QPointF(size, size), corner + QPointF(0, size)}));
+  painter.drawPolygon(
+      QPolygonF({corner + QPointF(size / 2, 0), corner + QPointF(size, size), corner + QPointF(0, size)}));
   painter.drawLine(corner + QPointF(size / 2, size * 0.38), corner + QPointF(size / 2, size * 0.66));
   painter.drawPoint(corner + QPointF(size / 2, size * 0.82));
 }

@@ -10,8 +10,8 @@ class QPushButton;
 
 namespace kelp {
 
-/// What the operator is to do now: up to three lines, as large as the space allows. The acid instruction looks
-/// like no other one.
+/// What the operator is to do now: up to three lines, as large as the space allows. The acid instruction
+/// looks like no other one.
 class InstructionBox : public ValueWidget {
  public:
   explicit InstructionBox(QWidget* parent);

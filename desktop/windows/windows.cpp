@@ -33,7 +33,8 @@ Windows::Windows(Kelp& kelp, std::function<bool(const Event&)> post)
       machineSettings_(new QPushButton("&Machine settings...")),
       review_(new QPushButton("Re&view cruise...")),
       soundSwitch_(MakeSoundSwitch()) {
-  machineSettings_->setToolTip("Folders of the drives, devices of the serial ports, colours, sounds, the text editor");
+  machineSettings_->setToolTip(
+      "Folders of the drives, devices of the serial ports, colours, sounds, the text editor");
   review_->setToolTip("Profiles, control charts, checks, calibration and final data of the saved stations");
   for (QPushButton* button : {machineSettings_, review_}) {
     button->setFocusPolicy(Qt::TabFocus);

@@ -150,10 +150,12 @@ TEST(Layout, ShowsEveryTextWhole) {
       for (const QScrollArea* scroll : window->findChildren<QScrollArea*>())
         EXPECT_TRUE(letters > 1 || scroll->viewport()->size() == scroll->size())
             << name << " scrolls: " << scroll->widget()->minimumSizeHint().width() << " "
-            << scroll->widget()->minimumSizeHint().height() << " in " << scroll->width() << " " << scroll->height();
+            << scroll->widget()->minimumSizeHint().height() << " in " << scroll->width() << " "
+            << scroll->height();
       if (name == "frmAcquire" && letters == 1) {
         const auto* grid = static_cast<GridView*>(desk.windows.WidgetOf({"frmAcquire", "datalog"}));
-        EXPECT_LE(grid->columnViewportPosition(kColReadCom) + grid->columnWidth(kColReadCom), grid->viewport()->width());
+        EXPECT_LE(grid->columnViewportPosition(kColReadCom) + grid->columnWidth(kColReadCom),
+                  grid->viewport()->width());
       }
       ExpectTextsWhole(*window, std::string(name) + " at " + std::to_string(letters) + ": ");
       HideScreen(desk.kelp, name);

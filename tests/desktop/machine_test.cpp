@@ -52,9 +52,8 @@ TEST(MessageBoxes, AnswerWhatTheOperatorPressed) {
       if (row.key == 0) box.close();
       if (row.key != 0) QTest::keyClick(&box, Qt::Key(row.key));
     });
-    const Answer answer =
-        ShowMessage(nullptr, {"<b>1 & 2</b>", "Current value > than0.1", row.buttons, Icon::Critical, false,
-                              false, row.no});
+    const Answer answer = ShowMessage(nullptr, {"<b>1 & 2</b>", "Current value > than0.1", row.buttons,
+                                                Icon::Critical, false, false, row.no});
     EXPECT_EQ(answer, row.answer) << static_cast<int>(row.buttons) << " " << row.key;
   }
 }

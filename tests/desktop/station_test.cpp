@@ -115,7 +115,8 @@ struct DesktopStation : testing::Test {
 
   // Keys that mean nothing now, or twice the same: nothing that is stored changes.
   static void Stumble() {
-    for (const Qt::Key key : {Qt::Key_X, Qt::Key_Escape, Qt::Key_F12, Qt::Key_F12, Qt::Key_Backspace, Qt::Key_Return})
+    for (const Qt::Key key :
+         {Qt::Key_X, Qt::Key_Escape, Qt::Key_F12, Qt::Key_F12, Qt::Key_Backspace, Qt::Key_Return})
       Key(key);
   }
 
@@ -232,19 +233,20 @@ TEST_F(DesktopStation, AStationByKeyboardAlone) {
     if (&reading == kReadings) QTest::qWait(1200);  // a tick of the per-read log
   }
   ASSERT_TRUE(IsFront("frmWhatsNext"));
-  AtBox(Qt::Key_Y);      // the box's key, not the screen's
-  Key(Qt::Key_Return);   // Print/Save ends the program
+  AtBox(Qt::Key_Y);     // the box's key, not the screen's
+  Key(Qt::Key_Return);  // Print/Save ends the program
   EXPECT_TRUE(ended);
   for (const QWidget* window : QApplication::topLevelWidgets()) EXPECT_FALSE(window->isVisible());
   ASSERT_EQ(boxes.size(), 2U);
   EXPECT_NE(boxes[1].find("Q:\\vault\\2007\\0707\\chl\\chl002.pdf"), std::string::npos) << boxes[1];
 
-  // Seven values could be saved; a blank, two copros and two Ra were, a question called, and each Rb calls for
-  // its acid.
+  // Seven values could be saved; a blank, two copros and two Ra were, a question called, and each Rb calls
+  // for its acid.
   EXPECT_TRUE(Eventually([&] { return Content(sounds).count('\n') == 15; })) << Content(sounds).toStdString();
   const std::pair<const char*, int> cues[] = {{"can-save", 7}, {"saved", 5}, {"acid", 2}, {"question", 1}};
   for (const auto& [cue, count] : cues)
-    EXPECT_EQ(Content(sounds).count(QByteArray("RIFF ") + cue), count) << cue << Content(sounds).toStdString();
+    EXPECT_EQ(Content(sounds).count(QByteArray("RIFF ") + cue), count)
+        << cue << Content(sounds).toStdString();
   run.reset();
   EXPECT_FALSE(LoadSettings().Sound);
 
@@ -262,7 +264,8 @@ TEST_F(DesktopStation, AStationByTheMouseAlone) {
   Click("frmMain", "Command1", 0);
   ASSERT_TRUE(IsFront("frmLogin"));
   const auto press = [this](QMessageBox::StandardButton button) {
-    WhenModal<QMessageBox>([button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
+    WhenModal<QMessageBox>(
+        [button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
   };
   press(QMessageBox::Yes);
   Click("frmLogin", "cmdOK");

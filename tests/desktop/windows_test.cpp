@@ -119,7 +119,8 @@ TEST(Windows, ShowEveryControlOfEveryScreen) {
 // What the windows report while `act` runs, without moves of the focus.
 template <class Act>
 std::string Reported(Desk& desk, const Act& act) {
-  static const char* const kKinds[] = {"click", "dblclick", "key", "edit", "focus", "paste", "escape", "cell", "close"};
+  static const char* const kKinds[] = {"click", "dblclick", "key",  "edit", "focus",
+                                       "paste", "escape",   "cell", "close"};
   QApplication::processEvents();
   desk.events.clear();
   act();
@@ -312,7 +313,11 @@ void ExpectLettersOnce(const QWidget& window, const std::string& where) {
     EXPECT_TRUE(seen.emplace(letter, text.toStdString()).second)
         << where << ": " << text.toStdString() << " and " << seen[letter];
   }
-  EXPECT_GE(seen.size(), where == "frmAcquire" ? 7U : where == "frmMain" ? 8U : where == "frmWhatsNext" ? 12U : 0U) << where;
+  EXPECT_GE(seen.size(), where == "frmAcquire"     ? 7U
+                         : where == "frmMain"      ? 8U
+                         : where == "frmWhatsNext" ? 12U
+                                                   : 0U)
+      << where;
 }
 
 // What a screen reader finds: no element without a name or with a role that says nothing, and the values.
@@ -354,7 +359,8 @@ TEST_F(WindowedStation, EveryWindowIsToldToScreenReadersAndHasItsLettersOnce) {
 
   static int alerts = 0;
   QAccessible::setActive(true);
-  QAccessible::installUpdateHandler([](QAccessibleEvent* event) { alerts += event->type() == QAccessible::Alert ? 1 : 0; });
+  QAccessible::installUpdateHandler(
+      [](QAccessibleEvent* event) { alerts += event->type() == QAccessible::Alert ? 1 : 0; });
   // The offscreen platform has no screen readers.
   const bool heard = QAccessible::isActive();
   alerts = 0;
