@@ -17,11 +17,11 @@ constexpr int kPngScale = 2;
 
 QColor ColourFor(const Palette& palette, Ink ink) {
   const std::string_view name = ColourOf(palette, ink);
-  return QColor(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+  return {QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()))};
 }
 
 QColor PaperOf(const Palette& palette) {
-  return QColor(QString::fromLatin1(palette.Paper.data(), static_cast<qsizetype>(palette.Paper.size())));
+  return {QString::fromLatin1(palette.Paper.data(), static_cast<qsizetype>(palette.Paper.size()))};
 }
 
 QPointF ToQt(Point at) { return {at.X, at.Y}; }
