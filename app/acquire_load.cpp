@@ -8,6 +8,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
+#include "record/record.hpp"
 #include "workflow/whats_next.hpp"
 
 namespace kelp {
@@ -161,12 +162,15 @@ void frmAcquire_Load(Kelp& kelp) {
   HideScreen(kelp, "frmAcquire");
   kelp.frmAcquire = FrmAcquire();
   kelp.frmAcquire.Form.Loaded = true;
+  SetStatus(kelp, "");  // an alarm outlives the screen's set-up
   kelp.Timer1.Enabled = false;
   kelp.loop.Running = false;
   const std::string failure = SetUp(kelp);
   if (!failure.empty()) TellSetUpFailure(kelp, failure);
   kelp.frmWhatsNext = FrmWhatsNext();
   frmWhatsNext_Load(kelp);
+  kelp.record.CarriedOver = false;
+  OfferUnfinished(kelp);
   frmLogin_Load(kelp);
 }
 

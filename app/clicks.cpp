@@ -3,9 +3,11 @@
 #include "app/editor.hpp"
 #include "app/focus.hpp"
 #include "app/main_window.hpp"
+#include "app/undo.hpp"
 #include "core/option.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
+#include "record/record.hpp"
 #include "workflow/dialogs.hpp"
 #include "workflow/run_controls.hpp"
 #include "workflow/steps.hpp"
@@ -31,6 +33,7 @@ void ClickOnAcquire(Kelp& kelp, const FocusPlace& place) {
   if (is("Command4")) Command4_Click(kelp);
   if (is("Command5")) Command5_Click(kelp);
   if (is("Command6")) Command6_Click(kelp);
+  if (is("cmdUndo")) cmdUndo_Click(kelp);
   if (is("Check1")) kelp.frmAcquire.Check1.Value = !kelp.frmAcquire.Check1.Value;
   if (is("txtMean")) txtMean_Click(kelp, place.Index);
   if (is("Option1")) {
@@ -63,7 +66,7 @@ void ClickOnDialog(Kelp& kelp, const FocusPlace& place) {
   if (is("frmEditCFG", "Option1")) SelectOption(kelp.frmEditCFG.Option1, index);
   if (is("frmEditCFG", "Command1")) frmEditCFG_Command1_Click(kelp, index);
   if (is("frmCreateBase", "cmdCreateBase") && index == 0) CreateBaseFile(kelp);
-  if (is("frmCreateBase", "cmdCreateBase") && index == 2) EndProgram(kelp);
+  if (is("frmCreateBase", "cmdCreateBase") && index == 2 && MayLeave(kelp)) EndProgram(kelp);
 }
 
 // The space bar is to mean Start again after a click with the mouse, not the control clicked. Only a

@@ -7,8 +7,9 @@
 #include "app/focus.hpp"
 #include "app/main_window.hpp"
 #include "app/typing.hpp"
-#include "files/journal.hpp"
 #include "files/read_log.hpp"
+#include "files/station_lock.hpp"
+#include "record/record.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
@@ -72,6 +73,37 @@ void Handle(Kelp& kelp, const Event& event) {
   }
 }
 
+bool Logs(const Kelp& kelp) { return kelp.loop.Running && !Paused(kelp); }
+
+// A value that is read: how many readings it is the mean of, and how far those lie apart.
+StoreNote ReadNote(const Kelp& kelp, How way) {
+  return {.Way = way, .Reads = kelp.run.ReadCount, .Sd = kelp.loop.Sd};
+}
+
+// How a value comes that this event stores, where its handler does not say that better.
+StoreNote NoteOf(const Kelp& kelp, const Event& event) {
+  const auto on = [&](const char* control) { return IsAt(event.Place, "frmAcquire", control); };
+  if (event.Kind == EventKind::Click && on("Command1")) return ReadNote(kelp, How::Hand);
+  if (event.Kind == EventKind::Key && event.Key == kKeySpace) return ReadNote(kelp, How::Hand);
+  if (event.Kind == EventKind::Click && on("txtMean")) return {.Way = How::MeanBox};
+  if (event.Kind == EventKind::Click && on("Command5")) return {.Way = How::Skipped};
+  if (event.Kind == EventKind::Click && IsAt(event.Place, "dlgRunRem", "OKButton"))
+    return {.Way = How::Remark};
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 4) return {.Way = How::F5};
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 5) return {.Way = How::Calculated};
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 6) return {.Way = How::F7};
+  if (event.Kind == EventKind::Click && IsAt(event.Place, "frmRecalc", "Command1"))
+    return {.Way = How::Calculated};
+  return {};
+}
+
+// What an event stored goes into the record; then the log's lines follow it to the disk, also when reading
+// stops.
+void After(Kelp& kelp, bool loggedBefore) {
+  if (KeepRecord(kelp) || (loggedBefore && !Logs(kelp))) FlushReadLog(kelp);
+  kelp.Ended ? ReleaseStation(kelp) : RefreshStationLock(kelp);
+}
+
 }  // namespace
 
 void Start(Kelp& kelp) {
@@ -88,8 +120,10 @@ bool Post(Kelp& kelp, const Event& event) {
   } else if (!CanBeUsed(kelp, event.Place)) {
     return false;
   }
+  const bool loggedBefore = Logs(kelp);
+  BeginEvent(kelp, NoteOf(kelp, event));
   Guarded(
-      kelp, [&] { Handle(kelp, event); }, [&] { KeepJournal(kelp); });
+      kelp, [&] { Handle(kelp, event); }, [&] { After(kelp, loggedBefore); });
   return true;
 }
 
@@ -104,9 +138,21 @@ void Pass(Kelp& kelp) {
     SaveReading(kelp);
   };
   // Every save moves the button on; most passes save nothing and need no look at the station.
+  const bool loggedBefore = Logs(kelp);
+  BeginEvent(kelp, ReadNote(kelp, How::Autoread));
   Guarded(kelp, pass, [&] {
-    if (!caption.empty() && kelp.frmAcquire.Command1.Caption != caption) KeepJournal(kelp);
+    const bool moved = !caption.empty() && kelp.frmAcquire.Command1.Caption != caption;
+    if (moved || !WantsPasses(kelp)) After(kelp, loggedBefore);
   });
+}
+
+bool WantsCare(const Kelp& kelp) {
+  return !kelp.Ended && (!kelp.StationLock.Path.empty() || kelp.record.Unsafe);
+}
+
+void Care(Kelp& kelp) {
+  WriteRecord(kelp);
+  RefreshStationLock(kelp);
 }
 
 bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
@@ -116,13 +162,11 @@ void Tick(Kelp& kelp) {
   // The log runs from the first click until the run stands on "&Start".
   if (kelp.frmAcquire.Command1.Caption == "&Start") {
     kelp.Timer1.Enabled = false;
+    FlushReadLog(kelp);
     return;
   }
   Guarded(
-      kelp, [&] { AppendReadLog(kelp); },
-      [&] {
-        if (kelp.journal.Failed) KeepJournal(kelp);
-      });
+      kelp, [&] { AppendReadLog(kelp); }, [&] { Care(kelp); });
 }
 
 }  // namespace kelp

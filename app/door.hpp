@@ -50,4 +50,9 @@ bool WantsTicks(const Kelp& kelp);
 /// One tick of the log timer.
 void Tick(Kelp& kelp);
 
+/// True while a station is open or something waits for the record: then call Care once a minute, also when
+/// nothing else happens. Other machines see by it that the station is in use.
+bool WantsCare(const Kelp& kelp);
+void Care(Kelp& kelp);
+
 }  // namespace kelp

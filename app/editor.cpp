@@ -4,6 +4,7 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "core/text.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -42,7 +43,11 @@ void UpdateConfig(Kelp& kelp) {
   const auto before = kelp.run.CfgLines;
   kelp.run.CfgLines = EditedLines(kelp);
   try {
-    SaveConfig(kelp);
+    if (!SaveConfig(kelp)) {
+      // What was typed stays in the boxes.
+      kelp.run.CfgLines = before;
+      return;
+    }
   } catch (const FileError&) {
     kelp.run.CfgLines = before;
     throw;
@@ -93,8 +98,10 @@ void frmEditCFG_CruiseLostFocus(Kelp& kelp) {
 void frmEditCFG_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) UpdateConfig(kelp);
   if (index == 1) CancelToAcquisition(kelp);
-  if (index == 2 && AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
-                           Buttons::YesNoCancel))
+  if (index == 2 &&
+      AskYes(kelp, "Do you want to exit KElp completely? Y/N", "Close KElp? Y/N", Icon::None,
+             Buttons::YesNoCancel) &&
+      MayLeave(kelp))
     EndProgram(kelp);
 }
 

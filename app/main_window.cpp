@@ -5,6 +5,7 @@
 #include "core/config.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -31,6 +32,17 @@ void LaunchEditor(Kelp& kelp, const std::string& path) {
 void ViewDataFile(Kelp& kelp) {
   const auto chosen = kelp.platform.AskFile({"Chl Data Files (Chl*)|Chl*", kelp.run.DataOutPath});
   if (chosen) LaunchEditor(kelp, *chosen);
+}
+
+// The unfinished station may lie on another path or cruise than the configuration names by now.
+void TakeChosenStation(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const ChosenStation& chosen = *kelp.record.Chosen;
+  run.ProcNum = chosen.ProcNum;
+  kelp.frmAcquire.txtStaInfo[kStaProcNum].Text = run.ProcNum;
+  run.CruiseID = chosen.CruiseID;
+  run.BaseFile = chosen.BaseFile;
+  run.DataOutPath = chosen.BaseFile.substr(0, chosen.BaseFile.rfind('\\') + 1);
 }
 
 void RunSamples(Kelp& kelp) {
@@ -61,7 +73,9 @@ void FrmMain_Load(Kelp& kelp) {
 }
 
 void QuitFromMain(Kelp& kelp) {
-  if (AskYes(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel))
+  if (AskYes(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation,
+             Buttons::YesNoCancel) &&
+      MayLeave(kelp))
     EndProgram(kelp);
 }
 
@@ -95,12 +109,15 @@ void cmdOK_Click(Kelp& kelp) {
   form.LoginSucceeded = true;
   run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
   run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
+  if (kelp.record.Chosen) TakeChosenStation(kelp);
   LoadBaseFile(kelp, run.BaseFile);
   kelp.frmAcquire.Combo1.Text = initials;
   kelp.frmAcquire.Command1.Caption = "&Start";
   UnloadScreen(kelp, "frmLogin", kelp.frmLogin);
 }
 
-void cmdCancel_Click(Kelp& kelp) { EndProgram(kelp); }
+void cmdCancel_Click(Kelp& kelp) {
+  if (MayLeave(kelp)) EndProgram(kelp);
+}
 
 }  // namespace kelp

@@ -5,6 +5,7 @@
 #include "app/door.hpp"
 #include "app/focus.hpp"
 #include "core/text.hpp"
+#include "record/record.hpp"
 #include "workflow/keys.hpp"
 #include "workflow/run_controls.hpp"
 #include "workflow/whats_next.hpp"
@@ -14,7 +15,7 @@ namespace kelp {
 namespace {
 
 void ResetProgram(Kelp& kelp) {
-  if (!AskYes(kelp, "This will reset the program! Y/N?", "Reset Program?")) return;
+  if (!AskYes(kelp, "This will reset the program! Y/N?", "Reset Program?") || !MayLeave(kelp)) return;
   kelp.frmAcquire.Command1.Caption = "&Start";
   kelp.run.StepName = "BLANK";
   ClearTable(kelp.run);

@@ -9,6 +9,7 @@
 #include "console/simulated_operator.hpp"
 #include "console/watch.hpp"
 #include "platform/host.hpp"
+#include "record/record.hpp"
 #ifdef KELP_SERIAL
 #include "console/device_host.hpp"
 #endif
@@ -21,10 +22,10 @@ void PrintLine(const std::string& line) { std::cout << line << std::endl; }
 
 DriveMap MapDrives(const ConsoleOptions& options) {
   const auto data = options.Drives ? std::filesystem::absolute(*options.Drives) : HostDataFolder();
-  if (!data.empty()) std::filesystem::create_directories(data);
+  if (!data.empty()) MakeHostFolder(data);
   DriveMap drives(data);
   for (const auto& [letter, folder] : options.Drive) {
-    std::filesystem::create_directories(folder);
+    MakeHostFolder(std::filesystem::absolute(folder));
     drives.SetDrive(letter, std::filesystem::absolute(folder));
   }
   return drives;
@@ -36,6 +37,8 @@ ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptio
                     const NotingDisk& disk) {
   machine.Echo = PrintLine;
   machine.SetClock(options.Clock.value_or(HostNow()));
+  machine.Machine = HostMachineName();
+  machine.User = HostUserName();
   host.Printer = PrintLine;
   Watch watch(kelp, PrintLine);
   if (options.Watch) host.Changed = [&] { watch.Look(); };
@@ -74,6 +77,12 @@ ScriptResult PlayOnDevice(const ConsoleOptions& options, NotingDisk& disk) {
 ScriptResult RunConsole(const ConsoleOptions& options) {
   try {
     const DriveMap drives = MapDrives(options);
+    if (options.Record) {
+      const auto disk = MakeHostDisk(drives);
+      for (const std::string& line : ListRecord(*disk, options.Script == "-" ? "" : options.Script))
+        PrintLine(line);
+      return {};
+    }
     // Simulated readings can be had again, so that no line of them has to wait for the disk.
     const bool quick = options.Quick || options.Instrument == InstrumentKind::Simulated;
     const auto hostDisk = MakeHostDisk(drives, quick ? Appends::Quick : Appends::Flushed);

@@ -19,6 +19,8 @@ class NotingDisk : public Disk {
   bool Exists(const std::string& path) override { return disk_.Exists(path); }
   bool IsFolder(const std::string& path) override { return disk_.IsFolder(path); }
   bool AnyFileIn(const std::string& folder) override { return disk_.AnyFileIn(folder); }
+  std::vector<std::string> FilesIn(const std::string& folder) override { return disk_.FilesIn(folder); }
+  std::filesystem::path HostPlace(const std::string& path) override { return disk_.HostPlace(path); }
   std::string Read(const std::string& path) override { return disk_.Read(path); }
   void Replace(const std::string& path, const std::string& content) override {
     disk_.Replace(path, content);
@@ -27,6 +29,15 @@ class NotingDisk : public Disk {
   void Append(const std::string& path, const std::string& text) override {
     disk_.Append(path, text);
     Note(path);
+  }
+  void AppendUnflushed(const std::string& path, const std::string& text) override {
+    disk_.AppendUnflushed(path, text);
+    Note(path);
+  }
+  void Flush(const std::string& path) override { disk_.Flush(path); }
+  void Move(const std::string& path, const std::string& newPath) override {
+    disk_.Move(path, newPath);
+    Note(newPath);
   }
   void Keep(const std::string& path, const std::string& newPath) override {
     disk_.Keep(path, newPath);

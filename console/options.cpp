@@ -25,6 +25,9 @@ const char* const kConsoleHelp =
     "                      results and the files written\n"
     "  --quick             don't wait for the disk after each line of the log: for trials and tests;\n"
     "                      sim does so by itself\n"
+    "  --record [STATION]  list the stations of the record, or who stored what in one: its processing "
+    "number\n"
+    "                      or the path of its base file\n"
     "  --help, --version   print this, or the version, and end\n"
     "\n"
     "Exit status: 0 the script ended or the program was quit; 1 an expectation failed; 2 the script or\n"
@@ -109,7 +112,8 @@ std::string TakeOption(ConsoleOptions& options, const std::vector<std::string>& 
   const std::pair<std::string_view, bool*> flags[] = {{"--help", &options.Help},
                                                       {"--version", &options.Version},
                                                       {"--watch", &options.Watch},
-                                                      {"--quick", &options.Quick}};
+                                                      {"--quick", &options.Quick},
+                                                      {"--record", &options.Record}};
   for (const auto& [flag, value] : flags) {
     if (argument != flag) continue;
     *value = true;

@@ -23,7 +23,8 @@ struct ConsoleOptions {
   std::uint32_t Seed = 1;
   std::optional<LocalTime> Clock = {};
   bool Watch = false;
-  bool Quick = false;  ///< appended lines don't wait for the disk
+  bool Quick = false;   ///< appended lines don't wait for the disk
+  bool Record = false;  ///< lists the record: `Script` names a station, "-" all of them
   bool Help = false;
   bool Version = false;
   /// What is wrong with the command line; empty when it is fine.

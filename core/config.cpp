@@ -1,5 +1,7 @@
 #include "core/config.hpp"
 
+#include <algorithm>
+
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -9,7 +11,10 @@ namespace kelp {
 namespace {
 
 void ReadConfig(Kelp& kelp, const std::string& path) {
-  std::vector<std::string> lines = Lines(kelp.platform.disk().Read(path));
+  const std::string content = kelp.platform.disk().Read(path);
+  std::vector<std::string> lines = Lines(content);
+  // A file that was searched for is read, but saves go to the usual one.
+  kelp.ConfigKnown = path == kConfigPath ? content : "";
   kelp.run.CfgLines = {};
   std::size_t i = 0;
   for (std::string& line : lines) {
@@ -22,6 +27,34 @@ void TakeTemplate(Kelp& kelp, const std::string& notice) {
   Tell(kelp, notice);
   SetDefaultConfig(kelp.run);
   SaveConfig(kelp);
+}
+
+// The lines in which two texts of the file differ: "03, 12".
+std::string DifferingLines(const std::string& one, const std::string& other) {
+  std::vector<std::string> a = Lines(one);
+  std::vector<std::string> b = Lines(other);
+  const std::size_t count = std::max(a.size(), b.size());
+  a.resize(count);
+  b.resize(count);
+  std::string numbers;
+  for (std::size_t i = 0; i < count; ++i)
+    if (a[i] != b[i]) numbers += (numbers.empty() ? "" : ", ") + Padded(std::to_string(i), 2, "L", "0");
+  return numbers;
+}
+
+// Another copy of the program, or a text editor, may have changed the file since.
+bool MayOverwrite(Kelp& kelp, const std::string& content) {
+  Disk& disk = kelp.platform.disk();
+  if (!disk.Exists(kConfigPath)) return true;
+  const std::string there = disk.Read(kConfigPath);
+  if (there == kelp.ConfigKnown || there == kelp.ConfigTried || there == content) return true;
+  Message question{std::string(kConfigPath) + " was changed by somebody else since it was read here: lines " +
+                       DifferingLines(there, kelp.ConfigKnown) +
+                       ". Yes overwrites that; No leaves the file, and this program's values are tried again "
+                       "at the next save. Overwrite? Y/N",
+                   "Overwrite", Buttons::YesNo, Icon::Exclamation};
+  question.DefaultNo = true;
+  return AskYes(kelp, question);
 }
 
 }  // namespace
@@ -58,12 +91,16 @@ void LoadConfig(Kelp& kelp) {
   ReadConfig(kelp, path);
 }
 
-void SaveConfig(Kelp& kelp) {
+bool SaveConfig(Kelp& kelp) {
   std::string content;
   for (const std::string& line : kelp.run.CfgLines) content += line + "\r\n";
+  if (!MayOverwrite(kelp, content)) return false;
+  kelp.ConfigTried = content;
   // On a machine that never ran the program the folder is missing too.
   kelp.platform.disk().MakeFolder("c:\\kelp");
   kelp.platform.disk().Replace(kConfigPath, content);
+  kelp.ConfigKnown = content;
+  return true;
 }
 
 void SaveStationConfig(Kelp& kelp) {

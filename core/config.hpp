@@ -69,8 +69,10 @@ void LoadConfig(Kelp& kelp);
 /// Fills `CfgLines` with the default template.
 void SetDefaultConfig(RunState& run);
 
-/// Writes all 41 lines to the configuration file, replacing it. Throws FileError.
-void SaveConfig(Kelp& kelp);
+/// Writes all 41 lines to the configuration file, replacing it. When somebody else changed the file since it
+/// was read or written here, the operator is asked; after a No both stay as they are, the running values are
+/// tried again with the next save, and it returns false. Throws FileError.
+bool SaveConfig(Kelp& kelp);
 
 /// The end of a station: puts the running values (next processing number, station, analyst, tube,
 /// filtration and run date) into their lines and saves. Nothing is advanced from number 990 on.

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/record_state.hpp"
 #include "core/run_state.hpp"
 #include "core/screens/acquire.hpp"
 #include "core/screens/dialogs.hpp"
@@ -24,6 +26,12 @@ struct FocusPlace {
   int Index = -1;
 };
 
+/// The lock beside the open station's base file.
+struct StationLockState {
+  std::string Path = {};         ///< "" while no station is open
+  std::int64_t RefreshedAt = 0;  ///< Platform::Milliseconds
+};
+
 struct Kelp {
   explicit Kelp(Platform& machine) : platform(machine) {}
 
@@ -31,7 +39,8 @@ struct Kelp {
   RunState run;
   ReadLoopState loop;
   TimerState Timer1;
-  JournalState journal;
+  RecordState record;
+  StationLockState StationLock;
 
   FrmMain frmMain;
   FrmLogin frmLogin;
@@ -47,10 +56,12 @@ struct Kelp {
   /// Names of the visible screens, front first.
   std::vector<std::string> Shown;
   FocusPlace Focus;
-  StoreNote Note;       ///< how the value that this event stores came to be
-  std::string Status;   ///< the status text
-  std::string Warning;  ///< stands in front of it until its cause is mended
-  bool Ended = false;   ///< the program has ended: front ends stop
+  std::string ConfigKnown;  ///< the configuration file as it was last read or written; "" for never
+  std::string ConfigTried;  ///< what was last to be written into it: a write that failed late may have
+  StoreNote Note;           ///< how the value that this event stores came to be
+  std::string Status;       ///< the status text
+  std::string Warning;      ///< stands in front of it until its cause is mended
+  bool Ended = false;       ///< the program has ended: front ends stop
 };
 
 /// Calls visit(name, screen) for every screen.

@@ -152,15 +152,6 @@ struct ReadLoopState {
   unsigned long RefusedAtReading = 0;
 };
 
-/// What the station's journal holds already.
-struct JournalState {
-  int StationLoads = 0;                  ///< the load that this is about
-  bool Begun = false;                    ///< the station has a journal
-  bool Failed = false;                   ///< the last write failed: all is to be written anew
-  std::vector<std::string> Values = {};  ///< the values that the journal holds
-  std::string RestoredFrom = {};         ///< the journal that the station just loaded was restored from
-};
-
 /// The repeating timer of the per-read log.
 struct TimerState {
   bool Enabled = false;

@@ -8,11 +8,12 @@
 #include "files/ctd_import.hpp"
 #include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"
-#include "files/journal.hpp"
 #include "files/keeping_station.hpp"
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
+#include "files/station_lock.hpp"
 #include "files/table_field.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -205,11 +206,14 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
   bool saved = false;
   KeepingStation(kelp, [&] {
     CloseStationFiles(kelp.run);
-    const Found found = FindBaseFile(kelp, path);
-    if (found == Found::File)
+    Found found = FindBaseFile(kelp, path);
+    if (found == Found::File && !MayOpenStation(kelp, path)) found = Found::Nothing;
+    if (found == Found::File) {
       saved = ReadBaseFile(kelp, path);
-    else
+      HoldStation(kelp, path);
+    } else {
       HoldNoStation(kelp);
+    }
     if (found == Found::Nothing) ShowScreen(kelp, "frmAcquire");
     RefreshStandardDisplays(kelp);
   });

@@ -4,6 +4,8 @@
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "files/keeping_station.hpp"
+#include "files/kept_copy.hpp"
+#include "files/station_lock.hpp"
 #include "files/table_lines.hpp"
 
 namespace kelp {
@@ -55,7 +57,9 @@ void CreateStation(Kelp& kelp, const std::string& procNum) {
   if (disk.Exists(run.BaseFile) &&
       !AskYes(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
     return;
+  if (!MayOpenStation(kelp, run.BaseFile)) return;
   const std::string text = BaseFileText(kelp);
+  KeepResults(disk, run.BaseFile, kelp.platform.Now());
   disk.MakeFolder(run.DataOutPath);
   disk.Replace(run.BaseFile, text);
   CopyToHeaderBoxes(kelp);

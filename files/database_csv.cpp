@@ -72,12 +72,27 @@ void SetSampleColumns(Values& values, const Grid& grid, int row) {
   for (const Column& column : kColumns) values[column.name] = grid.Text(row, column.col);
 }
 
+bool IsNumber(std::string_view text) {
+  const auto digits = [&](std::size_t from) { return text.find_first_not_of("0123456789", from); };
+  std::size_t at = digits(text.starts_with('-') ? 1 : 0);
+  if (at != std::string_view::npos && text[at] == '.') at = digits(at + 1);
+  return at == std::string_view::npos && text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+// A quote would swallow the rows behind it in every reader, and a spreadsheet runs what begins like a
+// formula.
+std::string DatabaseField(const std::string& value) {
+  std::string field(Trim(Replaced(OneField(value, true), "\"", "'")));
+  const bool formula = field.find_first_of("=+@\t") == 0 || (field.starts_with('-') && !IsNumber(field));
+  return formula ? "'" + field : field;
+}
+
 std::string DatabaseRow(const Values& values, std::string_view header) {
   std::string row;
   for (bool more = true; more;) {
     const auto end = header.find(',');
     const auto value = values.find(header.substr(0, end));
-    if (value != values.end()) row += Trim(OneField(value->second, true));
+    if (value != values.end()) row += DatabaseField(value->second);
     more = end != std::string_view::npos;
     if (more) header.remove_prefix(end + 1);
     row += more ? "," : "\r\n";

@@ -2,6 +2,7 @@
 
 #include "core/date_time.hpp"
 #include "core/text.hpp"
+#include "files/report.hpp"
 
 namespace kelp {
 
@@ -14,6 +15,13 @@ std::string TimeStamp(LocalTime now) {
   for (const char c : ShortDate(now) + " " + LongTime(now))
     if (c != ' ' && c != ':' && c != '/') stamp += c;
   return stamp;
+}
+
+std::string StampedName(Disk& disk, const std::string& first, LocalTime now) {
+  std::string name = first + TimeStamp(now);
+  const std::string stamped = name;
+  for (int count = 2; disk.Exists(name); ++count) name = stamped + "-" + std::to_string(count);
+  return name;
 }
 
 }  // namespace
@@ -29,10 +37,12 @@ std::string StationPath(const std::string& path) {
 void KeepBaseFile(Disk& disk, const std::string& path, LocalTime now) {
   if (!disk.Exists(path)) return;
   const std::string first = path + std::string(kKept);
-  std::string kept = first;
-  for (int count = 1; disk.Exists(kept); ++count)
-    kept = first + TimeStamp(now) + (count > 1 ? "-" + std::to_string(count) : "");
-  disk.Keep(path, kept);
+  disk.Keep(path, disk.Exists(first) ? StampedName(disk, first, now) : first);
+}
+
+void KeepResults(Disk& disk, const std::string& path, LocalTime now) {
+  if (disk.Exists(path) && Contains(disk.Read(path), kReportBanner))
+    disk.Keep(path, StampedName(disk, path + std::string(kKept), now));
 }
 
 }  // namespace kelp

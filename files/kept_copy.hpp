@@ -17,4 +17,9 @@ std::string StationPath(const std::string& path);
 /// is no base file. Throws FileError, which names the copy.
 void KeepBaseFile(Disk& disk, const std::string& path, LocalTime now);
 
+/// Keeps a base file that holds results before a new one takes its place; the copy has the time behind its
+/// name, so that the list of samples that "Reload Base File" reads stays. Nothing happens when there are
+/// none.
+void KeepResults(Disk& disk, const std::string& path, LocalTime now);
+
 }  // namespace kelp

@@ -44,6 +44,9 @@ void OpenNextStation(Kelp& kelp) {
     const std::string typed(Trim(header[kStaProcNum].Text));
     run.ProcNum = run.ProcNumEdited ? PaddedProcNum(std::to_string(ToInt16(Val(typed)))) : NextProcNum(typed);
     header[kStaProcNum].Text = run.ProcNum;
+    // An unfinished station that was gone on with may lie elsewhere; the next one is the configuration's.
+    run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
+    run.CruiseID = CfgValue(run, kCfgCruise);
     run.SampNum = 1;
     run.StepName = "BLANK";
     run.LabCalRun = false;
@@ -51,7 +54,10 @@ void OpenNextStation(Kelp& kelp) {
     run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
     const bool saved = LoadBaseFile(kelp, run.BaseFile);
     // A station that was run already brings its own blanks and copros.
-    if (!saved) MoveEndValues(kelp);
+    if (!saved) {
+      MoveEndValues(kelp);
+      kelp.record.CarriedOver = true;
+    }
     kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
     kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
     run.ProcNumEdited = false;

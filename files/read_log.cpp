@@ -2,7 +2,7 @@
 
 #include "core/date_time.hpp"
 #include "core/text.hpp"
-#include "files/journal.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -36,8 +36,9 @@ void AppendReadLog(Kelp& kelp) {
     try {
       Disk& disk = kelp.platform.disk();
       const std::string record = LogRecord(kelp);
-      disk.Append(kelp.run.CsvFile, record);
-      disk.Append(kelp.run.TmpFile, record);
+      // No flush: the log may lie on a slow share, and a reading must never wait for it.
+      disk.AppendUnflushed(kelp.run.CsvFile, record);
+      disk.AppendUnflushed(kelp.run.TmpFile, record);
       return;
     } catch (const RunTimeError& error) {
       SetStatus(kelp, error.what());
@@ -53,8 +54,8 @@ void AppendReadLog(Kelp& kelp) {
 }
 
 void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& mark) {
-  // The journal first: a share that hangs, or the message about it, must not keep the value from the disk.
-  KeepJournal(kelp);
+  // The record first: a share that hangs, or the message about it, must not keep the value from the disk.
+  KeepRecord(kelp);
   Disk& disk = kelp.platform.disk();
   const std::string text = OneField(line, false);
   const auto append = [&](const std::string& path, const std::string& record) {
@@ -67,6 +68,16 @@ void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& ma
   };
   append(kelp.run.CsvFile, text);
   append(kelp.run.TmpFile, text + mark);
+}
+
+void FlushReadLog(Kelp& kelp) {
+  for (const std::string* path : {&kelp.run.CsvFile, &kelp.run.TmpFile}) {
+    try {
+      if (!path->empty()) kelp.platform.disk().Flush(*path);
+    } catch (const FileError& error) {
+      SetStatus(kelp, std::string(error.what()) + " (the last lines of the read log)");
+    }
+  }
 }
 
 }  // namespace kelp

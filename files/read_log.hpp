@@ -14,4 +14,8 @@ void AppendReadLog(Kelp& kelp);
 /// `TmpFile`. A file that can't be written is named in a message; the reading stays in the table.
 void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& mark);
 
+/// Puts the lines that the log still owes on the disk: a value was stored, or reading stops. A failure stands
+/// in the status bar; what counts is in the record.
+void FlushReadLog(Kelp& kelp);
+
 }  // namespace kelp

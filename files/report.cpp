@@ -21,6 +21,29 @@ std::string CoproLine(const FrmAcquire& form, const std::string& name, int box) 
   return Halves("", "Copro " + name + ": " + form.txtBlank[box].Text + "/" + form.txtBlank[box + 1].Text);
 }
 
+// A standard that was not read is not one of 0.
+std::string Standard(const FrmAcquire& form, int box) {
+  const std::string& text = form.txtBlank[box].Text;
+  return text.empty() || text == "0" ? "-99.00" : text;
+}
+
+std::string Standards(const FrmAcquire& form, int box) {
+  return Standard(form, box) + "/" + Standard(form, box + 1);
+}
+
+// Behind the samples: both standards, begin and end, and the remarks with bottle and author.
+void AddFooter(std::vector<std::string>& lines, const Kelp& kelp) {
+  const FrmAcquire& form = kelp.frmAcquire;
+  lines.emplace_back();
+  lines.push_back(Halves(kLowStandard + Standards(form, kBoxLowStandard),
+                         kHighStandard + Standards(form, kBoxHighStandard)));
+  for (int row = 1; row <= kelp.run.SampCount; ++row)
+    for (const auto& [column, who] : {std::pair{kColFiltCom, "filterer"}, {kColReadCom, "reader"}})
+      if (const std::string& text = form.datalog.Text(row, column); !text.empty())
+        lines.push_back("    Remark, bottle " + form.datalog.Text(row, kColBottle) + ", " + who + ": " +
+                        OneField(text, false));
+}
+
 }  // namespace
 
 std::vector<std::string> ReportLines(const Kelp& kelp) {
@@ -48,6 +71,7 @@ std::vector<std::string> ReportLines(const Kelp& kelp) {
   };
   // Four blanks put the results line of the local results file under the heading.
   for (int row = 1; row <= run.SampCount; ++row) lines.push_back("    " + ResultsLine(form.datalog, row));
+  AddFooter(lines, kelp);
   return lines;
 }
 

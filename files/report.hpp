@@ -9,6 +9,8 @@
 
 namespace kelp {
 
+inline const std::string kLowStandard = "    Low standard: ";
+inline const std::string kHighStandard = "High standard: ";
 inline constexpr const char* kReportBanner = "     B a y T R E K   F l u o r o m e t e r   D a t a   L o g";
 
 /// The report's lines, without line ends.

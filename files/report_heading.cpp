@@ -61,13 +61,27 @@ void TakeBlanks(Kelp& kelp, const std::optional<Pair>& blanks) {
   ShowAverageBlank(kelp);
 }
 
-void TakeCopro(FrmAcquire& form, std::string_view line, int box) {
+void TakePair(FrmAcquire& form, const std::optional<Pair>& values, int box) {
+  if (!values) return;
+  form.txtBlank[box].Text = values->First;
+  form.txtBlank[box + 1].Text = values->Second;
+}
+
+std::optional<Pair> CoproOf(std::string_view line) {
   const auto key = line.rfind(": ");
-  if (key == std::string_view::npos) return;
-  const auto copros = SplitAt(std::string(Trim(line.substr(key + 2))), "/");
-  if (!copros) return;
-  form.txtBlank[box].Text = copros->First;
-  form.txtBlank[box + 1].Text = copros->Second;
+  if (key == std::string_view::npos) return {};
+  return SplitAt(std::string(Trim(line.substr(key + 2))), "/");
+}
+
+// Reports of Kelp 0.1 have no such line.
+void TakeStandards(Kelp& kelp, const std::vector<std::string>& report) {
+  for (const std::string& line : report) {
+    const HeadingLine values = SplitHeading(line, kLowStandard, kHighStandard);
+    if (!values.Left || !values.Right) continue;
+    TakePair(kelp.frmAcquire, SplitAt(std::string(Trim(*values.Left)), "/"), kBoxLowStandard);
+    TakePair(kelp.frmAcquire, SplitAt(values.Right, "/"), kBoxHighStandard);
+    return;
+  }
 }
 
 }  // namespace
@@ -95,8 +109,9 @@ void TakeReportHeading(Kelp& kelp, const std::vector<std::string>& lines) {
   const HeadingLine readBy = SplitHeading(below(6), "    Read by: ", "begin/end: ");
   if (readBy.Left) form.Combo1.Text = Trim(*readBy.Left);
   TakeBlanks(kelp, SplitAt(readBy.Right, "/"));
-  TakeCopro(form, below(7), kBoxCopro1);
-  TakeCopro(form, below(8), kBoxCopro2);
+  TakePair(form, CoproOf(below(7)), kBoxCopro1);
+  TakePair(form, CoproOf(below(8)), kBoxCopro2);
+  TakeStandards(kelp, {banner, lines.end()});
 }
 
 }  // namespace kelp

@@ -11,6 +11,7 @@
 #include "files/report.hpp"
 #include "files/station_values.hpp"
 #include "files/table_lines.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -71,13 +72,32 @@ void NormaliseCtdTime(Kelp& kelp) {
   for (const char* half : {" AM", " PM", "AM", "PM"}) run.CtdTime = Replaced(run.CtdTime, half, "");
 }
 
+// When a station was read goes on while its log does: that alone makes no new results.
+std::string MarkOfRows(const Kelp& kelp) {
+  const DateAndTime read = ReadAt(kelp.run);
+  return MarkOf(Replaced(DatabaseRows(kelp, kCruiseCsvHeader) + DatabaseRows(kelp, kStationCsvHeader),
+                         read.Date + "," + read.Time, ","));
+}
+
+// Rows can't be taken back from the database files, so that the same ones are not appended twice.
 void AppendToDatabase(Kelp& kelp) {
+  const std::string mark = MarkOfRows(kelp);
+  std::string& saved = kelp.record.SavedRows;
+  if (saved == mark) {
+    SetStatus(kelp, "Station " + kelp.run.ProcNum +
+                        " was saved with these results before: no rows were added to the database files.");
+    return;
+  }
   const auto append = [&](const std::string& path, std::string_view header) {
     Once(kelp.run, path,
          [&] { AppendDatabaseRows(kelp.platform.disk(), path, header, DatabaseRows(kelp, header)); });
   };
   append(CruiseCsvPath(kelp.run), kCruiseCsvHeader);
   append(StationCsvPath(kelp.run), kStationCsvHeader);
+  if (!saved.empty())
+    SetStatus(kelp, "Station " + kelp.run.ProcNum +
+                        " is saved anew: in the database files its older rows stand before the new ones.");
+  saved = mark;
 }
 
 // Writes all files, whether or not the printer works; returns what was wrong with the printer.

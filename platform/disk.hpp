@@ -3,7 +3,9 @@
 // names the path, and leaves what existed before as it was.
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 namespace kelp {
 
@@ -21,6 +23,13 @@ class Disk {
   /// True when the folder exists and holds at least one file.
   virtual bool AnyFileIn(const std::string& folder) = 0;
 
+  /// The names of the files in a folder; none when there is no such folder.
+  virtual std::vector<std::string> FilesIn(const std::string& folder) = 0;
+
+  /// Where the file lies on the host, for a library that opens files by itself. Empty when the disk has no
+  /// such place: the file is then read and replaced whole.
+  virtual std::filesystem::path HostPlace(const std::string& path) = 0;
+
   /// The whole file, byte for byte. Files above 64 MiB are refused.
   virtual std::string Read(const std::string& path) = 0;
 
@@ -32,9 +41,19 @@ class Disk {
   /// disk; creates the file when it is missing. Never reads what the file holds already.
   virtual void Append(const std::string& path, const std::string& text) = 0;
 
+  /// The same without waiting for the disk: for the read log, which may lie on a slow share while readings
+  /// go on. Flush makes up for it.
+  virtual void AppendUnflushed(const std::string& path, const std::string& text) = 0;
+
+  /// Puts on the disk what AppendUnflushed has left to the system; nothing happens when that is nothing.
+  virtual void Flush(const std::string& path) = 0;
+
   /// Gives the file a second name, under which it stays when the first name is replaced. Fails when
   /// `newPath` exists.
   virtual void Keep(const std::string& path, const std::string& newPath) = 0;
+
+  /// Gives a file or folder another name, in one step. Fails when `newPath` exists.
+  virtual void Move(const std::string& path, const std::string& newPath) = 0;
 
   /// Removes a file; nothing happens when there is none.
   virtual void Remove(const std::string& path) = 0;

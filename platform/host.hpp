@@ -30,6 +30,13 @@ std::int64_t HostMilliseconds();
 /// Windows an empty path, for the machine's own drives. Throws FileError when the user has no home.
 std::filesystem::path HostDataFolder();
 
+/// The name of this machine, and of who is logged in on it; "unknown" where the machine does not say.
+std::string HostMachineName();
+std::string HostUserName();
+
+/// Creates a folder and those above it, each name flushed to the disk. Throws FileError.
+void MakeHostFolder(const std::filesystem::path& folder);
+
 /// The device of a serial port number: "/dev/ttyS<N-1>", on Windows "COMN".
 std::string HostPortDevice(int number);
 

@@ -19,18 +19,31 @@ class HostDisk : public Disk {
   bool Exists(const std::string& path) override;
   bool IsFolder(const std::string& path) override;
   bool AnyFileIn(const std::string& folder) override;
+  std::vector<std::string> FilesIn(const std::string& folder) override;
+  std::filesystem::path HostPlace(const std::string& path) override { return drives_.HostPath(path); }
   std::string Read(const std::string& path) override;
   void Replace(const std::string& path, const std::string& content) override;
-  void Append(const std::string& path, const std::string& text) override;
+  void Append(const std::string& path, const std::string& text) override { AppendText(path, text, flushes_); }
+  void AppendUnflushed(const std::string& path, const std::string& text) override {
+    AppendText(path, text, false);
+  }
+  void Flush(const std::string& path) override;
   void Keep(const std::string& path, const std::string& newPath) override;
+  void Move(const std::string& path, const std::string& newPath) override;
   void Remove(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool Claim(const std::string& path) override;
 
  private:
+  void AppendText(const std::string& path, const std::string& text, bool flush);
+
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<std::filesystem::path> doubtful_ = {};
+  // Program paths of logs whose last lines the system may still hold back; true for one whose name too.
+  std::map<std::string, bool> unflushed_ = {};
+  // Folders whose new name may not be on the disk: that flush failed and is to be made up for.
+  std::set<std::filesystem::path> unflushedFolders_ = {};
   // Handles of the files that this copy of the program holds; what they are differs by machine.
   std::map<std::filesystem::path, std::shared_ptr<void>> claims_ = {};
   const DriveMap& drives_;

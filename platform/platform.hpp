@@ -77,6 +77,10 @@ class Platform {
   virtual void ScreenHidden(const std::string& screen) = 0;
   virtual void ScreenRaised(const std::string& screen) = 0;
 
+  /// The names of this machine and of who is logged in on it, for what other machines are told.
+  virtual std::string MachineName() = 0;
+  virtual std::string UserName() = 0;
+
   virtual LocalTime Now() = 0;
   /// A clock that never goes back, in milliseconds.
   virtual std::int64_t Milliseconds() = 0;

@@ -43,6 +43,9 @@ class ScriptedPlatform : public Platform {
   /// hidden.
   std::function<void(const std::string&)> Echo;
 
+  std::string Machine = "bench";
+  std::string User = "analyst";
+
   // What happened.
   struct Box {
     Message message;
@@ -70,6 +73,8 @@ class ScriptedPlatform : public Platform {
   void ScreenShown(const std::string& screen) override { Say("screen " + screen + " shown"); }
   void ScreenHidden(const std::string& screen) override { Say("screen " + screen + " hidden"); }
   void ScreenRaised(const std::string& /*screen*/) override {}
+  std::string MachineName() override { return Machine; }
+  std::string UserName() override { return User; }
   LocalTime Now() override { return start_ + std::chrono::seconds(Milliseconds() / 1000); }
   std::int64_t Milliseconds() override { return milliseconds_; }
 

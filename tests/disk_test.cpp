@@ -20,6 +20,7 @@ namespace {
 struct Calls {
   std::string Trace = {};
   std::string Fails = {};
+  int Error = EIO;
   bool HalfWrites = false;
 };
 Calls* calls = nullptr;
@@ -28,7 +29,7 @@ template <class... Arguments>
 long Made(const char* name, long number, Arguments... arguments) {
   if (calls != nullptr) {
     calls->Trace += calls->Trace.empty() ? name : std::string(" ") + name;
-    errno = EIO;
+    errno = calls->Error;
     if (calls->Fails == name) return -1;
     errno = 0;
   }
@@ -147,6 +148,40 @@ TEST_F(HostDiskTest, FlushesInOrderAndNeverLeavesHalfALine) {
   EXPECT_EQ(Trace(append), "write flush rename flush-folder");
   EXPECT_EQ(Trace(append), "write flush");
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\ntwo\r\ntwo\r\ntwo\r\n");
+}
+
+TEST_F(HostDiskTest, Finding10AFolderThatCanNotBeFlushedIsNotAskedAgainAndAFailedFlushIsMadeUpFor) {
+  data.Write("drive_c/there", "");
+  const auto folder = [&](const char* path) { return [&, path] { disk->MakeFolder(path); }; };
+  for (const int error : {EOPNOTSUPP, EINVAL, ENOSYS}) {
+    Calls made{.Fails = "flush-folder", .Error = error};
+    EXPECT_EQ(Run([&] { disk->Replace("c:\\file", "x"); }, made), "") << error;
+    EXPECT_EQ(made.Trace, "write flush rename flush-folder");
+  }
+  EXPECT_EQ(Trace(folder("c:\\one")), "flush-folder");
+  EXPECT_NE(Trouble(folder("c:\\two"), {.Fails = "flush-folder"}), "");
+  EXPECT_EQ(Trace(folder("c:\\two")), "flush-folder") << "it is there, but its name is not safe yet";
+  EXPECT_EQ(Trace(folder("c:\\two")), "");
+  // The folder that --drives names, and those above it.
+  EXPECT_EQ(Trace([&] { MakeHostFolder(data.Path / "a/b"); }), "flush-folder flush-folder");
+}
+
+TEST_F(HostDiskTest, Finding11TheClaimOutlivesItsFile) {
+  data.Write("drive_c/kelp/kelp.lck", "");
+  EXPECT_TRUE(disk->Claim("c:\\kelp\\kelp.lck"));
+  fs::remove(data.Path / "drive_c/kelp/kelp.lck");
+  EXPECT_FALSE(MakeHostDisk(drives)->Claim("c:\\kelp\\kelp.lck"));
+  disk.reset();
+  EXPECT_TRUE(MakeHostDisk(drives)->Claim("c:\\kelp\\kelp.lck"));
+}
+
+TEST_F(HostDiskTest, Finding12LinesOfTheLogAreFlushedTogether) {
+  data.Write("drive_c/log", "head\r\n");
+  EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "1\r\n"); }), "write");
+  EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "2\r\n"); }), "write");
+  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "flush");
+  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "") << "nothing is owed any more";
+  EXPECT_EQ(data.Read("drive_c/log"), "head\r\n1\r\n2\r\n");
 }
 
 // The superuser may do everything: the checks run as nobody, in a process of their own.

@@ -8,6 +8,8 @@
 #include <random>
 #include <set>
 
+#include "record/database.hpp"
+#include "record/record.hpp"
 #include "tests/support/captions.hpp"
 #include "tests/support/program.hpp"
 
@@ -72,7 +74,6 @@ class Operator {
     const std::string caption = kelp.frmAcquire.Command1.Caption;
     const int sample = kelp.run.SampNum;
     const std::string csv = kelp.run.CsvFile;
-    const std::string journal = Lower(Replaced(kelp.run.TmpFile, ".tmp", ".jnl"));
     const int loads = kelp.run.StationLoads;
     const int kind = Pick(random_, 100);
     if (kind < 55)
@@ -81,7 +82,7 @@ class Operator {
       Next();
     else
       Meddle();
-    Check(caption, sample, csv, journal, loads);
+    Check(caption, sample, csv, loads);
   }
 
  private:
@@ -169,8 +170,7 @@ class Operator {
   }
 
   // `caption` and the rest are as they were before the event.
-  void Check(const std::string& caption, int sample, const std::string& csv, const std::string& journal,
-             int loads) {
+  void Check(const std::string& caption, int sample, const std::string& csv, int loads) {
     const RunState& run = kelp_->run;
     ASSERT_EQ(platform_->Unexpected, "");
     ASSERT_GE(run.SampNum, 1);
@@ -181,7 +181,7 @@ class Operator {
     const bool otherCopros = run.CoproLowStd != "3-1" || run.CoproHighStd != "2-5";
     ASSERT_TRUE(known || otherCopros) << "caption \"" << now << "\" is in no table";
     captions.insert(now);
-    if (loads != run.StationLoads || kelp_->journal.Failed) return;
+    if (loads != run.StationLoads || kelp_->record.Unsafe) return;
     // A save that the event made: the caption has moved on and the grid has the value. A value equal to that
     // of a saved station stands in its base file already.
     const bool rb = caption == "Save Rb" && now == "Acidify";
@@ -189,11 +189,21 @@ class Operator {
     if (!rb && !ra) return;
     ++accepted;
     const std::string& value = kelp_->frmAcquire.datalog.Text(sample, rb ? kColRb : kColRa);
-    const std::string line = "grid " + std::to_string(sample) + (rb ? " 3 " : " 4 ") + value + "*";
-    ASSERT_TRUE(Contains(disk_.Files[journal], line) ||
-                (rb ? Contains(disk_.Files[Lower(run.BaseFile)], " " + value + " ")
-                    : Contains(disk_.Files[Lower(csv)], "," + value + ",")))
+    const std::string line = "datalog(" + std::to_string(sample) + (rb ? ",3)" : ",4)");
+    ASSERT_TRUE(RecordHas(line, value) || (rb ? Contains(disk_.Files[Lower(run.BaseFile)], " " + value + " ")
+                                              : Contains(disk_.Files[Lower(csv)], "," + value + ",")))
         << line;
+  }
+
+  bool RecordHas(const std::string& place, const std::string& value) {
+    Database record(disk_, kRecordPath, Opening::ToRead);
+    const std::vector<Database::Run> runs =
+        record.Runs(kelp_->run.PrnFile.substr(0, kelp_->run.PrnFile.size() - 4));
+    if (runs.empty()) return false;
+    for (const RecordedEvent& event : record.EventsOf(runs.back().Begun.Uid))
+      for (const RecordedValue& stored : event.Values)
+        if (stored.Place == place && stored.After == value) return true;
+    return false;
   }
 
   Random random_;

@@ -52,10 +52,7 @@ TEST(RoundTrip, EveryGeneratedStationComesBackCellForCellAndSavesTheSameFiles) {
       EXPECT_EQ(again.file(name), program.file(name)) << name;
     EXPECT_EQ(again.file("chl002Base11242026030000"), program.file("chl002"));
     EXPECT_EQ(again.file("chl002.prn"), report + report);
-    const auto rows = Lines(program.file("0707SLChldb.csv"));
-    const auto twice = Lines(again.file("0707SLChldb.csv"));
-    ASSERT_EQ(twice.size(), 2 * rows.size() - 1);
-    EXPECT_TRUE(std::equal(rows.begin() + 1, rows.end(), twice.begin() + samples + 1));
+    EXPECT_EQ(again.file("0707SLChldb.csv"), program.file("0707SLChldb.csv")) << "the same rows only once";
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/numbers.hpp"
 #include "core/text.hpp"
+#include "record/record.hpp"
 #include "workflow/slots.hpp"
 
 namespace kelp {
@@ -49,7 +50,8 @@ void Command2_Click(Kelp& kelp) {
 }
 
 void Command3_Click(Kelp& kelp) {
-  if (!AskYes(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel)) return;
+  if (!AskYes(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel) || !MayLeave(kelp))
+    return;
   if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
   HideScreen(kelp, "frmAcquire");
   EndProgram(kelp);

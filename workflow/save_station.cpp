@@ -1,8 +1,8 @@
 #include "workflow/save_station.hpp"
 
 #include "core/config.hpp"
-#include "files/journal.hpp"
 #include "files/result_writer.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -23,7 +23,7 @@ bool EndPrintJob(Kelp& kelp) {
 
 bool SaveStation(Kelp& kelp) {
   if (!SaveStationResults(kelp)) return false;
-  EndJournal(kelp);
+  RecordSaved(kelp, kelp.record.SavedRows);
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "files/base_file.hpp"
+#include "record/record.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/whats_next_steps.hpp"
@@ -63,7 +64,7 @@ void EndBlankByOk(Kelp& kelp) {
 
 void PrintSaveByOk(Kelp& kelp) {
   Progress progress(kelp);
-  if (!SaveStation(kelp)) return;
+  if (!SaveStation(kelp) || !MayLeave(kelp)) return;
   // The capital "A", unlike the next station's, is as the analysts know it.
   progress.Say("Printing And Saving Data...");
   if (!EndStation(kelp)) return;
@@ -92,7 +93,7 @@ void CarryOut(Kelp& kelp, int choice) {
 }
 
 void QuitAtOnce(Kelp& kelp) {
-  if (!CloseStation(kelp)) return;
+  if (!CloseStation(kelp) || !MayLeave(kelp)) return;
   PutIntoStandby(kelp);
   ClearReadingDisplays(kelp.frmAcquire);
   kelp.platform.ClosePort();

@@ -110,9 +110,9 @@ void DesktopRun::Keep() {
     platform_.Ask({trouble.toStdString(), "Machine settings", Buttons::Ok, Icon::Exclamation});
 }
 
-// The journal is written with every value; what the analyst looks for are the station's files.
+// The lock is refreshed every minute; what the analyst looks for are the station's files.
 void DesktopRun::Written(const std::string& path) {
-  if (!EndsWith(path, ".jnl")) windows_.SetLastFile(QString::fromStdString(path));
+  if (!EndsWith(path, ".lck")) windows_.SetLastFile(QString::fromStdString(path));
 }
 
 int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run, kCfgComport)); }

@@ -17,6 +17,8 @@ class NoticingDisk : public Disk {
   bool Exists(const std::string& path) override { return disk_->Exists(path); }
   bool IsFolder(const std::string& path) override { return disk_->IsFolder(path); }
   bool AnyFileIn(const std::string& folder) override { return disk_->AnyFileIn(folder); }
+  std::vector<std::string> FilesIn(const std::string& folder) override { return disk_->FilesIn(folder); }
+  std::filesystem::path HostPlace(const std::string& path) override { return disk_->HostPlace(path); }
   std::string Read(const std::string& path) override { return disk_->Read(path); }
   void Replace(const std::string& path, const std::string& content) override {
     disk_->Replace(path, content);
@@ -25,6 +27,15 @@ class NoticingDisk : public Disk {
   void Append(const std::string& path, const std::string& text) override {
     disk_->Append(path, text);
     written_(path);
+  }
+  void AppendUnflushed(const std::string& path, const std::string& text) override {
+    disk_->AppendUnflushed(path, text);
+    written_(path);
+  }
+  void Flush(const std::string& path) override { disk_->Flush(path); }
+  void Move(const std::string& path, const std::string& newPath) override {
+    disk_->Move(path, newPath);
+    written_(newPath);
   }
   void Keep(const std::string& path, const std::string& newPath) override {
     disk_->Keep(path, newPath);

@@ -29,6 +29,10 @@ void QtPlatform::EndDocument() {
   printer_.EndDocument([this](const Message& message) { return Ask(message); }, disk_, PdfPath());
 }
 
+std::string QtPlatform::MachineName() { return HostMachineName(); }
+
+std::string QtPlatform::UserName() { return HostUserName(); }
+
 LocalTime QtPlatform::Now() { return HostNow(); }
 
 std::int64_t QtPlatform::Milliseconds() { return HostMilliseconds(); }

@@ -46,6 +46,8 @@ class QtPlatform : public Platform {
   void ScreenShown(const std::string& screen) override { Screens.Shown(screen); }
   void ScreenHidden(const std::string& screen) override { Screens.Hidden(screen); }
   void ScreenRaised(const std::string& screen) override { Screens.Raised(screen); }
+  std::string MachineName() override;
+  std::string UserName() override;
   LocalTime Now() override;
   std::int64_t Milliseconds() override;
 

@@ -6,6 +6,7 @@ namespace kelp {
 
 namespace {
 
+constexpr int kCareEvery = 60'000;
 constexpr int kPassEvery = 50;  // milliseconds, when no bytes come in
 
 void SetTimer(QTimer& timer, bool wanted, int interval) {
@@ -23,6 +24,7 @@ Runner::Runner(Kelp& kelp) : kelp_(kelp) {
   connect(&ticks_, &QTimer::timeout, this, [this] {
     if (WantsTicks(kelp_)) Run([this] { Tick(kelp_); }, false);
   });
+  connect(&minutes_, &QTimer::timeout, this, [this] { Run([this] { Care(kelp_); }, false); });
 }
 
 // A handler never runs inside another one: what a window reports while a handler changes it, or while
@@ -39,6 +41,7 @@ void Runner::Run(const Work& work, bool edit) {
     ended_ = true;
     passes_.stop();
     ticks_.stop();
+    minutes_.stop();
     End();
     return;
   }
@@ -48,6 +51,7 @@ void Runner::Run(const Work& work, bool edit) {
 
 void Runner::SetTimers() {
   SetTimer(passes_, WantsPasses(kelp_), kPassEvery);
+  SetTimer(minutes_, WantsCare(kelp_), kCareEvery);
   SetTimer(ticks_, WantsTicks(kelp_) && kelp_.Timer1.Interval > 0, kelp_.Timer1.Interval);
 }
 

@@ -43,6 +43,7 @@ class Runner : public QObject {
   Kelp& kelp_;
   QTimer passes_;
   QTimer ticks_;
+  QTimer minutes_;
   bool busy_ = false;
   int dialogs_ = 0;
   bool ended_ = false;

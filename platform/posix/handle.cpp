@@ -81,8 +81,9 @@ int Flush(const Handle& file) {
 int FlushFolder(const std::filesystem::path& folder) {
   const Handle handle = OpenFile(folder, O_RDONLY | O_DIRECTORY);
   if (!handle.IsOpen()) return errno;
-  // Some network and FUSE file systems can't flush a folder, and say so with EINVAL.
-  return ::fsync(handle.fd()) == 0 || errno == EINVAL ? 0 : errno;
+  // Some network and FUSE file systems can't flush a folder: what can't be had is not asked for again.
+  if (::fsync(handle.fd()) == 0) return 0;
+  return errno == EINVAL || errno == EOPNOTSUPP || errno == ENOTSUP || errno == ENOSYS ? 0 : errno;
 }
 
 }  // namespace kelp

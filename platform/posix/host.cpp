@@ -2,13 +2,16 @@
 #include "platform/host.hpp"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
 
 #include "platform/error.hpp"
+#include "platform/posix/handle.hpp"
 
 namespace kelp {
 
@@ -38,6 +41,24 @@ std::filesystem::path HostDataFolder() {
   if (home == nullptr || home[0] != '/')
     throw FileError("data folder", "this user has no home folder; say with --drives where the drives lie");
   return std::filesystem::path(home) / ".local/share/kelp";
+}
+
+std::string HostMachineName() {
+  char name[256] = {};
+  return ::gethostname(name, sizeof name - 1) == 0 && name[0] != '\0' ? name : "unknown";
+}
+
+std::string HostUserName() {
+  const passwd* user = ::getpwuid(::getuid());
+  return user != nullptr ? user->pw_name : "unknown";
+}
+
+void MakeHostFolder(const std::filesystem::path& folder) {
+  if (folder.empty() || std::filesystem::is_directory(folder)) return;
+  MakeHostFolder(folder.parent_path());
+  int error = ::mkdir(folder.c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
+  if (error == 0) error = FlushFolder(folder.parent_path());
+  if (error != 0) Fail(folder.string(), error, Doing::Writing);
 }
 
 std::string HostPortDevice(int number) { return "/dev/ttyS" + std::to_string(number - 1); }

@@ -43,6 +43,24 @@ int WriteAtOnce(const Handle& file, const std::string& text) {
   return static_cast<std::size_t>(written) == text.size() ? 0 : ENOSPC;
 }
 
+// A name that is not on the disk is tried again with the next folder, however long ago that failed.
+void FlushNewFolders(const std::string& path, std::set<fs::path>& folders) {
+  while (!folders.empty()) {
+    const int error = FlushFolder(*folders.begin());
+    if (error != 0 && error != ENOENT) Fail(path, error, Doing::Writing);
+    folders.erase(folders.begin());
+  }
+}
+
+// Holds a file or folder for this process. False when another one holds it; a file system that knows no
+// locks holds nobody back.
+bool Hold(const Handle& handle) {
+  int locked = -1;
+  do locked = ::flock(handle.fd(), LOCK_EX | LOCK_NB);
+  while (locked != 0 && errno == EINTR);
+  return locked == 0 || errno != EWOULDBLOCK;
+}
+
 }  // namespace
 
 bool HostDisk::Exists(const std::string& path) {
@@ -55,17 +73,20 @@ bool HostDisk::IsFolder(const std::string& path) {
   return Look(path, drives_.HostPath(path), status) && S_ISDIR(status.st_mode);
 }
 
-bool HostDisk::AnyFileIn(const std::string& folder) {
-  if (!IsFolder(folder)) return false;
+bool HostDisk::AnyFileIn(const std::string& folder) { return !FilesIn(folder).empty(); }
+
+std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  if (!IsFolder(folder)) return names;
   std::error_code error;
-  bool found = false;
-  for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && !found && entry != end;
+  for (fs::directory_iterator entry(drives_.HostPath(folder), error), end; !error && entry != end;
        entry.increment(error)) {
     std::error_code unknown;
-    found = entry->is_regular_file(unknown) && !IsTemporary(entry->path().filename().string());
+    const std::string name = entry->path().filename().string();
+    if (entry->is_regular_file(unknown) && !IsTemporary(name)) names.push_back(name);
   }
   if (error) Fail(folder, error.value(), Doing::Reading);
-  return found;
+  return names;
 }
 
 std::string HostDisk::Read(const std::string& path) {
@@ -100,7 +121,7 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
   doubtful_.erase(place);
 }
 
-void HostDisk::Append(const std::string& path, const std::string& text) {
+void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
   const fs::path place = drives_.HostPath(path);
   if (doubtful_.contains(place) && Exists(path)) {
     const std::string content = Read(path);
@@ -114,14 +135,29 @@ void HostDisk::Append(const std::string& path, const std::string& text) {
   const long long size = OrdinarySize(path, file, Doing::Writing);
   int error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = flushes_ ? Flush(file) : 0;
-    if (error == 0 && isNew && flushes_) error = FlushFolder(place.parent_path());
+    error = flush ? kelp::Flush(file) : 0;
+    if (error == 0 && isNew && flush) error = FlushFolder(place.parent_path());
+    if (error == 0 && flush) unflushed_.erase(path);
+    if (error == 0 && !flush && flushes_) unflushed_[path] = unflushed_[path] || isNew;
     if (error == 0) return;
     doubtful_.insert(place);
   }
   // No half line stays, and a line that is told as lost is not there twice when it is written again.
   if (isNew ? ::unlink(place.c_str()) != 0 : ::ftruncate(file.fd(), size) != 0)
     throw FileError(path, Reason(error, Doing::Writing) + " (a part of the line may be in the file)");
+  Fail(path, error, Doing::Writing);
+}
+
+void HostDisk::Flush(const std::string& path) {
+  const auto owed = unflushed_.extract(path);
+  if (owed.empty()) return;
+  const fs::path place = drives_.HostPath(path);
+  const Handle file = OpenFile(place, O_WRONLY | O_APPEND);
+  int error = file.IsOpen() ? kelp::Flush(file) : errno;
+  if (error == ENOENT) return;  // somebody took the log away; what was in it went with it
+  if (error == 0 && owed.mapped()) error = FlushFolder(place.parent_path());
+  if (error == 0) return;
+  doubtful_.insert(place);
   Fail(path, error, Doing::Writing);
 }
 
@@ -146,6 +182,18 @@ void HostDisk::Keep(const std::string& path, const std::string& newPath) {
   Fail(newPath, error, Doing::Writing);
 }
 
+void HostDisk::Move(const std::string& path, const std::string& newPath) {
+  const fs::path place = drives_.HostPath(path);
+  const fs::path newPlace = drives_.HostPath(newPath);
+  struct stat status {};
+  if (!Look(path, place, status)) throw FileError(path, "does not exist");
+  if (Look(newPath, newPlace, status)) throw FileError(newPath, "exists already; choose another name");
+  int error = ::rename(place.c_str(), newPlace.c_str()) == 0 ? 0 : errno;
+  if (error == 0) error = FlushFolder(newPlace.parent_path());
+  if (error != 0) Fail(newPath, error, Doing::Writing);
+  doubtful_.erase(place);
+}
+
 void HostDisk::Remove(const std::string& path) {
   const fs::path place = drives_.HostPath(path);
   if (IsFolder(path)) throw FileError(path, "is a folder");
@@ -162,15 +210,17 @@ bool HostDisk::MakeFolder(const std::string& path) {
   struct stat status {};
   if (Look(path, place, status)) {
     if (!S_ISDIR(status.st_mode)) throw FileError(path, "is a file; choose another name for the folder");
+    FlushNewFolders(path, unflushedFolders_);
     return false;
   }
   std::vector<fs::path> missing;
   for (fs::path folder = place; !Look(path, folder, status); folder = folder.parent_path())
     missing.push_back(folder);
   for (; !missing.empty(); missing.pop_back()) {
-    int error = ::mkdir(missing.back().c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
-    if (error == 0) error = FlushFolder(missing.back().parent_path());
+    const int error = ::mkdir(missing.back().c_str(), 0777) == 0 || errno == EEXIST ? 0 : errno;
     if (error != 0) Fail(path, error, Doing::Writing);
+    unflushedFolders_.insert(missing.back().parent_path());
+    FlushNewFolders(path, unflushedFolders_);
   }
   return true;
 }
@@ -182,10 +232,10 @@ bool HostDisk::Claim(const std::string& path) {
   // Another user's file can be held without the right to write it.
   if (!file.IsOpen() && errno == EACCES) file = OpenFile(place, O_RDONLY);
   if (!file.IsOpen()) Fail(path, errno, Doing::Writing);
-  int locked = -1;
-  do locked = ::flock(file.fd(), LOCK_EX | LOCK_NB);
-  while (locked != 0 && errno == EINTR);
-  if (locked != 0 && errno == EWOULDBLOCK) return false;
+  // The folder is held too: a file that somebody removes would let the next copy in, with a new one.
+  Handle folder = OpenFile(place.parent_path(), O_RDONLY | O_DIRECTORY);
+  if (!Hold(file) || (folder.IsOpen() && !Hold(folder))) return false;
+  claims_.emplace(place.parent_path(), std::make_shared<Handle>(std::move(folder)));
   claims_.emplace(place, std::make_shared<Handle>(std::move(file)));
   return true;
 }

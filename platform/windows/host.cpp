@@ -4,6 +4,11 @@
 #include <windows.h>
 
 #include <chrono>
+#include <cstdlib>
+
+#include "platform/path_text.hpp"
+#include "platform/windows/handle.hpp"
+#include "platform/windows/long_path.hpp"
 
 namespace kelp {
 
@@ -21,6 +26,29 @@ std::int64_t HostMilliseconds() {
 }
 
 std::filesystem::path HostDataFolder() { return {}; }
+
+std::string HostMachineName() {
+  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+  if (::GetComputerNameW(name, &size) == 0) return "unknown";
+  return TextOf(name);
+}
+
+std::string HostUserName() {
+  const wchar_t* name = ::_wgetenv(L"USERNAME");
+  if (name == nullptr) return "unknown";
+  return TextOf(name);
+}
+
+void MakeHostFolder(const std::filesystem::path& folder) {
+  if (folder.empty() || folder == folder.root_path()) return;
+  const DWORD attributes = ::GetFileAttributesW(LongPath(std::filesystem::absolute(folder)).c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+  MakeHostFolder(folder.parent_path());
+  if (::CreateDirectoryW(LongPath(std::filesystem::absolute(folder)).c_str(), nullptr) == 0 &&
+      ::GetLastError() != ERROR_ALREADY_EXISTS)
+    Fail(TextOf(folder), ::GetLastError());
+}
 
 std::string HostPortDevice(int number) { return "COM" + std::to_string(number); }
 

@@ -2,6 +2,7 @@
 
 #include "platform/error.hpp"
 #include "platform/host_disk.hpp"
+#include "platform/path_text.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/long_path.hpp"
 
@@ -59,7 +60,7 @@ void WriteBeside(const std::string& path, const fs::path& place, const std::stri
       ::CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_HIDDEN, nullptr));
   if (!file.IsOpen()) Fail(path, ::GetLastError());
   DWORD error = WriteAtOnce(file, content);
-  if (error == 0) error = Flush(file);
+  if (error == 0) error = kelp::Flush(file);
   file.Close();
   if (error == 0 && ::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL) == 0) error = ::GetLastError();
   const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0U);
@@ -100,20 +101,23 @@ bool HostDisk::Exists(const std::string& path) {
 
 bool HostDisk::IsFolder(const std::string& path) { return IsFolderThere(path, drives_.HostPath(path)); }
 
-bool HostDisk::AnyFileIn(const std::string& folder) {
-  if (!IsFolder(folder)) return false;
+bool HostDisk::AnyFileIn(const std::string& folder) { return !FilesIn(folder).empty(); }
+
+std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  if (!IsFolder(folder)) return names;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = ::FindFirstFileW((LongPath(drives_.HostPath(folder)) + L"\\*").c_str(), &entry);
   if (search == INVALID_HANDLE_VALUE) Fail(folder, ::GetLastError());
-  bool found = false;
   do {
-    found = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
-            std::wstring_view(entry.cFileName).find(kTemporaryMark) == std::wstring_view::npos;
-  } while (!found && ::FindNextFileW(search, &entry) != 0);
-  const DWORD error = found ? ERROR_NO_MORE_FILES : ::GetLastError();
+    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+        std::wstring_view(entry.cFileName).find(kTemporaryMark) == std::wstring_view::npos)
+      names.push_back(TextOf(entry.cFileName));
+  } while (::FindNextFileW(search, &entry) != 0);
+  const DWORD error = ::GetLastError();
   ::FindClose(search);
   if (error != ERROR_NO_MORE_FILES) Fail(folder, error);
-  return found;
+  return names;
 }
 
 std::string HostDisk::Read(const std::string& path) {
@@ -141,7 +145,7 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
   doubtful_.erase(place);
 }
 
-void HostDisk::Append(const std::string& path, const std::string& text) {
+void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
   const fs::path place = drives_.HostPath(path);
   RefuseFolder(path, place);
   RefuseReadOnly(path, place);
@@ -157,13 +161,27 @@ void HostDisk::Append(const std::string& path, const std::string& text) {
   // After the last byte was read the file stands at its end.
   DWORD error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = flushes_ ? Flush(file) : 0;
+    error = flush ? kelp::Flush(file) : 0;
+    if (error == 0 && flush) unflushed_.erase(path);
+    if (error == 0 && !flush && flushes_) unflushed_[path] = false;
     if (error == 0) return;
     doubtful_.insert(place);
   }
   // No half line stays, and a line that is told as lost is not there twice when it is written again.
   if (!TakeBack(file, size))
     throw FileError(path, Reason(error) + " (a part of the line may be in the file)");
+  Fail(path, error);
+}
+
+void HostDisk::Flush(const std::string& path) {
+  if (unflushed_.erase(path) == 0) return;
+  const fs::path place = drives_.HostPath(path);
+  const Handle file(
+      ::CreateFileW(LongPath(place).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file.IsOpen() && ::GetLastError() == ERROR_FILE_NOT_FOUND) return;
+  const DWORD error = file.IsOpen() ? kelp::Flush(file) : ::GetLastError();
+  if (error == 0) return;
+  doubtful_.insert(place);
   Fail(path, error);
 }
 
@@ -176,6 +194,16 @@ void HostDisk::Keep(const std::string& path, const std::string& newPath) {
   if (::CreateHardLinkW(LongPath(newPlace).c_str(), LongPath(place).c_str(), nullptr) != 0) return;
   // A memory stick knows no second names: a copy serves as well.
   WriteBeside(newPath, newPlace, Read(path), false);
+}
+
+void HostDisk::Move(const std::string& path, const std::string& newPath) {
+  const fs::path place = drives_.HostPath(path);
+  const fs::path newPlace = drives_.HostPath(newPath);
+  if (!Exists(path)) throw FileError(path, "does not exist");
+  if (Exists(newPath)) throw FileError(newPath, "exists already; choose another name");
+  if (::MoveFileExW(LongPath(place).c_str(), LongPath(newPlace).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+    Fail(newPath, ::GetLastError());
+  doubtful_.erase(place);
 }
 
 void HostDisk::Remove(const std::string& path) {

@@ -119,7 +119,7 @@ answer OK
 key frmAcquire F6
 END
 divided() {  # STATUS STDERR-BEGINNING SCRIPT behind the division
-  rm -rf drives/drive_[dq]
+  rm -rf drives/drive_[dq] drives/drive_c/kelp/record.db*
   script=$(printf 'include scripts/divide.ks\n%b' "$3")
   got=$(printf '%s' "$script" | "$console" "${in[@]}" 2>&1 >out.txt)
   check "status and message of a division, then: $3" "$1 $2" "$? ${got:0:${#2}}"
@@ -130,4 +130,11 @@ divided 4 'scripts/divide.ks:9: a run-time error was reported' 'click frmAcquire
 divided 4 'scripts/divide.ks:9: a run-time error was reported' 'expect error Overflow'
 divided 0 '' 'expect box Recalculate all values? Y/N\nexpect error Division by zero\nanswer No\nkey frmAcquire F6'
 divided 1 '-:4: the last command reported no' 'expect error Division by zero\nrun 1\nexpect error Division by zero'
+
+# The record of the station above, and of none.
+got=$("$console" --drives drives --record | sed 1d)
+check 'the stations of the record' 'yes' "$(case $got in *' saved '*|*' opened '*) echo yes ;; esac)"
+got=$("$console" --drives drives --record 4711 2>&1)
+check 'a station that the record does not hold' "1 holds no station" \
+  "$(grep -c . <<<"$got") $(grep -o 'holds no station' <<<"$got")"
 exit $((failures > 0))

@@ -7,6 +7,11 @@ console=$1 fluorometer=$2 folder=$3 device=${4:-$3/port}
 rm -rf "$folder"
 mkdir -p "$folder"
 mkfifo "$folder/commands" "$folder/script" "$folder/shown"
+# A file of the link's name is somebody's: it stays, and is named.
+echo mine >"$folder/file"
+refused=$("$fluorometer" --link "$folder/file" 2>&1 </dev/null)
+[ "$?/$(cat "$folder/file")" = 1/mine ] && [[ $refused == *"a file or folder of that name is there"* ]] ||
+  { echo "--link: $refused"; exit 1; }
 "$fluorometer" --rate 100 --link "$folder/port" <"$folder/commands" >"$folder/paths" &
 instrument_pid=$!
 "$console" --quick --drives "$folder/drives" --port 1="$device" --instrument device \

