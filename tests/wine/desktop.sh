@@ -34,7 +34,7 @@ for script in "$here"/tests/scripts/{two_stations,by_hand,questions}.ks; do
     >"$folder/$name.out" 2>&1 || { cat "$folder/$name.out"; fail "$name failed"; }
   "$linux/desktop/kelp" --script "$script" --quick --drives "$folder/$name.linux" --clock 2026-11-24T03:00:00 \
     >"$folder/$name.linux.out"
-  diff -r -x kelp.lck -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
+  diff -r -x '*.lck' -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
 done
 "$wine" "$place/kelp.exe" --version | grep -q '^kelp [0-9]' || fail 'kelp.exe --version says nothing'
 say "kelp.exe --script: $(find "$folder"/*.ks.windows -type f ! -name 'record*' | wc -l) files are those of Linux byte for byte"
@@ -44,28 +44,48 @@ say "kelp.exe --script: $(find "$folder"/*.ks.windows -type f ! -name 'record*' 
   <<<"include $here/tests/scripts/lib/open.ks" >"$folder/bench.out"
 "$wine" "$place/kelp.exe" --simulate --drives "$folder/bench" >"$folder/kelp.out" 2>&1 &
 kelp=$!
-window() {  # title
-  for _ in $(seq 100); do
-    xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return
-    sleep 0.2
+there() { xdotool search --onlyvisible --name "$1" >"$folder/found" 2>&1 && cp "$folder/found" "$folder/shown"; }
+# Clicks, or presses a key, in a window until another comes up, or with "!" until it is gone.
+press() {  # click X Y of the window found last, or key; title
+  for _ in $(seq 30); do
+    if [ "${2#!}" = "$2" ]; then there "$2" && return; else there "${2#!}" || return 0; fi
+    # shellcheck disable=SC2086
+    case $1 in
+    click*) xdotool mousemove --window "$(head -1 "$folder/shown")" ${1#click} click 1 ;;
+    ?*) xdotool key "$1" ;;
+    esac
+    sleep 1
   done
-  import -window root "$folder/missing.png"
-  fail "no window \"$1\"; see $folder/missing.png"
+  import -window root "$folder/stuck.png"
+  fail "no window \"$2\"; see $folder/stuck.png"
 }
-main=$(window 'Kelp|Fluorescence')
+press '' KElp
 sleep 1
 import -window root "$folder/main.png"
-if cp "$place/kelp.exe" "$folder/copy.exe" && "$wine" "$setup" /S /CurrentUser; then
-  fail 'it was upgraded while it ran'
-fi
-xdotool windowactivate --sync "$main" key alt+r 2>/dev/null || true
-sleep 2
-xdotool key Return
+if "$wine" "$setup" /S /CurrentUser; then fail 'it was upgraded while it ran'; fi
+press 'click 130 40' '^Login'
+press Return '!^Login'
 sleep 3
 import -window root "$folder/acquire.png"
 kill $kelp 2>/dev/null || true
 wait $kelp 2>/dev/null || true
 say "pictures of the main and the acquisition window: $folder/main.png, $folder/acquire.png"
+
+# Start to first picture, the best of five, as xdotool sees it.
+picture() {  # program and arguments
+  local best=999999 start took
+  for _ in 1 2 3 4 5; do
+    start=$(date +%s%3N)
+    "$@" --simulate --drives "$folder/bench" >"$folder/kelp.out" 2>&1 &
+    xdotool search --sync --onlyvisible --name KElp >"$folder/found"
+    took=$(($(date +%s%3N) - start))
+    [ "$took" -lt "$best" ] && best=$took
+    kill $! 2>/dev/null || true
+    wait $! 2>/dev/null || true
+  done
+  echo "$best"
+}
+say "start to first picture: Linux $(picture "$linux/desktop/kelp") ms, Wine $(picture "$wine" "$place/kelp.exe") ms"
 
 # Upgraded in place, then removed: what is not the installer's stays.
 echo mine >"$place/mine.txt"

@@ -39,9 +39,9 @@ play() {  # script, instrument, configuration
     sed -i 's/\r$//' "$folder/$name.$machine.out"
   done
   diff "$folder/$name.linux.out" "$folder/$name.windows.out"
-  # The record holds the machine's name and random numbers.
-  diff -r -x kelp.lck -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
-  count=$((count + $(find "$folder/$name.windows" -type f ! -name kelp.lck ! -name 'record*' | wc -l)))
+  # The record and the locks hold the machine's name and numbers of the process.
+  diff -r -x '*.lck' -x 'record*' "$folder/$name.linux" "$folder/$name.windows"
+  count=$((count + $(find "$folder/$name.windows" -type f ! -name '*.lck' ! -name 'record*' | wc -l)))
 }
 for script in "$here"/tests/scripts/*.ks; do
   case $script in *.sim.ks) play "$script" sim:7 '' ;; *) play "$script" script '' ;; esac
@@ -62,7 +62,7 @@ for machine in linux windows; do
     </dev/null >"$folder/odd.$machine.out"
 done
 "$wine" reg add 'HKCU\Control Panel\International' /v sDecimal /d . /f >"$folder/reg.out" </dev/null
-diff -r -x kelp.lck -x 'record*' "$odd/linux" "$odd/windows"
+diff -r -x '*.lck' -x 'record*' "$odd/linux" "$odd/windows"
 longest=$(find "$odd/windows" -type f -printf '%p\n' | awk '{ if (length > n) n = length } END { print n }')
 [ "$longest" -gt 260 ]
 say "paths of $longest characters with blanks and umlauts, decimal comma, time zone: as on Linux"
