@@ -76,8 +76,14 @@ say "a station over COM10 with a hang-up: all values as the instrument was told"
 
 # The other way round: the instrument of Windows on standard output, and on a port heard here.
 "$wine" "$windows/console/kelp-fluorometer.exe" --rate 50 < <(sleep 2; echo quit) >"$folder/spoken"
-[ "$(grep -c '(RAW)' "$folder/spoken")" -gt 10 ]
-say "kelp-fluorometer.exe: $(grep -c '(RAW)' "$folder/spoken") lines on standard output"
+socat -u PTY,link="$folder/there",raw,echo=0 CREATE:"$folder/heard" &
+cable=$!
+until [ -e "$folder/there" ]; do sleep 0.1; done
+"$here/tests/wine/port" COM11 "$folder/there"
+"$wine" "$windows/console/kelp-fluorometer.exe" --rate 50 --port COM11 < <(sleep 2; echo quit)
+kill $cable
+for file in spoken heard; do [ "$(grep -c '(RAW)' "$folder/$file")" -gt 10 ]; done
+say "kelp-fluorometer.exe: its lines on standard output and on COM11"
 
 # Killed while the operator waits: what was accepted is there when it starts again.
 mkfifo "$folder/keyboard"
