@@ -6,7 +6,9 @@
 #include <chrono>
 #include <cstdlib>
 
+#include "platform/path_text.hpp"
 #include "platform/windows/handle.hpp"
+#include "platform/windows/long_path.hpp"
 
 namespace kelp {
 
@@ -29,21 +31,23 @@ std::string HostMachineName() {
   wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
   DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
   if (::GetComputerNameW(name, &size) == 0) return "unknown";
-  const std::u8string text = std::filesystem::path(name).u8string();
-  return {text.begin(), text.end()};
+  return TextOf(name);
 }
 
 std::string HostUserName() {
   const wchar_t* name = ::_wgetenv(L"USERNAME");
   if (name == nullptr) return "unknown";
-  const std::u8string text = std::filesystem::path(name).u8string();
-  return {text.begin(), text.end()};
+  return TextOf(name);
 }
 
 void MakeHostFolder(const std::filesystem::path& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) Fail(folder.string(), static_cast<DWORD>(error.value()));
+  if (folder.empty() || folder == folder.root_path()) return;
+  const DWORD attributes = ::GetFileAttributesW(LongPath(std::filesystem::absolute(folder)).c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+  MakeHostFolder(folder.parent_path());
+  if (::CreateDirectoryW(LongPath(std::filesystem::absolute(folder)).c_str(), nullptr) == 0 &&
+      ::GetLastError() != ERROR_ALREADY_EXISTS)
+    Fail(TextOf(folder), ::GetLastError());
 }
 
 std::string HostPortDevice(int number) { return "COM" + std::to_string(number); }

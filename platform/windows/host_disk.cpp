@@ -2,6 +2,7 @@
 
 #include "platform/error.hpp"
 #include "platform/host_disk.hpp"
+#include "platform/path_text.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/long_path.hpp"
 
@@ -109,10 +110,9 @@ std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
   const HANDLE search = ::FindFirstFileW((LongPath(drives_.HostPath(folder)) + L"\\*").c_str(), &entry);
   if (search == INVALID_HANDLE_VALUE) Fail(folder, ::GetLastError());
   do {
-    const std::wstring_view name = entry.cFileName;
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || name.find(kTemporaryMark) != name.npos) continue;
-    const std::u8string text = fs::path(name).u8string();
-    names.emplace_back(text.begin(), text.end());
+    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+        std::wstring_view(entry.cFileName).find(kTemporaryMark) == std::wstring_view::npos)
+      names.push_back(TextOf(entry.cFileName));
   } while (::FindNextFileW(search, &entry) != 0);
   const DWORD error = ::GetLastError();
   ::FindClose(search);
@@ -177,7 +177,7 @@ void HostDisk::Flush(const std::string& path) {
   if (unflushed_.erase(path) == 0) return;
   const fs::path place = drives_.HostPath(path);
   const Handle file(
-      ::CreateFileW(place.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+      ::CreateFileW(LongPath(place).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!file.IsOpen() && ::GetLastError() == ERROR_FILE_NOT_FOUND) return;
   const DWORD error = file.IsOpen() ? kelp::Flush(file) : ::GetLastError();
   if (error == 0) return;
@@ -201,7 +201,7 @@ void HostDisk::Move(const std::string& path, const std::string& newPath) {
   const fs::path newPlace = drives_.HostPath(newPath);
   if (!Exists(path)) throw FileError(path, "does not exist");
   if (Exists(newPath)) throw FileError(newPath, "exists already; choose another name");
-  if (::MoveFileExW(place.c_str(), newPlace.c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+  if (::MoveFileExW(LongPath(place).c_str(), LongPath(newPlace).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
     Fail(newPath, ::GetLastError());
   doubtful_.erase(place);
 }
