@@ -27,6 +27,7 @@ class DeviceMachine : public ScriptedPlatform {
   bool PortIsOpen() override { return line_.IsOpen(); }
   std::size_t BytesWaiting() override { return line_.BytesWaiting(); }
   std::string ReadWaiting() override { return line_.ReadAll(); }
+  bool TimeIsOwn() override { return false; }
   std::int64_t Milliseconds() override { return HostMilliseconds() - started_; }
 
  private:

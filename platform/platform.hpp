@@ -82,6 +82,8 @@ class Platform {
   virtual std::string UserName() = 0;
 
   virtual LocalTime Now() = 0;
+  /// True when time passes only as a script lets it: two plays of the script are then alike in everything.
+  virtual bool TimeIsOwn() { return false; }
   /// A clock that never goes back, in milliseconds.
   virtual std::int64_t Milliseconds() = 0;
 };

@@ -75,6 +75,7 @@ class ScriptedPlatform : public Platform {
   void ScreenRaised(const std::string& /*screen*/) override {}
   std::string MachineName() override { return Machine; }
   std::string UserName() override { return User; }
+  bool TimeIsOwn() override { return true; }
   LocalTime Now() override { return start_ + std::chrono::seconds(Milliseconds() / 1000); }
   std::int64_t Milliseconds() override { return milliseconds_; }
 

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <random>
 #include <set>
 #include <string>
 #include <vector>
@@ -39,15 +38,12 @@ class RecordBook {
   bool SavedNow = false;                     ///< the rest of this event belongs to the save
   std::int64_t EventStep = 0;                ///< the step of this event, when a part of it is written already
 
-  /// A number that no other event on any machine has.
-  std::int64_t NewUid() { return ++lastUid_; }
-
- private:
-  std::int64_t lastUid_ = [] {
-    std::random_device random;
-    return static_cast<std::int64_t>((std::uint64_t{random()} << 31U) ^ random()) & 0x3FFFFFFFFFFFFFFF;
-  }();
+  std::int64_t LastUid = 0;  ///< the number that the newest event of this run of the program got
 };
+
+/// A number that no other event on any machine has. A script with its own time numbers alike each time it is
+/// played on the same files, so that it gives the same files.
+std::int64_t NewUid(Kelp& kelp);
 
 /// The book of this program; made when it is asked for first.
 RecordBook& BookOf(Kelp& kelp);

@@ -106,7 +106,7 @@ bool AskToGoOn(Kelp& kelp, const RunSoFar& run) {
 
 void PutAside(Kelp& kelp, const RunSoFar& run) {
   RecordedEvent event = run.Begun;
-  event.Uid = event.Step = BookOf(kelp).NewUid();
+  event.Uid = event.Step = NewUid(kelp);
   event.Kind = kAside;
   event.At = RecordTime(kelp.platform.Now());
   event.How = event.Mark = event.Rows = "";

@@ -1,6 +1,7 @@
 // Writing what waits: the record, and while that can't be written a spare beside the temporary copy.
 #include <cstdint>
 #include <cstdio>
+#include <random>
 
 #include "core/date_time.hpp"
 #include "core/text.hpp"
@@ -112,6 +113,21 @@ void TellTrouble(Kelp& kelp, const std::string& reason) {
   SetWarning(kelp, "READINGS ARE NOT SAFE ON THE DISK: " + kelp.record.Trouble + ". ");
 }
 
+// Where the numbers of this run of the program begin.
+std::int64_t FirstUid(Kelp& kelp) {
+  constexpr std::uint64_t kMask = 0x3FFFFFFFFFFFFFFF;
+  std::uint64_t number = 0;
+  if (kelp.platform.TimeIsOwn() && BookOf(kelp).Main) {
+    number = 14695981039346656037ULL;  // FNV-1a
+    for (const char c : kelp.platform.MachineName() + RecordTime(kelp.platform.Now()))
+      number = (number ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
+  } else {
+    std::random_device random;
+    number = (std::uint64_t{random()} << 31U) ^ random();
+  }
+  return static_cast<std::int64_t>(number & kMask);
+}
+
 // Nothing is asked, and the values come first.
 void TellNotice(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
@@ -123,6 +139,18 @@ void TellNotice(Kelp& kelp) {
 }
 
 }  // namespace
+
+std::int64_t NewUid(Kelp& kelp) {
+  RecordBook& book = BookOf(kelp);
+  if (book.LastUid == 0) book.LastUid = FirstUid(kelp);
+  ++book.LastUid;
+  try {
+    while (book.Main && book.Main->Has(book.LastUid)) ++book.LastUid;
+  } catch (const FileError&) {
+    // A database that fails is dealt with when the event is written.
+  }
+  return book.LastUid;
+}
 
 RecordBook& BookOf(Kelp& kelp) {
   if (!kelp.record.Book) kelp.record.Book = std::make_shared<RecordBook>();
@@ -152,7 +180,7 @@ RecordedEvent NewEvent(Kelp& kelp, const std::string& kind, How how) {
   RecordBook& book = BookOf(kelp);
   const RunState& run = kelp.run;
   RecordedEvent event;
-  event.Uid = book.NewUid();
+  event.Uid = NewUid(kelp);
   event.Run = book.Run;
   event.Step = event.Uid;
   event.Kind = kind;

@@ -28,7 +28,11 @@ class Connection {
   Connection(std::string path, const std::filesystem::path& place, bool readOnly);
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
-  ~Connection() { sqlite3_close(handle_); }
+  /// The emptied journal that stayed for the next value goes: a program that has ended leaves one file.
+  ~Connection() {
+    sqlite3_exec(handle_, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
+    sqlite3_close(handle_);
+  }
 
   void Run(const char* sql);
   [[nodiscard]] std::int64_t Number(const char* sql);

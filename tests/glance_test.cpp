@@ -35,7 +35,7 @@ struct Glancing : testing::Test {
 
 TEST_F(Glancing, TellsAStationFromTwoMetresAway) {
   desk.OpenStation(2);
-  EXPECT_EQ(Seen(), "Begin Blank |  | START | ");
+  EXPECT_EQ(Seen(), "Start |  | START | ");
   Press();
   EXPECT_EQ(Seen(), "Begin Blank |  | LOAD | ");
   Press();
@@ -240,7 +240,7 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   desk.Type("dlgRunRem", "Text1", -1, "cloudy");
   Post(desk.kelp, {.Kind = EventKind::Focus, .Place = {"dlgRunRem", "Text1"}});
   desk.Key("dlgRunRem", kKeyEnter);
-  EXPECT_EQ(desk.kelp.Status, "Reader's remark of sample 1, bottle 07: cloudy");
+  EXPECT_EQ(desk.kelp.Status, "ReadCom of sample 1, bottle 07: b, c -> cloudy (remark). Ctrl+Z takes it back.");
   const std::string before = desk.caption();
   for (const char* screen :
        {"dlgRunRem", "frmChangeStep", "frmRecalc", "frmWhatsNext", "frmEditCFG", "frmCreateBase"}) {
