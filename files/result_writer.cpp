@@ -77,9 +77,13 @@ void NormaliseCtdTime(Kelp& kelp) {
 
 // When a station was read goes on while its log does: that alone makes no new results.
 std::string MarkOfRows(const Kelp& kelp) {
-  const DateAndTime read = ReadAt(kelp.run);
-  return MarkOf(Replaced(DatabaseRows(kelp, kCruiseCsvHeader) + DatabaseRows(kelp, kStationCsvHeader),
-                         read.Date + "," + read.Time, ","));
+  std::string rows;
+  for (const std::string_view header : {kCruiseCsvHeader, kStationCsvHeader}) {
+    std::string columns(header);
+    for (const char* when : {"ReadDate,", "ReadTime,", "HoursToRun,"}) columns = Replaced(columns, when, "");
+    rows += DatabaseRows(kelp, columns);
+  }
+  return MarkOf(rows);
 }
 
 // Rows can't be taken back from the database files, so that the same ones are not appended twice.
@@ -109,6 +113,8 @@ std::optional<RunTimeError> WriteStation(Kelp& kelp) {
   Disk& disk = kelp.platform.disk();
   const LocalTime now = kelp.platform.Now();
   run.ReportStr = ShortDate(now) + " " + LongTime(now);
+  // Values that were all typed have no time of a reading: the first save dates them, for good.
+  if (run.RunDate.empty()) run.RunDate = Replaced(run.ReportStr, " ", ",");
   run.ResultsSaved = false;
   TakeGrid(kelp);
   const std::string table = Joined(TableLines(kelp));

@@ -20,7 +20,7 @@ std::string CellText(const Kelp& kelp, int row, int col) {
 }
 
 DateAndTime ReadAt(const RunState& run) {
-  return SplitDateTime(run.RunDate.empty() ? run.ReportStr : Replaced(run.RunDate, ",", " "));
+  return SplitDateTime(Replaced(run.RunDate, ",", " "));
 }
 
 }  // namespace kelp

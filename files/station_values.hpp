@@ -19,7 +19,8 @@ std::string BoxText(const Kelp& kelp, int box);
 /// A cell of the grid, for a file: an Rb or Ra that was not read is "-99.000".
 std::string CellText(const Kelp& kelp, int row, int col);
 
-/// When the station was read: date and time of its last log record, else of the report.
+/// When the station was read: date and time of its last log record, or for values that were all typed of
+/// its first save.
 DateAndTime ReadAt(const RunState& run);
 
 }  // namespace kelp

@@ -90,6 +90,12 @@ TEST(Record, Finding15StandardsAndRemarksAreReportedAndASecondSaveAppendsNoRow) 
   EXPECT_TRUE(program.file("chl002").ends_with(footer)) << program.file("chl002");
   EXPECT_TRUE(program.file("chl002.prn").ends_with(footer));
   const std::string rows = program.file("0707SLChldb.csv");
+  // Typed values keep the time of their first save.
+  const std::string dated = "Read: 11/24/2026 02:59:58";
+  EXPECT_TRUE(Contains(program.file("chl002"), dated));
+  program.platform.Advance(600'000);
+  program.Save();
+  EXPECT_TRUE(Contains(program.file("chl002"), dated));
   program.run().RunDate = "11/24/2026,03:10:00";
   program.Save();
   EXPECT_TRUE(Contains(program.form().StatusBar1.Text, "no rows were added"))
