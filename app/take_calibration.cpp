@@ -4,6 +4,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "platform/error.hpp"
+#include "record/record.hpp"
 
 namespace kelp {
 
@@ -26,8 +27,10 @@ void WriteLine(Kelp& kelp, CfgLine line, const std::string& value) {
   RewriteField(Line(kelp, line), Padded(value, kFieldWidth, "R", "S"));
 }
 
-// The record's entry: what changed, and from which station. The status bar tells it too.
-void EnterCalibration(Kelp& kelp, const std::string& entry) { SetStatus(kelp, entry); }
+// What a configuration line held, and holds.
+RecordedValue Change(const Kelp& kelp, CfgLine line, const char* name, const std::string& before) {
+  return {"CfgLines(" + std::to_string(int{line}) + ")", name, before, CfgValue(kelp.run, line)};
+}
 
 }  // namespace
 
@@ -44,6 +47,8 @@ bool TakeCalibration(Kelp& kelp, const NewCalibration& calibration) {
            .DefaultNo = true}))
     return false;
   const auto before = kelp.run.CfgLines;
+  const std::string f = CfgValue(kelp.run, kCfgMachineFactor);
+  const std::string tau = CfgValue(kelp.run, kCfgAcidRatio);
   try {
     WriteLine(kelp, kCfgMachineFactor, Fixed(calibration.F, 6));
     if (calibration.Tau) WriteLine(kelp, kCfgAcidRatio, Fixed(*calibration.Tau, 4));
@@ -53,7 +58,10 @@ bool TakeCalibration(Kelp& kelp, const NewCalibration& calibration) {
     ReportError(kelp, error);
     return false;
   }
-  EnterCalibration(kelp, "Calibration of station " + calibration.Station + ": " + changes);
+  SetStatus(kelp, "Calibration of station " + calibration.Station + ": " + changes);
+  std::vector<RecordedValue> values = {Change(kelp, kCfgMachineFactor, "F", f)};
+  if (calibration.Tau) values.push_back(Change(kelp, kCfgAcidRatio, "tau", tau));
+  RecordConfigChange(kelp, "calibration of station " + calibration.Station, values);
   return true;
 }
 

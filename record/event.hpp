@@ -25,6 +25,7 @@ inline constexpr const char* kUndo = "undo";
 inline constexpr const char* kRestore = "restore";  ///< a run goes on after a crash
 inline constexpr const char* kSaved = "saved";      ///< the station's files are written
 inline constexpr const char* kAside = "aside";      ///< the operator did not want to go on with it
+inline constexpr const char* kConfig = "config";    ///< the configuration took over values; no station's
 
 struct RecordedEvent {
   std::int64_t Uid = 0;

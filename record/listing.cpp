@@ -16,18 +16,6 @@ std::string StateOf(const RunSoFar& run, const std::string& lastKind) {
   return lastKind == kSaved ? "saved" : "opened";
 }
 
-std::vector<std::string> Stations(Database& record) {
-  std::vector<std::string> lines = {Cell("Station", 8) + Cell("Line.Sta", 12) + Cell("Begun", 19) +
-                                    Cell("Last", 19) + Cell("By", 4) + Cell("State", 24) + "Base file"};
-  for (const Database::Run& run : record.Runs("")) {
-    const RunSoFar so = FoldRun(record.EventsOf(run.Begun.Uid));
-    lines.push_back(Cell(run.Begun.Number, 8) + Cell(so.Name, 12) + Cell(ShownTime(run.Begun.At), 19) +
-                    Cell(ShownTime(run.Last.At), 19) + Cell(run.Last.Analyst, 4) +
-                    Cell(StateOf(so, run.Last.Kind), 24) + run.Begun.Station);
-  }
-  return lines;
-}
-
 std::string WhatHappened(const RecordedEvent& event) {
   if (event.Kind == kSaved) return "saved";
   if (event.Kind == kAside) return "set aside";
@@ -50,6 +38,21 @@ void AddHistory(std::vector<std::string>& lines, const RecordedEvent& event) {
     lines.push_back(who + value.What + ": " + (value.Before.empty() ? "empty" : value.Before) + " -> " +
                     (value.After.empty() ? "empty" : value.After) + " (" + event.How + sd + ")");
   }
+}
+
+std::vector<std::string> Stations(Database& record) {
+  std::vector<std::string> lines = {Cell("Station", 8) + Cell("Line.Sta", 12) + Cell("Begun", 19) +
+                                    Cell("Last", 19) + Cell("By", 4) + Cell("State", 24) + "Base file"};
+  for (const Database::Run& run : record.Runs("")) {
+    const RunSoFar so = FoldRun(record.EventsOf(run.Begun.Uid));
+    lines.push_back(Cell(run.Begun.Number, 8) + Cell(so.Name, 12) + Cell(ShownTime(run.Begun.At), 19) +
+                    Cell(ShownTime(run.Last.At), 19) + Cell(run.Last.Analyst, 4) +
+                    Cell(StateOf(so, run.Last.Kind), 24) + run.Begun.Station);
+  }
+  const std::vector<RecordedEvent> config = record.EventsOf(0);
+  if (!config.empty()) lines.emplace_back("Changes of the configuration");
+  for (const RecordedEvent& event : config) AddHistory(lines, event);
+  return lines;
 }
 
 bool IsStation(const RecordedEvent& begun, const std::string& station) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/kelp.hpp"
+#include "record/event.hpp"
 
 namespace kelp {
 
@@ -35,6 +36,10 @@ bool OfferRestore(Kelp& kelp);
 
 /// The station's files are written. `rows` marks what its database rows hold.
 void RecordSaved(Kelp& kelp, const std::string& rows);
+
+/// The configuration took over values, by `how`: an event of no station, with the run 0. `values` holds for
+/// each its line, its name, and what it was before and after.
+void RecordConfigChange(Kelp& kelp, const std::string& how, std::vector<RecordedValue> values);
 
 /// A mark of a text by which a changed one is told.
 std::string MarkOf(const std::string& text);

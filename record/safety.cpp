@@ -200,6 +200,17 @@ void Add(Kelp& kelp, RecordedEvent event) {
   WriteRecord(kelp);
 }
 
+void RecordConfigChange(Kelp& kelp, const std::string& how, std::vector<RecordedValue> values) {
+  RecordedEvent event = NewEvent(kelp, kConfig, How::Loaded);
+  // A station that is open goes on with what it was begun with.
+  event.Run = 0;
+  for (std::string* text : {&event.Station, &event.Number, &event.Name}) text->clear();
+  if (event.Analyst.empty()) event.Analyst = Trim(kelp.run.LoginInitials);
+  event.How = how;
+  event.Values = std::move(values);
+  Add(kelp, std::move(event));
+}
+
 Database& OpenRecord(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
   Disk& disk = kelp.platform.disk();

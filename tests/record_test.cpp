@@ -2,6 +2,7 @@
 // database. Named after the ways in which the first version lost readings.
 #include <gtest/gtest.h>
 
+#include "app/take_calibration.hpp"
 #include "record/old_journal.hpp"
 #include "tests/support/interrupted_station.hpp"
 
@@ -100,6 +101,24 @@ TEST(Record, UndoGoesBackStepByStepToTheLoadAlsoAfterACrash) {
   Program third;
   GoOn(third, again.disk, {});
   EXPECT_TRUE(third.platform.Boxes.empty()) << third.LastBox();
+}
+
+TEST(Record, ACalibrationThatIsTakenOverIsInTheRecordWithWhatItReplaced) {
+  Program program;
+  program.OpenStation(2);
+  program.Answers({Answer::No, Answer::Yes});
+  for (const bool taken : {false, true})
+    ASSERT_EQ(TakeCalibration(program.kelp, {"990 (cal)", 0.1052, 0.0003, 2.01, 0.01}), taken);
+  const std::vector<std::string> list = ListRecord(program.disk, "");
+  ASSERT_EQ(list.size(), 5U) << "the station, a heading and one line for each value";
+  EXPECT_EQ(list[2], "Changes of the configuration");
+  EXPECT_TRUE(StartsWith(list[3], "11/24/2026 03:00:00  TQB  ")) << list[3];
+  EXPECT_TRUE(list[3].ends_with("F: 0.00987 -> 0.105200 (calibration of station 990 (cal))")) << list[3];
+  EXPECT_TRUE(list[4].ends_with("tau: 2.011 -> 2.0100 (calibration of station 990 (cal))")) << list[4];
+  for (const std::string& line : ListRecord(program.disk, "002")) EXPECT_FALSE(Contains(line, "0.1052"));
+  // It neither is a station's value nor hides one.
+  TakeByHand(program, 0.005);
+  EXPECT_FALSE(Unsafe(program));
 }
 
 TEST(Record, Finding01ACutOffSectionOfAnOldJournalDoesNotHideTheWholeOneAndItIsTakenOverOnce) {
