@@ -1,50 +1,57 @@
 #include "app/undo.hpp"
 
-#include "acquire/averaging.hpp"
-#include "core/text.hpp"
+#include "core/start_button.hpp"
 #include "record/record.hpp"
+#include "workflow/run_controls.hpp"
 
 namespace kelp {
 
 namespace {
 
+std::string LoadCaption(const RunState& run, Item item) {
+  switch (item) {
+    case Item::LowStandard: return "Load Low Standard";
+    case Item::HighStandard: return "Load High Standard";
+    case Item::Copro1: return "Load Copro " + run.CoproLowStd;
+    case Item::Copro2: return "Load Copro " + run.CoproHighStd;
+    default: return "Load Blank";
+  }
+}
+
 // The readings of the item are gone: what was ready to be saved is to be read anew, and nothing is read
 // before the operator has put the item back.
 void ReadAgain(Kelp& kelp) {
-  std::string& caption = kelp.frmAcquire.Command1.Caption;
-  if (caption == "Save Rb" || caption == "Reading Rb" || caption == "Reading Station Sample")
-    caption = "Load Station Sample";
-  else if (caption == "Save Ra" || caption == "Acidified" || caption == "Reading Ra")
-    caption = "Acidify";
-  else if (Contains(caption, "Blank"))
-    caption = "Load Blank";
-  else if (StartsWith(caption, "Save ") || StartsWith(caption, "Reading "))
-    caption =
-        (Contains(caption, "Standard") ? "Load " : "Load Copro ") + caption.substr(caption.find(' ') + 1);
-  kelp.run.ReadFlag = caption == "Acidify";
-  kelp.run.RaAccepted = false;
-  kelp.run.TraceColor = kTraceMagenta;
-  kelp.run.Resume = ResumeAt::Nothing;
+  RunState& run = kelp.run;
+  const CaptionRow row = ButtonRow(kelp);
+  const bool second = row.What == Item::Copro2;
+  run.ReadFlag = run.ReadInProgress = run.RaAccepted = run.Loaded = false;
+  // A value that the operator went back to replace is asked for again.
+  run.ReplaceSample = 0;
+  run.Resume = ResumeAt::Nothing;
   kelp.loop.Running = false;
-  ClearRawReads(kelp.run);
-  kelp.run.ReadCount = 0;
+  ClearRawReads(run);
   HideScreen(kelp, "frmWhatsNext");
-  kelp.frmAcquire.Text4.Text = "Taken back. Load that item again, then press <spacebar> or click [" +
-                               Replaced(caption, "&", "") + "].";
+  if (row.What == Item::Ra || (row.What == Item::Rb && row.Does != Phase::Load)) {
+    PromptSample(kelp, row.What == Item::Ra);
+    return;
+  }
+  const bool reads = row.Does == Phase::Read || row.Does == Phase::Save;
+  SetButton(kelp, {.Caption = reads ? LoadCaption(run, row.What) : kelp.frmAcquire.Command1.Caption,
+                   .Trace = row.Does == Phase::Next ? kTraceRed : kTraceMagenta,
+                   .SecondCopro = second});
 }
 
 }  // namespace
 
 void cmdUndo_Click(Kelp& kelp) {
-  const std::string caption = kelp.frmAcquire.Command1.Caption;
-  const std::string what = UndoLast(kelp);
-  if (what.empty()) {
+  const Undone undone = UndoLast(kelp);
+  if (undone.What.empty()) {
     SetStatus(kelp, "Nothing to take back.");
     return;
   }
-  if (kelp.frmAcquire.Command1.Caption != caption) ReadAgain(kelp);
+  if (undone.MovesRun) ReadAgain(kelp);
   kelp.Focus = {"frmAcquire", "Command1"};
-  SetStatus(kelp, "Taken back: " + what + ".");
+  SetStatus(kelp, "Taken back: " + undone.What + ".");
 }
 
 }  // namespace kelp

@@ -58,6 +58,9 @@ void Add(Kelp& kelp, RecordedEvent event);
 /// RecordError or FileError.
 Database& OpenRecord(Kelp& kelp);
 
+/// Cells were put back: the Rb that an Ra is compared with, and where a restored run goes on, follow them.
+void FollowCells(Kelp& kelp);
+
 /// Where the spare lies: beside the temporary copies, one for each machine.
 std::vector<std::string> SparePaths(Kelp& kelp);
 

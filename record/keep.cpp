@@ -252,7 +252,7 @@ bool CanUndo(const Kelp& kelp) {
   return kelp.record.Book != nullptr && !kelp.record.Book->Steps.empty() && !kelp.run.PrnFile.empty();
 }
 
-std::string UndoLast(Kelp& kelp) {
+Undone UndoLast(Kelp& kelp) {
   if (!CanUndo(kelp)) return {};
   RecordBook& book = BookOf(kelp);
   const std::vector<RecordedEvent> step = book.Steps.back();
@@ -260,14 +260,19 @@ std::string UndoLast(Kelp& kelp) {
   for (auto event = step.rbegin(); event != step.rend(); ++event)
     for (const RecordedValue& value : event->Values)
       if (!value.Moved) before[value.Place] = value.Before;
+  // What only went along with a typed or recalculated value has moved on with the run since.
+  const bool moves = before.contains("Command1") || before.contains("SampNum");
   VisitPlaces(kelp, [&](const Place& place, auto& field) {
+    if (!moves && (place.Weight == Weight::Screen || place.Name == "StepName")) return;
     const auto value = before.find(TextOf(place));
     if (value != before.end()) SetValue(field, value->second);
   });
+  ++kelp.run.Stores;
+  FollowCells(kelp);
   book.Steps.pop_back();
   book.Undoing = step.front().Step;
   kelp.Note = {.Way = How::Undone};
-  return InWords(step);
+  return {InWords(step), moves};
 }
 
 }  // namespace kelp

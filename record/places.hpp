@@ -84,6 +84,7 @@ void VisitPlaces(Program& kelp, Visit&& visit) {
   visit(Place{"RaReading", Weight::Screen}, run.RaReading);
   visit(Place{"ReadFlag", Weight::Screen}, run.ReadFlag);
   visit(Place{"RaAccepted", Weight::Screen}, run.RaAccepted);
+  visit(Place{"SecondCopro", Weight::Screen}, run.SecondCopro);
   visit(Place{"TraceColor", Weight::Screen}, run.TraceColor);
   visit(Place{"Command1", Weight::Screen}, form.Command1.Caption);
   for (int i = 0; i < form.Option1.kCount; ++i) {

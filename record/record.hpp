@@ -47,10 +47,15 @@ std::string MarkOf(const std::string& text);
 /// What the last event that stored something did can be taken back.
 bool CanUndo(const Kelp& kelp);
 
-/// Puts cells, boxes, counters and step back to what they were before the last event that stored something
-/// and was not taken back. Returns what it took back, in words; "" when there was nothing. The next
-/// KeepRecord writes it as an event of its own.
-std::string UndoLast(Kelp& kelp);
+struct Undone {
+  std::string What;       ///< in words; "" when there was nothing to take back
+  bool MovesRun = false;  ///< the event had moved the run on: it stands at the item before again
+};
+
+/// Puts cells and boxes back to what they were before the last event that stored something and was not
+/// taken back, and where that event moved the run on, counters, step and caption too; the caller makes the
+/// rest of the screen follow. The next KeepRecord writes it as an event of its own.
+Undone UndoLast(Kelp& kelp);
 
 /// Asks, when something that was accepted is not in the record, whether to leave all the same. True when
 /// all is safe or the operator says Yes.

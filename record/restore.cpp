@@ -21,19 +21,10 @@ int StepOptionOf(const std::string& step) {
 
 // Where the run goes on: a sample that has its Rb waits for acid, and after the last Ra the chooser. Another
 // sample that has its Ra already is about to be read again.
-void GoOn(Kelp& kelp) {
-  RunState& run = kelp.run;
-  const Grid& grid = kelp.frmAcquire.datalog;
-  const int row = std::clamp<int>(run.SampNum, 1, kMaxSamples);
-  const std::string& rb = grid.Text(row, kColRb);
-  const std::string& ra = grid.Text(row, kColRa);
-  SelectOption(kelp.frmAcquire.Option1, StepOptionOf(run.StepName));
-  run.Resume = ResumeAt::Step;
-  if (StepOptionOf(run.StepName) != kStepSamples) return;
-  if (!ra.empty() && run.SampNum >= run.SampCount) run.Resume = ResumeAt::Chooser;
-  if (rb.empty() || !ra.empty()) return;
-  run.Resume = ResumeAt::Ra;
-  run.RbReading = static_cast<float>(Val(rb));
+ResumeAt PlaceToGoOn(const RunState& run, const std::string& rb, const std::string& ra) {
+  if (StepOptionOf(run.StepName) != kStepSamples) return ResumeAt::Step;
+  if (!rb.empty() && ra.empty()) return ResumeAt::Ra;
+  return !ra.empty() && run.SampNum >= run.SampCount ? ResumeAt::Chooser : ResumeAt::Step;
 }
 
 // The rows that the record knows of. A base file that was created anew since may have more; they stay.
@@ -72,7 +63,9 @@ void PutBack(Kelp& kelp, const Values& values) {
   RunState& run = kelp.run;
   run.SampCount = std::clamp<int>(std::max(count, int{run.SampCount}), 0, kMaxSamples);
   run.SampNum = std::clamp<int>(run.SampNum, 1, kMaxSamples + 1);
-  GoOn(kelp);
+  SelectOption(kelp.frmAcquire.Option1, StepOptionOf(run.StepName));
+  run.Resume = ResumeAt::Step;
+  FollowCells(kelp);
 }
 
 std::string Question(const RunSoFar& run, bool baseIsNewer) {
@@ -153,6 +146,15 @@ void OfferEach(Kelp& kelp) {
 }
 
 }  // namespace
+
+void FollowCells(Kelp& kelp) {
+  RunState& run = kelp.run;
+  const Grid& grid = kelp.frmAcquire.datalog;
+  const int row = std::clamp<int>(run.SampNum, 1, kMaxSamples);
+  const std::string& rb = grid.Text(row, kColRb);
+  run.RbReading = static_cast<float>(Val(rb));
+  if (run.Resume != ResumeAt::Nothing) run.Resume = PlaceToGoOn(run, rb, grid.Text(row, kColRa));
+}
 
 void OfferUnfinished(Kelp& kelp) {
   kelp.record.Chosen.reset();

@@ -109,6 +109,23 @@ void Option1_Click(Kelp& kelp, int index) {
   if (index == kStepSamples) kelp.run.TraceColor = kTraceMagenta;
 }
 
+void PromptSample(Kelp& kelp, bool ra) {
+  RunState& run = kelp.run;
+  const int row = run.SampNum;
+  const std::string sample = "Sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row);
+  run.ReadFlag = ra;
+  SetButton(kelp,
+            {.Caption = ra ? "Acidify" : "Load Station Sample",
+             .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
+                                    "click [Acidify]."
+                                  : ": load it and click [Start] or press <Spacebar>."),
+             .Trace = ra ? kTraceBlue : kTraceMagenta});
+  run.Loaded = false;
+  ClearRawReads(run);
+  // The Ra is to be compared with this sample's Rb, not with that of the sample left.
+  if (ra) run.RbReading = static_cast<float>(Val(kelp.frmAcquire.datalog.Text(row, kColRb)));
+}
+
 void datalog_DblClick(Kelp& kelp) {
   FrmAcquire& form = kelp.frmAcquire;
   RunState& run = kelp.run;
@@ -128,24 +145,12 @@ void datalog_DblClick(Kelp& kelp) {
   MoveToSample(kelp, row);
   run.Resume = ResumeAt::Nothing;
   run.ReplaceSample = row;
-  const std::string sample = "Sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row);
   SetStatus(kelp,
             "The run stands at sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row) + " now.");
   if (form.datalog.Col != kColRb && form.datalog.Col != kColRa) return;
-  const bool ra = form.datalog.Col == kColRa;
   // The next space bar is to go on with this sample, not to be typed into its cell.
   kelp.Focus = {"frmAcquire", "Command1"};
-  run.ReadFlag = ra;
-  SetButton(kelp,
-            {.Caption = ra ? "Acidify" : "Load Station Sample",
-             .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
-                                    "click [Acidify]."
-                                  : ": load it and click [Start] or press <Spacebar>."),
-             .Trace = ra ? kTraceBlue : kTraceMagenta});
-  run.Loaded = false;
-  ClearRawReads(run);
-  // The Ra is to be compared with this sample's Rb, not with that of the sample left.
-  if (ra) run.RbReading = static_cast<float>(Val(form.datalog.Text(row, kColRb)));
+  PromptSample(kelp, form.datalog.Col == kColRa);
 }
 
 void txtBlank_Change(Kelp& kelp, int index, const std::string& text) {

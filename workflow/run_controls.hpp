@@ -16,6 +16,9 @@ void Command6_Click(Kelp& kelp);  ///< What's Next Tester
 /// The step selector: the prompts of that step.
 void Option1_Click(Kelp& kelp, int index);
 
+/// Prompts for the current sample, which is to be read (again): for its Rb, or its Ra.
+void PromptSample(Kelp& kelp, bool ra);
+
 /// Moves the logging to the grid's current cell, after two warnings.
 void datalog_DblClick(Kelp& kelp);
 
