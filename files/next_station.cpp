@@ -111,6 +111,8 @@ void AddSample(Kelp& kelp) {
   LayOutAddedSample(kelp);
   ++run.Stores;
   kelp.Note = {.Way = How::Loaded};
+  // Not before: where no sample can be added the step under way stays.
+  SetStep(kelp, "ADDED");
   SetButton(kelp, {.Caption = "Load Added Sample",
                    .Tip = "Load Sample, when stable <Click>",
                    .Text = "Load Sample, when stable <Click>",

@@ -51,7 +51,6 @@ void NextStationByOk(Kelp& kelp) {
 }
 
 void AddSampleToStation(Kelp& kelp) {
-  SetStep(kelp, "ADDED");
   AddSample(kelp);
 }
 
