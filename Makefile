@@ -3,7 +3,7 @@
 # make test      builds everything and runs all tests
 # make package   makes the Debian package, in build/package, and lets lintian look at it
 # make windows   makes the installer and the zip for Windows, in build/windows; the first time it builds Qt,
-#                which takes 35 minutes (tools/windows-qt)
+#                which takes 35 minutes on two idle cores and can be stopped and continued (tools/windows-qt)
 # make test-windows   tests all of that under Wine
 # make lint      checks format and code
 # make format    formats the code

@@ -27,7 +27,9 @@ Axis NiceAxis(const std::string& title, double low, double high, int ticks) {
   }
   const double step = NiceStep((high - low) / ticks);
   const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(step) + 1e-9)));
-  Axis axis{title, std::floor(low / step + 1e-9) * step, std::ceil(high / step - 1e-9) * step};
+  // A step is not exact in the last bit, and not the same bit with every library: both ends stay inside.
+  Axis axis{title, std::min(low, std::floor(low / step + 1e-9) * step),
+            std::max(high, std::ceil(high / step - 1e-9) * step)};
   const auto count = static_cast<int>(std::lround((axis.To - axis.From) / step));
   for (int i = 0; i <= count; ++i) {
     const double at = axis.From + i * step;

@@ -108,6 +108,8 @@ std::vector<std::string> HostDisk::FilesIn(const std::string& folder) {
   if (!IsFolder(folder)) return names;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = ::FindFirstFileW((LongPath(drives_.HostPath(folder)) + L"\\*").c_str(), &entry);
+  // An empty drive has not even the names "." and "..".
+  if (search == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_FILE_NOT_FOUND) return names;
   if (search == INVALID_HANDLE_VALUE) Fail(folder, ::GetLastError());
   do {
     if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
