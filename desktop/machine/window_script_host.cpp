@@ -6,10 +6,10 @@
 #include <iostream>
 
 #include "app/focus.hpp"
-#include "script/player.hpp"
-#include "simulator/simulated_operator.hpp"
 #include "desktop/machine/desktop_run.hpp"
 #include "platform/host.hpp"
+#include "script/player.hpp"
+#include "simulator/simulated_operator.hpp"
 
 namespace kelp {
 
@@ -97,6 +97,8 @@ ScriptResult PlayInWindows(const Options& options) try {
   const DriveMap drives = DrivesFor(LoadSettings(), options);
   const auto disk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
   ScriptMachine machine(*disk);
+  machine.Machine = HostMachineName();
+  machine.User = HostUserName();
   const auto print = [](const std::string& line) { std::cout << line << std::endl; };
   machine.Echo = print;
   machine.SetClock(options.Clock.value_or(HostNow()));
