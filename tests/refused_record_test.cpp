@@ -82,7 +82,9 @@ TEST_F(HostDiskTest, Finding10ARecordThatCanNotBeWrittenGrowsNothingAndIsMadeUpF
   fs::permissions(record, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
   const bool super = ::seteuid(65534) == 0;
   tryOften("3.0000", "read-only", true);
-  if (super) EXPECT_EQ(::seteuid(0), 0);
+  if (super) {
+    EXPECT_EQ(::seteuid(0), 0);
+  }
   fs::permissions(record, fs::perms::owner_read | fs::perms::owner_write);
   expectMended("3.0000");
 }
