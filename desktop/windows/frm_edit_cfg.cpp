@@ -46,7 +46,7 @@ void FillGroup(QGroupBox* group, const std::vector<int>& lines, const Binder& co
     }
     const int index = FrmEditCFG::kFirstBox + line;
     AddField(fields, row++, 0, controls, "Label1", index, "Text1", index);
-    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, 26));
+    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, 20));
     chain.push_back(controls("Text1", index));
   }
   fields->setColumnStretch(1, 1);
@@ -85,7 +85,7 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   std::vector<QWidget*> chain;
   auto* page = new QWidget;
   auto* columns = new QHBoxLayout(page);
-  columns->setSpacing(14);
+  columns->setSpacing(10);
   for (std::size_t i = 0; i < groups.size(); ++i) {
     FillGroup(groups[i], kGroups[i], controls, chain);
     auto* column = new QVBoxLayout;
