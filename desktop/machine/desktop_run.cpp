@@ -158,9 +158,10 @@ void DesktopRun::Keep() {
     platform_.Ask({trouble.toStdString(), "Machine settings", Buttons::Ok, Icon::Exclamation});
 }
 
-// The lock is refreshed every minute; what the analyst looks for are the station's files.
+// The lock and the temporary copy are written all the time; what the analyst looks for are the station's
+// files.
 void DesktopRun::Written(const std::string& path) {
-  if (!EndsWith(path, ".lck")) windows_.SetLastFile(QString::fromStdString(path));
+  if (!EndsWith(path, ".lck") && !EndsWith(path, ".tmp")) windows_.SetLastFile(QString::fromStdString(path));
 }
 
 int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run, kCfgComport)); }

@@ -1,0 +1,73 @@
+// What a measured program of a window looks at: the time, its pictures, its processor time, its memory.
+#pragma once
+
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QEvent>
+#include <QWidget>
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <string>
+
+namespace kelp {
+
+inline double Now() {
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
+
+// Notes when a picture of a window is on its way to the display: its paint events are through and the
+// call that brought them has returned.
+class Watcher : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::Paint && receiver->isWidgetType())
+      painting_ = static_cast<QWidget*>(receiver)->window();
+    ++depth_;
+    const bool taken = QApplication::notify(receiver, event);
+    if (--depth_ > 0 || painting_ == nullptr) return taken;
+    Window = painting_->objectName();
+    At = Now();
+    painting_ = nullptr;
+    return taken;
+  }
+  // Runs events until `done`; the time of the last picture by then.
+  double Until(const std::function<bool()>& done) {
+    while (!done()) processEvents(QEventLoop::WaitForMoreEvents, 1000);
+    return At;
+  }
+  // The time of the next picture of a window.
+  double PictureOf(const char* screen) {
+    Window.clear();
+    return Until([&] { return Window == screen; });
+  }
+  QString Window;
+  double At = 0;
+
+ private:
+  int depth_ = 0;
+  QWidget* painting_ = nullptr;
+};
+
+inline double CpuSeconds() {
+  rusage used{};
+  ::getrusage(RUSAGE_SELF, &used);
+  const auto of = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return of(used.ru_utime) + of(used.ru_stime);
+}
+
+inline double PeakMegabytes(const std::string& process = "self") {
+  std::ifstream status("/proc/" + process + "/status");
+  std::string word;
+  double kilobytes = 0;
+  while (status >> word)
+    if (word == "VmHWM:") status >> kilobytes;
+  return kilobytes / 1024;
+}
+
+}  // namespace kelp
