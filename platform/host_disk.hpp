@@ -36,10 +36,13 @@ class HostDisk : public Disk {
 
  private:
   void AppendText(const std::string& path, const std::string& text, bool flush);
+  std::filesystem::path PlaceOfLog(const std::string& path);
 
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<std::filesystem::path> doubtful_ = {};
+  // Where the logs lie that were written last.
+  std::map<std::string, std::filesystem::path> logs_ = {};
   // Program paths of logs whose last lines the system may still hold back; true for one whose name too.
   std::map<std::string, bool> unflushed_ = {};
   // Folders whose new name may not be on the disk: that flush failed and is to be made up for.

@@ -121,8 +121,18 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
   doubtful_.erase(place);
 }
 
+// A log is found by the way it was found last, as long as it stands there: a tick walks no whole path.
+fs::path HostDisk::PlaceOfLog(const std::string& path) {
+  const auto known = logs_.find(path);
+  struct stat status {};
+  if (known != logs_.end() && ::lstat(known->second.c_str(), &status) == 0 && S_ISREG(status.st_mode))
+    return known->second;
+  if (logs_.size() > 8) logs_.clear();
+  return logs_[path] = drives_.HostPath(path);
+}
+
 void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
-  const fs::path place = drives_.HostPath(path);
+  const fs::path place = flush ? drives_.HostPath(path) : PlaceOfLog(path);
   if (doubtful_.contains(place) && Exists(path)) {
     const std::string content = Read(path);
     Replace(path, content + (content.empty() || content.ends_with('\n') ? "" : "\r\n") + text);
