@@ -1,9 +1,9 @@
 #!/bin/sh
 # Runs a program on a display of its own, with a window manager: without one no window becomes active.
-# on_a_display.sh PROGRAM [ARGUMENTS]
+# on_a_display.sh PROGRAM [ARGUMENTS]; KELP_DISPLAY_SIZE=1280x800 makes it smaller
 set -eu
 folder=$(mktemp -d)
-Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp 3>"$folder/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 "${KELP_DISPLAY_SIZE:-1920x1080}x24" -nolisten tcp 3>"$folder/display" 2>/dev/null &
 server=$!
 trap 'kill $server; rm -rf "$folder"' EXIT
 for _ in $(seq 100); do
