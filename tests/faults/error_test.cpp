@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
-#include <random>
 #include <set>
 
 #include "app/door.hpp"
@@ -247,7 +246,7 @@ TEST(Faults, ADiskThatFailsIsToldAndCostsNoValue) {
   const bool full = asked != nullptr && std::string(asked) == "full";
   static constexpr int kErrors[] = {ENOSPC, EIO, EDQUOT, EROFS, EINTR};
   constexpr unsigned kKinds = 2 * std::size(kErrors);
-  unsigned turn = std::random_device()();
+  unsigned turn = FaultSeed();
   const int every = asked != nullptr ? std::atoi(asked) : 0;
   const std::size_t stride = full ? 1 : every > 0 ? static_cast<std::size_t>(every) : calls / 40;
   int tried = 0;

@@ -35,6 +35,12 @@ struct Faults {
 /// The faults of this process. In a preloaded library they come from the environment.
 Faults& TheFaults();
 
+/// Where the calls that are tried begin: the same in every run, another with KELP_FAULTS_SEED=n.
+inline unsigned FaultSeed() {
+  const char* seed = std::getenv("KELP_FAULTS_SEED");
+  return seed == nullptr ? 0U : static_cast<unsigned>(std::strtoul(seed, nullptr, 10));
+}
+
 /// Temporary folders in memory: what counts is which calls are made, not how long a disk takes for them.
 inline void UseMemory() {
   if (::access("/dev/shm", W_OK) == 0) ::setenv("TMPDIR", "/dev/shm", 1);
