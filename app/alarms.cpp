@@ -38,9 +38,9 @@ std::vector<Alarm> AlarmsOf(const Kelp& kelp) {
   }
   if (LineIsLost(kelp))
     alarms.push_back(
-        {AlarmKind::LineLost, "SERIAL LINE LOST. Look at cable and power; it is tried every second."});
+        {AlarmKind::LineLost, "SERIAL LINE LOST: look at cable and power; it is tried every second."});
   else if (LineIsSilent(kelp))
-    alarms.push_back({AlarmKind::Silent, "NO READINGS. Look at the fluorometer and its cable."});
+    alarms.push_back({AlarmKind::Silent, "NO READINGS: look at the fluorometer and its cable."});
   if (kelp.loop.Running && IsOffscale(kelp, static_cast<float>(Val(kelp.run.LastRawText))))
     alarms.push_back({AlarmKind::Offscale, "OFF SCALE: " + kelp.run.LastRawText +
                                                " is above the instrument's limit. Dilute the sample 50 %."});

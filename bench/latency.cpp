@@ -22,12 +22,12 @@
 #include <thread>
 #include <vector>
 
-#include "console/device_host.hpp"
 #include "acquire/instrument_line.hpp"
+#include "console/device_host.hpp"
 #include "console/posix/pseudo_terminal.hpp"
-#include "script/player.hpp"
 #include "core/numbers.hpp"
 #include "platform/host.hpp"
+#include "script/player.hpp"
 
 namespace {
 

@@ -34,7 +34,7 @@ QLayout* MakeBlankOptions(const Binder& controls, std::vector<QWidget*>& chain) 
   return options;
 }
 
-void FillGroup(QGroupBox* group, const std::vector<int>& lines, const Binder& controls,
+void FillGroup(QGroupBox* group, const std::vector<int>& lines, int digits, const Binder& controls,
                std::vector<QWidget*>& chain) {
   auto* fields = new QGridLayout(group);
   fields->setVerticalSpacing(4);
@@ -46,7 +46,7 @@ void FillGroup(QGroupBox* group, const std::vector<int>& lines, const Binder& co
     }
     const int index = FrmEditCFG::kFirstBox + line;
     AddField(fields, row++, 0, controls, "Label1", index, "Text1", index);
-    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, 20));
+    controls("Text1", index)->setMinimumWidth(DigitsWidth(*group, digits));
     chain.push_back(controls("Text1", index));
   }
   fields->setColumnStretch(1, 1);
@@ -87,7 +87,8 @@ std::unique_ptr<ScreenWindow> MakeFrmEditCFG(Kelp& kelp, const Report& report) {
   auto* columns = new QHBoxLayout(page);
   columns->setSpacing(10);
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    FillGroup(groups[i], kGroups[i], controls, chain);
+    // Paths and the initials of all analysts are the longest.
+    FillGroup(groups[i], kGroups[i], i == 0 ? 24 : 19, controls, chain);
     auto* column = new QVBoxLayout;
     column->addWidget(groups[i]);
     // The shortest group leaves room for what can only be read.
