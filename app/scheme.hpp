@@ -22,6 +22,7 @@ struct Scheme {
   Rgb Disabled;  ///< texts of what can't be used now
   Rgb Faint;     ///< captions beside a value, and a number that is no value of this item
   Rgb Edge;      ///< thin lines around panels
+  Rgb BoxEdge;   ///< around a box to type into
   Rgb Good;      ///< a criterion is met
   Rgb Warn;      ///< something wants attention
   Rgb Focus;     ///< the ring around the control that has the keys

@@ -101,4 +101,8 @@ std::string OneField(std::string_view text, bool alsoCommas) {
   return field;
 }
 
+std::string Counted(std::size_t count, std::string_view one) {
+  return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
+}
+
 }  // namespace kelp

@@ -38,4 +38,7 @@ std::string WithBackslash(std::string_view path);
 /// A value of a comma-separated or one-line file: commas (where `alsoCommas`) and line breaks become blanks.
 std::string OneField(std::string_view text, bool alsoCommas);
 
+/// "1 file", "2 files".
+std::string Counted(std::size_t count, std::string_view one);
+
 }  // namespace kelp

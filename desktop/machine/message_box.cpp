@@ -105,6 +105,8 @@ void SetUpBox(QMessageBox& box, const Message& message) {
   const bool no = yes && message.DefaultNo;
   box.setDefaultButton(no ? QMessageBox::No : yes ? QMessageBox::Yes : QMessageBox::Ok);
   box.setEscapeButton(EscapeOf(message.Buttons));
+  for (QAbstractButton* button : box.buttons())
+    button->setMinimumHeight(button->fontMetrics().height() * 2);  // for gloves
 }
 
 QAbstractButton* ButtonOf(const QMessageBox& box, Answer answer) { return box.button(ButtonFor(answer)); }

@@ -6,6 +6,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QTabWidget>
 
 #include "platform/error.hpp"
@@ -49,7 +50,7 @@ ReviewWindow::ReviewWindow(Kelp& kelp, std::function<std::optional<std::string>(
     if (const auto chosen = desk_.ChooseFolder()) Open(*chosen);
   });
   QObject::connect(again, &QPushButton::clicked, this, [this] { Reload(); });
-  resize(1120, 680);
+  resize(QSize(1120, 680).boundedTo(screen()->availableSize() - QSize(16, 48)));
 }
 
 void ReviewWindow::Open(const std::string& folder) {

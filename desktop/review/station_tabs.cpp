@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QSplitter>
 
+#include "core/text.hpp"
 #include "desktop/review/picture_view.hpp"
 #include "desktop/review/tabs.hpp"
 #include "desktop/review/text_table.hpp"
@@ -50,8 +51,8 @@ void StationsTab::Refresh() {
   left_->setVisible(!rows.empty());
   left_->Show(std::move(rows));
   heading_->setText(Text("Cruise " + review.Cruise.Name + ", folder " + review.Cruise.Folder + ": " +
-                         std::to_string(review.Stations.size()) + " saved stations, " +
-                         std::to_string(review.Cruise.Left.size()) + " files left out"));
+                         Counted(review.Stations.size(), "saved station") + ", " +
+                         Counted(review.Cruise.Left.size(), "file") + " left out"));
 }
 
 ProfileTab::ProfileTab(ReviewDesk& desk, QWidget* parent)

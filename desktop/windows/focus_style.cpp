@@ -1,6 +1,7 @@
 #include "desktop/windows/focus_style.hpp"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -17,6 +18,20 @@ void DrawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
   painter.restore();
 }
 
+namespace {
+
+// On dark grounds the style's own edge can't be seen: a box to type into is told by it from one to read.
+void DrawDarkEdge(QPainter& painter, const QStyleOption& option, const QLineEdit* edit) {
+  if (edit == nullptr || edit->isReadOnly() || !edit->isEnabled() || !IsDark(option.palette)) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Paint(SchemeFor(option.palette).BoxEdge));
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter.restore();
+}
+
+}  // namespace
+
 void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
   if (element == PE_FrameFocusRect) {
@@ -28,6 +43,8 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       widget == nullptr || !widget->parentWidget() || !widget->parentWidget()->inherits("QComboBox");
   if (element == PE_FrameLineEdit && (option->state & State_HasFocus) != 0 && boxOfItsOwn)
     DrawFocusRing(*painter, option->rect, option->palette);
+  else if (element == PE_FrameLineEdit && boxOfItsOwn)
+    DrawDarkEdge(*painter, *option, qobject_cast<const QLineEdit*>(widget));
 }
 
 void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -56,6 +56,7 @@ QBoxLayout* MakeButtonRow(const std::vector<QWidget*>& buttons) {
   for (const QWidget* button : buttons) width = std::max(width, button->sizeHint().width());
   for (QWidget* button : buttons) {
     button->setMinimumWidth(width);
+    button->setMinimumHeight(button->fontMetrics().height() * 2);  // for gloves
     row->addWidget(button);
   }
   return row;
