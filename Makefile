@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # make run       builds Kelp and starts it with the simulated fluorometer; without a display it plays the
 #                demo station in the terminal
 # make test      builds everything and runs all tests

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquire/averaging.hpp"
 
 #include <algorithm>
@@ -44,7 +45,8 @@ void WarnOffscale(Kelp& kelp, float reading) {
   std::string& mark = kelp.frmAcquire.txtStats[1].Problem;
   mark.clear();
   if (!IsOffscale(kelp, reading)) return;
-  mark = "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
+  mark =
+      "off scale: above " + Fixed(static_cast<double>(kelp.loop.UpperLimit), 0) + ", dilute the sample 50%";
   SetStatus(kelp, RawText(static_cast<double>(reading)) + " is " + mark + ".");
   if (kelp.run.ReadCount <= kReadsBeforeOffscale) return;
   const Message warning{"Reading is offscale!  Dilute the sample 50% then press OK",

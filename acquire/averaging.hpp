@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each reading does: the display, the ring buffer of the last N reads, their mean and SD, the
 // Mean boxes, and the offscale warning.
 #pragma once

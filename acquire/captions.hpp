@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The caption of `Command1` is itself the sub-step of a run. This is what the reading side makes of
 // it: the Save captions once enough reads are in, and the instruction text of each pass.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquire/line_watch.hpp"
 
 #include "core/config.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Watches the serial line while the read loop runs: an unplugged line is tried again once a second,
 // and a line that stays silent is named in the status bar. An open port is no proof of a live cable.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether a reading is above what the fluorometer can measure.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds a reading in the instrument's text: a line such as "\r\nA =  1.234 (RAW)".
 #pragma once
 

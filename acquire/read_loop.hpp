@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The read loop as a state machine: a front end runs it pass by pass, whenever bytes arrive and
 // once a second.
 #pragma once

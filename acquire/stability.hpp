@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The last N reads as a trace that fills its height: whether a reading has settled is seen there long
 // before the strip chart, with its full scale, shows it.
 #pragma once

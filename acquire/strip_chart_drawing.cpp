@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquire/strip_chart_drawing.hpp"
 
 namespace kelp {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the strip chart looks like, as lines and labels in its own coordinates, so that a front end
 // only has to draw them: x and y run from -0.2 to 1.2, y grows upwards, the plot is the unit square.
 #pragma once

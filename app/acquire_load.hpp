@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The set-up of the acquisition screen for a station.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What must not be overlooked: it is said across the screen, and by a sound until somebody has seen it.
 #pragma once
 

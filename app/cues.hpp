@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the analyst should hear while the eyes are on the tubes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one door for events. A front end turns what the operator did into an event and hands it in
 // here; the door runs the handler, reports a run-time error in a message box, and the run goes on.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the keys go: the control with the focus, the order of Tab, and what leaving a control does.
 #pragma once
 

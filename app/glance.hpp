@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is read from two metres away, at a glance: what to load or read, whether it can be saved, how old the
 // number is. A front end shows it large; it decides nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Leaving a window: by its frame, or with Esc.
 #pragma once
 

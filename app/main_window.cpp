@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/main_window.hpp"
 
 #include "app/acquire_load.hpp"
@@ -76,7 +77,8 @@ void FrmMain_Load(Kelp& kelp) {
 }
 
 void QuitFromMain(Kelp& kelp) {
-  if (AskRisky(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation, Buttons::YesNoCancel) &&
+  if (AskRisky(kelp, "Do you want to Quit? Y/N", "Exit the Program?", Icon::Exclamation,
+               Buttons::YesNoCancel) &&
       MayLeave(kelp))
     EndProgram(kelp);
 }

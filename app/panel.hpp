@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the acquisition screen says beside the values of its controls: whether the reading is good enough
 // to be saved, and where the next value goes. A front end shows it; it decides nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The colours of the light and the dark scheme, below the windows so that a test can count their contrast:
 // every text stands out 4.5 times from its ground, every sign 3 times.
 #pragma once

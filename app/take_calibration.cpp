@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/take_calibration.hpp"
 
 #include "core/config.hpp"

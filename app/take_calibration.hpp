@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A calibration becomes the configuration's: the next stations are calculated with it.
 #pragma once
 

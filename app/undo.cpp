@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/undo.hpp"
 
 #include "core/start_button.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Undo: takes back the last event that stored something.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a console takes from the last byte of a line to its value, and to save a station of 100 samples, as
 // another program sees it: so that a console under Wine can be set beside that of Linux. console_figures LINK
 // DEVICE CONSOLE [ARGUMENTS]: the console opens the device of LINK by the name DEVICE.

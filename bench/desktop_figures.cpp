@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the desktop program costs, on the display it is started on (bench/desktop_figures.sh brings one):
 // from exec to the first picture, from the click to the acquisition screen, from the last byte of a line
 // to the reading on the screen, processor time, and memory in a station of a hundred samples.

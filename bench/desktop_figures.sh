@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Measures the desktop program on a display of its own. desktop_figures.sh BUILD_FOLDER [STARTS]
 set -eu
 here=$(dirname "$0")

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long a reading takes from the last byte written on the line to `txtStats(1)`, beside what the
 // machine itself needs: a program blocked in poll() and read() on a line of its own. Both are measured in
 // turns in one run, each in a process of its own; then what waiting for readings costs.

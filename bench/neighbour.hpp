@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // GtkTerm on a pseudo-terminal of its own: what a plain serial terminal costs on the same lines, in the same
 // run.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One pass of the read loop, as it runs between two readings and with one.
 #include <benchmark/benchmark.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station's record on a real disk: how long an accepted value takes to be safe, a tick of the read log,
 // the start with thousands of stations in the database, and a day of twenty stations of a hundred samples.
 // TMPDIR names the disk: a folder in memory proves nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A cruise from its files to the finished page, as `kelp-console review FOLDER --html FILE` does it.
 #include <benchmark/benchmark.h>
 

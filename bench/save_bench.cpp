@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a station of 100 samples on a real disk: the save, with every file flushed, before and after
 // the cruise's database file has grown to a million rows; and the recalculation. TMPDIR names the disk:
 // a folder in memory proves nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a measured program of a window looks at: the time, its pictures, its processor time, its memory.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calculates samples of the grid `datalog` and appends each sample's line to the local text results
 // file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Chlorophyll-a, phaeopigment and acid ratio from the readings before (Rb) and after (Ra) acid, and
 // the quality flag of a sample.
 #pragma once

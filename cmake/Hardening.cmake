@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What a program that reads files and cables of strangers is built with in a release.
 if(KELP_HARDEN AND NOT MSVC AND NOT KELP_SANITIZE)
   set(CMAKE_POSITION_INDEPENDENT_CODE ON)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A room is a folder of the program with a library of its own. It is seen through a link in the build folder
 # that shows this one folder and nothing beside it: who includes a room that it does not link does not compile.
 function(kelp_room target folder)

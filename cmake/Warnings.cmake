@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The warnings of every target; with KELP_WERROR they are errors.
 function(kelp_warnings target)
   if(MSVC)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Gives a program of Windows its icon, version and manifest. On other machines it does nothing.
 function(kelp_windows_program target description)
   if(NOT WIN32)

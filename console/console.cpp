@@ -1,15 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/console.hpp"
 
 #include <iostream>
 #include <memory>
 
 #include "console/noting_disk.hpp"
-#include "script/own_time.hpp"
-#include "script/player.hpp"
-#include "simulator/simulated_operator.hpp"
 #include "console/watch.hpp"
 #include "platform/host.hpp"
 #include "record/record.hpp"
+#include "script/own_time.hpp"
+#include "script/player.hpp"
+#include "simulator/simulated_operator.hpp"
 #ifdef KELP_SERIAL
 #include "console/device_host.hpp"
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A host in real time: it wakes when bytes arrive on the serial line, not on a timer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine of a script that plays on a real instrument: answers, files and printer follow the
 // script, the serial line and the clock are real.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kelp-fluorometer: the simulated fluorometer at the other end of a serial line, so that the real serial path
 // can be tried with no instrument at hand. Standard input takes what an operator does to the instrument.
 #include <charconv>

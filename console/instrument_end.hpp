@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a serial line at which an instrument sends. One source for each kind of machine.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kelp-console: plays an operator script on the whole program, or reviews a cruise, without a display.
 #include <iostream>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A disk that notes what is written through it, for the list of files at the end of a watched script.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Prints the steps of a run as they happen: captions, saved values, results; at the end the results
 // table and the files written. A line per reading would be too much.
 #pragma once

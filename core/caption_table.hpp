@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the captions of the Start button mean. The caption is the sub-step of a run: this table says, once, to
 // which step it belongs, what a click may do there, and which trace colour, tooltip and instruction go with
 // it.

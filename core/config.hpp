@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration file "c:\kelp\kelp.cfg": 41 numbered lines of fixed width, read and edited by
 // people. A line is held whole; each reader takes its setting out of the line when it needs it.
 #pragma once

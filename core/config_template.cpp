@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The default configuration, written when no file exists.
 #include "core/config.hpp"
 #include "core/text.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How well two colours stand out from each other, as the Web Content Accessibility Guidelines 2.1 count it:
 // 4.5 for text, 3 for signs, 21 at most.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The kinds of control that the screens are made of, as plain values. What a handler reads and
 // writes here is what the operator sees; front ends show these values and report events.
 #pragma once

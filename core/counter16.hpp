@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Signed 16-bit counters. Leaving the range is the run-time error Overflow, never a wrap.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/date_time.hpp"
 
 #include <algorithm>
@@ -122,11 +123,13 @@ std::string OwnTime(std::string_view text) {
 }
 
 std::string DateProblem(std::string_view text) {
-  return Trim(text).empty() || !OwnDate(text).empty() ? "" : "the filtration date is to be written as MM/DD/YYYY";
+  return Trim(text).empty() || !OwnDate(text).empty() ? ""
+                                                      : "the filtration date is to be written as MM/DD/YYYY";
 }
 
 std::string TimeProblem(std::string_view text) {
-  return Trim(text).empty() || !OwnTime(text).empty() ? "" : "the filtration time is to be written as HH:MM:SS";
+  return Trim(text).empty() || !OwnTime(text).empty() ? ""
+                                                      : "the filtration time is to be written as HH:MM:SS";
 }
 
 DateAndTime SplitDateTime(std::string_view text) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dates and times as the files carry them: short date MM/DD/YYYY, long time HH:MM:SS (24 h).
 #pragma once
 

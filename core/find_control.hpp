@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds controls and run-state values by name, through each screen's own list of controls. The
 // console, the desktop and the tests have no other way to a control.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program as one value: all screens, the run state and the platform. It is passed by
 // reference to every handler; there is no hidden global.
 #pragma once
@@ -61,10 +62,10 @@ struct Kelp {
   StoreNote Note;           ///< how the value that this event stores came to be
   std::string TypedAt;      ///< where the operator is typing, and what stood there before the first key
   std::string TypedBefore;
-  long TypedStores = 0;     ///< `run.Stores` after the last key
-  long StoresBefore = 0;    ///< `run.Stores` when the event began
-  std::string Status;   ///< the status text
-  std::string Warning;  ///< stands in front of it until its cause is mended
+  long TypedStores = 0;   ///< `run.Stores` after the last key
+  long StoresBefore = 0;  ///< `run.Stores` when the event began
+  std::string Status;     ///< the status text
+  std::string Warning;    ///< stands in front of it until its cause is mended
   /// Why the per-read log could not be written the last time; empty when it was.
   std::string LogTrouble;
   bool Ended = false;  ///< the program has ended: front ends stop

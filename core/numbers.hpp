@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers as the screens and files show them, and the lenient parse of what people type.
 #pragma once
 

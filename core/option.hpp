@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Option buttons: of a group, one is selected at a time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one way in which a value gets into a cell of the grid or a box, whoever puts it there.
 #pragma once
 

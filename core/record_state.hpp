@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all rooms may know of the station's record. How it is kept is the business of record/.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fixed-width line of a sample's results, and its heading: in the local text results file and,
 // indented, in the data-log report.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program-wide run state: one station at a time, shared by every screen and file routine.
 #pragma once
 

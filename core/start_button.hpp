@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Start button's caption and what goes with it.
 #pragma once
 

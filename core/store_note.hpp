@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the last stored value came to be: what a handler knows and the station's record keeps beside it.
 #pragma once
 

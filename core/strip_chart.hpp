@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The strip chart's values: a ring of 101 readings, oldest to newest. Drawing it is the front end's
 // work; the acquisition side feeds it one scaled value per reading.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text helpers with the meaning that the fixed-width files and the captions need: positions count
 // characters (bytes), "trimmed" means blanks only, comparison ignores letter case only where said.
 #pragma once

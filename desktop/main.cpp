@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kelp: the desktop program.
 #include <QApplication>
 #include <QIcon>
@@ -18,7 +19,8 @@ constexpr int kWrong = 2;
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
   std::cerr << "kelp: there is no display to open a window on (DISPLAY is \""
-            << qgetenv("DISPLAY").toStdString() << "\"). kelp-console runs stations in a terminal." << std::endl;
+            << qgetenv("DISPLAY").toStdString() << "\"). kelp-console runs stations in a terminal."
+            << std::endl;
   std::_Exit(1);
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station base file: station text, fluorometer, blanks, calibration, and a line for each sample.
 // Loading it fills the station table, sets the paths of all station files and lays out the grid.
 #pragma once

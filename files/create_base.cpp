@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The create screen's work: writes a base file from the sample log sheet's values.
 #include "core/config.hpp"
 #include "core/date_time.hpp"
@@ -43,7 +44,9 @@ void CopyToHeaderBoxes(Kelp& kelp) {
   header[kStaLineSta].Text = box[kLineSta].Text;
   header[kStaBottle].Text = box[kBottle].Text;
   header[kStaVial].Text = box[kVial].Text;
-  const auto orTyped = [](const std::string& own, const std::string& typed) { return own.empty() ? typed : own; };
+  const auto orTyped = [](const std::string& own, const std::string& typed) {
+    return own.empty() ? typed : own;
+  };
   header[kStaFiltDate].Text = orTyped(OwnDate(box[kDate].Text), box[kDate].Text);
   header[kStaFiltTime].Text = orTyped(OwnTime(box[kTime].Text), box[kTime].Text);
   kelp.run.BottleEdited = true;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All stations of a folder, in the order in which they were read.
 #pragma once
 

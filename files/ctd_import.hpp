@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Takes station, cast type, cast date and bottle-trip time from the CTD's header and mark files, so
 // that nobody has to type them. A file that does not exist is skipped without a word.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The database-friendly CSV files: one of the cruise, one of the station, a row for each sample.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The grid `datalog` and the station table: the table is laid out in the grid, and the grid, in which
 // the operator works, is taken back into the table.
 #pragma once

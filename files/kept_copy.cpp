@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/kept_copy.hpp"
 
 #include "core/date_time.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kept copies of a base file: the file as it was before results were written over it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What follows a station or its last sample: the next station, an added sample.
 #include "core/config.hpp"
 #include "core/numbers.hpp"

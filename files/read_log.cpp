@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/read_log.hpp"
 
 #include "core/date_time.hpp"

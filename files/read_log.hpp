@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The per-read log: the state of the reading, appended at a fixed interval to the station's read log
 // and to the run's temporary copy.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/report.hpp"
 
 #include "core/results_line.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The data-log report of a station: heading block, table heading and a line for each sample, as it
 // goes into the base file, the ".prn" file, the HTML file and to the printer.
 #pragma once

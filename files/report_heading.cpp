@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the heading of a saved report, and puts it back into the header boxes.
 #include <algorithm>
 #include <optional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns a finished station into files: kept base copy, new base file with results and report, ".prn",
 // ".htm", both database CSV files, printed report, configuration snapshot.
 #pragma once

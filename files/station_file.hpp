@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A station as its base file tells of it, as a value: what was read, by whom, when, with which blanks,
 // standards, copros and constants. All values are the texts of the file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/station_lock.hpp"
 
 #include <chrono>

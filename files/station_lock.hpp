@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A small file beside a base file says which machine has the station open: two that share a data path would
 // write into the same files.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text of a base file, taken apart as far as its form goes: the table of header and samples, and the
 // report of an earlier save behind it. The loader and the review both start from here.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/station_values.hpp"
 
 #include "core/text.hpp"
@@ -19,8 +20,6 @@ std::string CellText(const Kelp& kelp, int row, int col) {
   return (col == kColRb || col == kColRa) && Trim(shown).empty() ? "-99.000" : shown;
 }
 
-DateAndTime ReadAt(const RunState& run) {
-  return SplitDateTime(Replaced(run.RunDate, ",", " "));
-}
+DateAndTime ReadAt(const RunState& run) { return SplitDateTime(Replaced(run.RunDate, ",", " ")); }
 
 }  // namespace kelp

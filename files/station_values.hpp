@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Values of a station that the report and the database files share, as they stand on the screen.
 #pragma once
 

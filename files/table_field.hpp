@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cells of the station table as fields of the base file, which is split at blanks: an empty cell is
 // "-", a blank "_". A backslash guards what would be taken for one of these.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/table_lines.hpp"
 
 #include "files/table_field.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lines of a base file: the station header and one line for each sample.
 #pragma once
 

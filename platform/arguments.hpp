@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line of a program, and the terminal that it answers on.
 #pragma once
 

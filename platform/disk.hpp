@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All that the program asks of the disk. Paths are program paths ("c:\kelp\kelp.cfg"): a drive
 // letter, backslashes, no regard to letter case. Every operation that fails throws FileError, which
 // names the path, and leaves what existed before as it was.

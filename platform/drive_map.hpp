@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns program paths ("c:\kelp\kelp.cfg") into places on the host. Each drive is a folder; names are
 // found without regard to letter case, folder by folder; no path leads out of its drive's folder.
 #pragma once

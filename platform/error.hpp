@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The run-time errors of the program. A handler throws one, the one door for events reports it in a
 // message box, and the run goes on with all stored values as they were.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the program: its disk, its clocks, its folders. One source for each kind of
 // machine (platform/posix, platform/windows) and the same interface for all.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real disk of the machine. What it writes is on the disk before it returns: content first, then the
 // name. A value that was read once can't be read again, so every failure is told and leaves the old file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Places on the host as text. The program's texts are UTF-8 on every machine; what Windows makes of a plain
 // text depends on the code page.
 #pragma once

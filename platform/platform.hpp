@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program asks of the machine it runs on, as one narrow interface. The desktop and the
 // console each bring their own; the tests use the scripted one.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A platform that follows a script instead of a person and a machine: answers are queued, text is fed
 // to the serial line, and time passes only when told. The console and the tests run on it. The report
 // of an error or a failure asks nothing: it takes an "OK" if one is next, and needs none.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the serial line keeps until the program takes it, on every kind of machine.
 #include "platform/serial_line.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial line to the instrument. Serves an event loop (OnBytes) and a program without one
 // (WaitForBytes); both wake as soon as bytes arrive. A device that fails or goes away closes the line; the
 // same object opens it again. One source for each kind of machine: platform/qt, platform/windows.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What line 10 of the configuration says of the serial line: "9600,n,8,1".
 #pragma once
 

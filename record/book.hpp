@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the running program knows of its record: what is written, what waits, what can be taken back.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The database of the record: opened, written in whole transactions, read.
 #pragma once
 

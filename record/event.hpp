@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An event that stored something, as the record holds it.
 #pragma once
 

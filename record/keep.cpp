@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an event stored goes into the record.
 #include <algorithm>
 

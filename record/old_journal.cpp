@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "record/old_journal.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The journals that Kelp 0.1 kept beside a station's temporary copy: readings that were stored and not saved.
 #pragma once
 

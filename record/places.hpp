@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The places whose values the record keeps: cells, table cells, boxes, counters, step, captions and the
 // flags that a run needs to go on. Each is named as operator scripts name it.
 #pragma once

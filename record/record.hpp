@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station's record: every accepted value, from the event that stored it, in one append-only database on
 // the machine's own drive. Front ends and handlers know no more of it than this.
 #pragma once

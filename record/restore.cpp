@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An unfinished station is offered, and goes on where it was.
 #include <algorithm>
 #include <array>

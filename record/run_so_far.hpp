@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the record tells of a run of a station: how it stands, and what of it is in no station file yet.
 #pragma once
 

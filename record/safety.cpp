@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writing what waits: the record, and while that can't be written a spare beside the temporary copy.
 #include <cstdint>
 #include <cstdio>

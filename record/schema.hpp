@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tables of the record. docs/file-formats.md describes every column.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SQLite as this program uses it: a connection and a statement that end with their scope, and errors in
 // words for whoever has to mend them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What other files hold of accepted values: a spare from days when the record could not be written, and the
 // journals of Kelp 0.1. Each is taken into the record once and kept under another name.
 #include <cstdlib>

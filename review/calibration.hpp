@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calibration of the instrument from tubes of known chlorophyll-a (EPA Method 445.0, section 10): the
 // program's F from the readings before acid, tau from the ratios before and after.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Control charts and the calibration line as pictures.
 #pragma once
 

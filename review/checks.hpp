@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a careful analyst looks for in a cruise's data, said in words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "review/control_chart.hpp"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Control charts: what is read at the begin and end of every station should be the same all cruise long.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture laid out on its sheet: strokes, shapes and texts in pixels from the upper left corner, in the
 // order in which they are painted. Painters know nothing of data, and no painter can differ from another.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The columns of the final data. Names are those of the station database, so that both can be joined.
 #include "review/final_data.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "review/final_data.hpp"
 
 #include "calc/pigments.hpp"

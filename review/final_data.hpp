@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The finished data set of a cruise: every sample calculated anew with the constants of before and after the
 // cruise and with the average blank of its station.
 #pragma once

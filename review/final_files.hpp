@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The final data as files: a table that every program reads, and a text that says what is in it.
 #pragma once
 

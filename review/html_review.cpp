@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "review/html_review.hpp"
 
 #include "core/numbers.hpp"
@@ -72,9 +73,9 @@ void WriteHtmlReview(const Review& review, const FinalData& data, const std::vec
   put("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<meta name=\"viewport\" "
       "content=\"width=device-width\">\n<title>" +
       title + "</title>\n<style>\n" + SvgStyle() + kStyle + "</style>\n</head>\n<body>\n<h1>" + title +
-      "</h1>\n<p>" + Counted(review.Stations.size(), "station") + ", " +
-      Counted(data.Rows.size(), "sample") + " in the final data, " + Counted(data.Left.size(), "file") +
-      " left out, " + Counted(review.Findings.size(), "finding") + ".</p>\n");
+      "</h1>\n<p>" + Counted(review.Stations.size(), "station") + ", " + Counted(data.Rows.size(), "sample") +
+      " in the final data, " + Counted(data.Left.size(), "file") + " left out, " +
+      Counted(review.Findings.size(), "finding") + ".</p>\n");
   PutFindings(review, put);
   put("<h2>Control charts</h2>\n");
   for (const ControlChart& chart : review.Charts) put(SvgElement(ChartPicture(chart)));

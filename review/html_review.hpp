@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The review as one page that needs nothing else: no script, no network; it prints on A4.
 #pragma once
 

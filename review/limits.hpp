@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What blanks and copros are held against, from the configuration.
 #pragma once
 

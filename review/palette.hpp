@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The colours of the inks. Lightness carries the meaning too, so that a grey print says the same.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture as a value: axes, series, marks, bands and labels in the units of the data. What it looks like
 // on paper, on the screen or in an SVG file is the painters' business; they all draw the same Drawing.
 #pragma once

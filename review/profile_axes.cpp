@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "review/profile_axes.hpp"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What profile and ratio pictures share: the depth axis, the place of a sample, the look of a station.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Profiles: chlorophyll-a, phaeopigment and acid ratio against depth.
 #pragma once
 

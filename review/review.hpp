@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A cruise looked at: its stations, measured, with control charts and findings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A station's numbers, once and for all taken from the texts of its file: every picture, check and
 // calculation of the review starts from these.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mean, standard deviation and trend of a series of values.
 #pragma once
 

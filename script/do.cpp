@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The commands that do to the screens what an operator would do, and let time pass.
-#include "app/focus.hpp"
 #include "acquire/instrument_line.hpp"
+#include "app/focus.hpp"
+#include "core/text.hpp"
 #include "script/player.hpp"
 #include "script/words.hpp"
-#include "core/text.hpp"
 
 namespace kelp {
 

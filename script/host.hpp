@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where an operator script plays. The console plays scripts without a display, the desktop in its real
 // windows; the script itself does not know which.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A host whose time is the program's own: it passes only when a script lets it, so that the same
 // script gives the same files, byte for byte, and a station of an hour takes milliseconds.
 #pragma once

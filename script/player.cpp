@@ -1,12 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "script/player.hpp"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
-#include "script/words.hpp"
 #include "core/text.hpp"
 #include "platform/path_text.hpp"
+#include "script/words.hpp"
 
 namespace kelp {
 

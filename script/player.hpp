@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays an operator script, one command a line: does to the screens what an operator would do and
 // checks what the operator would see. Where it plays is the host's business.
 #pragma once

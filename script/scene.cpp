@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The commands that set the scene: answers to come, the serial line, the printer, files.
+#include "core/text.hpp"
 #include "script/player.hpp"
 #include "script/words.hpp"
-#include "core/text.hpp"
 
 namespace kelp {
 

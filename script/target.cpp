@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "script/target.hpp"
 
 #include <charconv>
 
-#include "script/words.hpp"
 #include "core/text.hpp"
+#include "script/words.hpp"
 
 namespace kelp {
 

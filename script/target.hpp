@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The things that a script names: controls, the run state, the status bar, the strip chart.
 #pragma once
 

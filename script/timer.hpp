@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When the next tick of the log timer is due.
 #pragma once
 

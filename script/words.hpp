@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words of a script line, and the forms in which a script writes text that has no place on a line.
 #pragma once
 

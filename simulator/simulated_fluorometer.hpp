@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A bench fluorometer that lives in the program: for trying Kelp, for training and for tests with no
 // instrument at hand. It keeps its own time, one second a line, and the same seed and the same handling
 // give the same lines on every machine.

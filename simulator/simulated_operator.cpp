@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator/simulated_operator.hpp"
 
 #include "core/caption_table.hpp"

@@ -1,11 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whoever handles the tubes of the simulated fluorometer: puts in what the caption of Command1 asks
 // for, as an operator who follows the screen would.
 #pragma once
 
 #include <string>
 
-#include "simulator/simulated_fluorometer.hpp"
 #include "core/kelp.hpp"
+#include "simulator/simulated_fluorometer.hpp"
 
 namespace kelp {
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Base files: created, found, loaded, reloaded, and the next station.
 #include <gtest/gtest.h>
 

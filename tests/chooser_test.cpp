@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The chooser: each choice by OK and by a double-click, and the end of a station.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration file: what is read, what the operator is asked when it is missing, what a station
 // writes back.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Station, cast type and times from the CTD's header and mark files.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real disk: what it writes and in which order, and what it refuses. Every call failing in the course of
 // a station is the matter of the tests on faults.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Program paths and places on the host.
 #include "platform/drive_map.hpp"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The final data: a table of published readings whose results were worked out to 60 digits by another
 // program (Python's decimal module) from the formulas in docs/method.md, and its files.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the screen says large: step, save state, age, alarms, sounds; and the colours that it says it in.
 #include <gtest/gtest.h>
 
@@ -240,7 +241,8 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   desk.Type("dlgRunRem", "Text1", -1, "cloudy");
   Post(desk.kelp, {.Kind = EventKind::Focus, .Place = {"dlgRunRem", "Text1"}});
   desk.Key("dlgRunRem", kKeyEnter);
-  EXPECT_EQ(desk.kelp.Status, "ReadCom of sample 1, bottle 07: b, c -> cloudy (remark). Ctrl+Z takes it back.");
+  EXPECT_EQ(desk.kelp.Status,
+            "ReadCom of sample 1, bottle 07: b, c -> cloudy (remark). Ctrl+Z takes it back.");
   const std::string before = desk.caption();
   for (const char* screen :
        {"dlgRunRem", "frmChangeStep", "frmRecalc", "frmWhatsNext", "frmEditCFG", "frmCreateBase"}) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Nothing is overwritten, run or reported silently. Named after the ways in which the first version did.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Chlorophyll-a, phaeopigment, acid ratio and flag; the row that is calculated; the results file.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A random operator: whatever is clicked, typed, answered and read, nothing crashes, every run-time error
 // is reported, every accepted Rb and Ra is in the station's log files, button, step, selector, trace and
 // instruction agree, and no value gets into a wrong cell. One seed and 7,000 events, the same each time; set

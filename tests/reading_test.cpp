@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the instrument's text to the average: parser, ring buffer, SD, Mean boxes, warnings, chart.
 #include <gtest/gtest.h>
 

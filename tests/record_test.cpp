@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station's record: what was accepted once is never lost and can be taken back, whatever becomes of its
 // database. Named after the ways in which the first version lost readings.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A record on the disk of this machine that can't be written for a while.
 #include <fcntl.h>
 #include <sys/wait.h>

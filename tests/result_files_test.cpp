@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every file of a saved station, line by line, and what is left of a save that fails.
 #include <gtest/gtest.h>
 

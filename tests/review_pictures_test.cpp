@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures, the page and the command of the review.
 #include <gtest/gtest.h>
 

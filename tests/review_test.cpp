@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Checks, control charts and calibration: what is planted is named, and nothing else.
 #include <gtest/gtest.h>
 

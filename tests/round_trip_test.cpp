@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A saved station opened again shows what was saved, and saved again gives the same files.
 #include <gtest/gtest.h>
 

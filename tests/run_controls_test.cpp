@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What steers a run: keys, buttons, value transfer, relocation, change step, remarks.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The simulated fluorometer behaves as an operator knows a real one, and gives every seed its own tubes.
 #include <gtest/gtest.h>
 

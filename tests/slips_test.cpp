@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Slips that begin in the configuration or end in a file. The others are scripts in tests/scripts/slips.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Main window, login, create screen, set-up of the acquisition screen.
 #include <gtest/gtest.h>
 

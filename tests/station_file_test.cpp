@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saved stations as values, and all stations of a folder as a cruise.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts and numbers as the fixed-width files, the boxes and the station table need them.
 #include <gtest/gtest.h>
 

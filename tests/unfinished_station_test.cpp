@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Unfinished stations are offered, wherever they lie and whatever came between; what can't be written is
 // kept. Named after the ways in which the first version lost readings.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an accepted value does, by step: it is stored, and the button, the instruction and the step
 // move on. By hand and by Autoread the same, but for the words of the instruction.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The header boxes of the acquisition screen: what an edit means, and the check when one is left.
 #include <array>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The function keys of the acquisition screen, and Enter and the space bar.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/run_controls.hpp"
 
 #include "core/numbers.hpp"
@@ -54,7 +55,9 @@ void Command2_Click(Kelp& kelp) {
 }
 
 void Command3_Click(Kelp& kelp) {
-  if (!AskRisky(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel) || !MayLeave(kelp)) return;
+  if (!AskRisky(kelp, "Do You Want to Quit? Y/N", "", Icon::Critical, Buttons::YesNoCancel) ||
+      !MayLeave(kelp))
+    return;
   if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
   HideScreen(kelp, "frmAcquire");
   EndProgram(kelp);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The buttons beside Start, the step selector, the grid and the boxes of the acquisition screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The automatic save: when an average may be stored, and the questions asked before.
 #include <cmath>
 

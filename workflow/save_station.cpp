@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/save_station.hpp"
 
 #include "core/config.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Closing a station: results, print job and running configuration, as F2 and the chooser do it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // [Skip]: leaves out a standard, a copro, the blank or a sample; -99 marks what was not read.
 #include "core/numbers.hpp"
 #include "core/places.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The place that the running step waits for, named by the caption of the Start button: where F5, F7
 // and a click on a mean box put a value.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The measurement steps of a station: blanks, standards, copros, and Rb and Ra of every sample. The
 // caption of `Command1` is the sub-step; these procedures read it and move it on.
 #pragma once

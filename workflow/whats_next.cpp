@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/whats_next.hpp"
 
 #include "acquire/averaging.hpp"
@@ -50,9 +51,7 @@ void NextStationByOk(Kelp& kelp) {
   ClearReadingDisplays(kelp.frmAcquire);
 }
 
-void AddSampleToStation(Kelp& kelp) {
-  AddSample(kelp);
-}
+void AddSampleToStation(Kelp& kelp) { AddSample(kelp); }
 
 void EndBlankByOk(Kelp& kelp) {
   PromptBlank(kelp);

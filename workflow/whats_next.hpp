@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The chooser: how a run goes on after the last sample or a finished phase.
 #pragma once
 

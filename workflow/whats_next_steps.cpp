@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/whats_next_steps.hpp"
 
 #include "core/option.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The steps that the chooser leads to, as OK and a double-click share them.
 #pragma once
 

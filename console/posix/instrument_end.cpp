@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The instrument on a pseudo-terminal.
 #include "console/instrument_end.hpp"
 

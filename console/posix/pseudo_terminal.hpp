@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A serial line between two programs of one machine: this end plays the instrument, the other end is a
 // device that a program opens like a serial port.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `kelp-console review`: a cruise reviewed without a display.
 #pragma once
 

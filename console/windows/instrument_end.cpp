@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The instrument on a serial port, whose other end is a second port: a cable between two adapters, or a pair
 // of ports that a driver makes. Without a port it writes to standard output.
 #include "console/instrument_end.hpp"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The acquisition screen, on which a station is run. Its grid and header boxes are the working store
 // of the station's results.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small windows of a run: the create screen, the chooser, and the dialogs that steer a run.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration editor: line NN of the configuration is edited in Text1(200 + NN), line 17 by
 // the two option buttons. Lines 33 to 37 are shown for reading; 38 to 40 are spare.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window, the login and the notice shown during long saves.
 #pragma once
 

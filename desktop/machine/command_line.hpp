@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line of the desktop program: the console's options, and what windows add to them.
 #pragma once
 

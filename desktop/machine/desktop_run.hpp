@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A run of the desktop program: the machine under it, the program, its windows, and what ties them
 // together.
 #pragma once
@@ -7,7 +8,6 @@
 #include <memory>
 #include <string>
 
-#include "simulator/simulated_operator.hpp"
 #include "desktop/machine/fluorometer_line.hpp"
 #include "desktop/machine/machine_settings.hpp"
 #include "desktop/machine/noticing_disk.hpp"
@@ -17,6 +17,7 @@
 #include "desktop/review/review_window.hpp"
 #include "desktop/review/running_profile.hpp"
 #include "desktop/windows/windows.hpp"
+#include "simulator/simulated_operator.hpp"
 
 namespace kelp {
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The file-open dialog: the operator picks a file on the host, the program gets its program path.
 #pragma once
 

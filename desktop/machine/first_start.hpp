@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The first start on a machine: one page that says where files will lie, which device the fluorometer is on,
 // and lets both be changed and tried, or the simulated fluorometer be used.
 #pragma once

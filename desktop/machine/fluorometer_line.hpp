@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line to the fluorometer: the serial device of a port number, or the simulated instrument, which
 // sends a line a second while it is open.
 #pragma once

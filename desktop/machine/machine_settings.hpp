@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What this machine is like: where the drives lie, which device a port number is, the text editor,
 // the printer, sound. Kept between runs; what the command line says holds for one run and is not
 // kept.

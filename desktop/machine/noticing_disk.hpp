@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The disk, with a word to the front end for each file written: the status bar shows the last one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Places on the host as Qt and the standard library name them.
 #pragma once
 

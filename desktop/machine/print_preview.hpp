@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pages of a report on the screen, before they go to the printer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/machine/qt_platform.hpp"
 
 #include "desktop/machine/file_dialog.hpp"

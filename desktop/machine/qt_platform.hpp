@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the program as the desktop has it: real disk and clock, serial line, modal
 // windows, printer, text editor.
 #pragma once

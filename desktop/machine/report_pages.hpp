@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pages of a printed document: lines in a fixed-width font, in which the report's columns stand.
 #pragma once
 

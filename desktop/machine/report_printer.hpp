@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The printer: lines are gathered until the document ends, then printed at once, so that a station
 // whose save fails half-way leaves no half page in the tray. Where the machine has no printer a PDF
 // beside the station's files is offered.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the program in Qt's event loop: hands events to the one door, gives the read loop its passes
 // and the log its ticks, and shows after each what changed. No timer runs while nothing is to be
 // done, and neither pass nor tick while a modal dialog is open (its event loop runs inside a handler).

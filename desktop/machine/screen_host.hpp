@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the windows do for the machine under the program: show screens, and carry dialogs.
 #pragma once
 

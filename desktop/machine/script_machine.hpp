@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine of a script that plays in the real windows: answers, files, line and printer follow the
 // script, screens and message boxes are real.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/machine/serial_ports.hpp"
 
 #include "platform/serial_line.hpp"

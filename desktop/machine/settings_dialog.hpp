@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The "Machine settings" dialog: drives to folders, port numbers to devices, the text editor, and the
 // simulated fluorometer for this run.
 #pragma once

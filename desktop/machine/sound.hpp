@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Short sounds: the analyst's eyes are on the tubes. Qt Widgets has no more than the system's beep,
 // which many machines keep silent; so a player of the machine gets a small sound file, where there
 // is one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text editor of the machine, which the program calls "notepad".
 #pragma once
 

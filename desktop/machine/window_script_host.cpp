@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/machine/window_script_host.hpp"
 
 #include <QAbstractButton>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays an operator script in the real windows: clicks and keys go through the widgets, what a widget
 // can't be made to do goes straight to the program. Time is the program's own, as on the console, so
 // that the same script writes the same files.
@@ -5,11 +6,11 @@
 
 #include <QElapsedTimer>
 
-#include "script/failure.hpp"
-#include "script/own_time.hpp"
 #include "desktop/machine/command_line.hpp"
 #include "desktop/machine/script_machine.hpp"
 #include "desktop/windows/windows.hpp"
+#include "script/failure.hpp"
+#include "script/own_time.hpp"
 
 namespace kelp {
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calibration from a LAB/CAL station, into the configuration.
 #include <QBoxLayout>
 #include <QComboBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The final data: constants after the cruise, the table, and its files.
 #include <QBoxLayout>
 #include <QFormLayout>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The painter that draws pictures with QPainter, and the export of a picture into a file.
 #pragma once
 

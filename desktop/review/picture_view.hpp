@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture in a window: fitted to its place, in the desktop's light or dark scheme, with its export.
 #pragma once
 

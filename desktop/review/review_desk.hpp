@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the review's tabs have in common: the cruise that is looked at, and what they ask of the program.
 #pragma once
 

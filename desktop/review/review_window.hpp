@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window "Review cruise": the saved stations of a folder, in tabs.
 #pragma once
 

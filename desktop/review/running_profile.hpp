@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The profile so far of the station that is being run, in a small window: one key away from the readings,
 // and the same key back.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stations, profiles, control charts and checks.
 #include <QBoxLayout>
 #include <QComboBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tabs of the review window. Each shows what the desk holds, anew when `Refresh` is called, and keeps
 // one picture at a time.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A table of texts that can be chosen from but not edited, as large as a cruise may be.
 #pragma once
 

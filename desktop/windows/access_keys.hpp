@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The letter that presses a control together with Alt. The captions of the program name only some of them;
 // the others get theirs on the screen alone, and no letter is given twice in a window.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen reader hears of the widgets that paint their value themselves: a label with a name and a
 // value. Option buttons say that they are option buttons, also where the program and not Qt keeps one of them
 // chosen.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Binds the widgets of a window to the controls of its screen, through the screen's own list: every
 // control in the list gets a widget here, and no widget is bound in another way. The window then only
 // puts the widgets into its layout.

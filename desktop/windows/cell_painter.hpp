@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the cells of the sample grid, in the colours of the scheme: the reading columns lighter than the
 // rest.
 #pragma once

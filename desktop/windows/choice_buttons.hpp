@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Option buttons and check boxes whose mark is plain in every colour scheme: the style's own all but
 // disappears in dark ones.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The create screen and the dialogs that steer a run.
 #include <QBoxLayout>
 #include <QGridLayout>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The style of all windows: the machine's own, with a ring around the control that has the keys, however it
 // came by them. Most styles show the focus only after a Tab, and faintly.
 #pragma once

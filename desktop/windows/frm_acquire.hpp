@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of the acquisition screen, laid out as an instrument panel: on the left the fluorometer
 // with its reading, charts, instruction and buttons, on the right the station with its header, its blanks
 // and standards, the sample grid and the last reads. Across the top stands what is read from two metres away.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line across the top of the acquisition screen, and the fluorometer's side: the average reading large
 // enough to be read from across the bench, its SD and read counter beside their criteria, the charts, what to
 // do now, and the buttons that do it.

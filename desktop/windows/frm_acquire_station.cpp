@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station's side of the acquisition screen, the status bar, and what the panel says beside the
 // controls' own values.
 #include <QAbstractButton>

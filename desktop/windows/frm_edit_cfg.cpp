@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration editor: three groups of settings side by side, in a scroll area where the screen is
 // too small for them.
 #include <QBoxLayout>

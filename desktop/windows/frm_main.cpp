@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window and the login.
 #include <QBoxLayout>
 #include <QComboBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The chooser and the notice during long saves.
 #include <QBoxLayout>
 #include <QFrame>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The core's grid as a table for Qt: row 0 of the grid is the table's header, row n its row n - 1.
 #pragma once
 

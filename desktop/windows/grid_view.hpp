@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample grid: the current sample is marked and scrolled into view, the cell that the next value
 // goes to is framed, and quality flags stand out.
 #pragma once

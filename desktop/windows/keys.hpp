@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which keys the program takes before the widgets do, and what they mean for the control with the focus.
 #pragma once
 

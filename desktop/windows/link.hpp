@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A link holds one control of a screen and the widget that shows it. It keeps a copy of what the widget
 // shows, so that only what changed is touched and no widget is ever read back, and it reports what the
 // operator did with the widget. A widget that the program itself writes reports nothing.

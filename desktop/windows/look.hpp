@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The look shared by all windows: colours taken from the palette in use, so that they hold in light and
 // dark schemes, fonts relative to the desktop's own, and the program's texts as Qt texts.
 #pragma once

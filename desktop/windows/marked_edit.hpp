@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A text box that can be marked as the place the next value goes to: an arrow and a frame.
 #pragma once
 

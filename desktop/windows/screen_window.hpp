@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of one screen: its title, its bound controls, and closing by its frame, which is a question
 // to the program and never closes by itself.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/windows/signs.hpp"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Signs that are told apart by colour, shape and words: none of them needs its colour.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the last N reads so that their unrest fills the height: with their mean, and the band of their SD.
 #pragma once
 

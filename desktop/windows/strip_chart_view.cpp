@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/windows/strip_chart_view.hpp"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the strip chart: its axes with numbers, the scale of its bars where it changes, its bars in the trace
 // colour of the run's step.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts that tell: what to do now, what happened, what must not be overlooked. None of them is ever cut off.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Widgets that show a control's value by painting it: a value that changes with every reading must not
 // set the window's layout going.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All windows of the program: built when they are first shown, kept in step with the screens' values,
 // and the one source of the operator's events.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the operator does: events to the program, keys taken before the widgets have them, and the focus
 // in both directions.
 #include <QComboBox>

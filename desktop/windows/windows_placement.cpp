@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where windows come up, and keeping their places from one run of the program to the next.
 #include <QDataStream>
 #include <QIODevice>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An open file or folder, and what an error number means to the person who has to mend it.
 #pragma once
 

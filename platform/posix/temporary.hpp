@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A new file beside another one, which takes its place once its content is on the disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial line over Qt's SerialPort.
 #include "platform/serial_line.hpp"
 

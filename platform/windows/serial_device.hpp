@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A serial port of Windows: opened with its settings, or told why not.
 #pragma once
 

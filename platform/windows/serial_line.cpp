@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial line over Win32, with one read on the way at any time.
 #include "platform/serial_line.hpp"
 

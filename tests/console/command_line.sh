@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # kelp-console as a program: options, scripts from files and standard input, what goes where, how a script
 # can end, and the drives. Usage: command_line.sh CONSOLE FOLDER
 set -u

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Plays a whole-station script on drives of its own: play.sh CONSOLE FOLDER SCRIPT. A script named
 # *.sim.ks plays on the simulated fluorometer. Beside NAME.ks, NAME.expected holds the drives as they are to
 # be afterwards, file by file; the lock file is no file of the station. Configurations repeat that of the

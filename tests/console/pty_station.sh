@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A station over a real pseudo-terminal at a hundred lines a second, with an unplugged cable on the way.
 # Usage: pty_station.sh CONSOLE FLUOROMETER FOLDER [DEVICE]. A console of Windows knows the link FOLDER/port by
 # the name DEVICE.

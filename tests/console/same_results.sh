@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The demo station gives the same files whenever it is played, and the same results whether Autoread or a
 # hand saves them. Usage: same_results.sh CONSOLE DEMO FOLDER
 set -eu

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The acquisition screen as an instrument panel.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program in its windows, on a scripted platform and a disk in memory.
 #pragma once
 

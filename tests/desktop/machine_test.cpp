@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the desktop program: its dialogs, printer, editor, settings and the run of passes.
 #include <gtest/gtest.h>
 

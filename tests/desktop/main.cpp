@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the desktop's tests: on the offscreen platform unless told otherwise, with settings and drives of
 // their own.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Answers a modal dialog from inside its own event loop, as an operator would; files for the tests.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs a program on a display of its own, with a window manager: without one no window becomes active.
 # on_a_display.sh PROGRAM [ARGUMENTS]; KELP_DISPLAY_SIZE=1280x800 makes it smaller
 set -eu

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The review in the desktop: its window by keyboard, its pictures on paper, the calibration's question.
 #include <QComboBox>
 #include <QImage>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop program as a whole: real windows, keys and clicks, real files, and an instrument on a
 // pseudo-terminal.
 #include <gtest/gtest.h>

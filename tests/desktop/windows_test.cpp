@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows show every control of their screens and report what the operator does.
 #include <gtest/gtest.h>
 

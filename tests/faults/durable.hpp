@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a power cut leaves of the files below one folder: the content of a file as it was at its last flush,
 // the names of a folder as they were at the folder's last flush. All else is gone.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The disk fails at every call that changes a file, once or until the operator mends it, over a station with
 // standards, a skipped and an added sample, an undo, F10, a restore, a recalculation and its save: told each
 // time, no value lost, and the run ends well. The program runs in this process, with an operator who reads

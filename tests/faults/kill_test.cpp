@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kelp-console is ended at every call that changes a file, over two stations with standards, a remark, a
 // skipped and an added sample, an undo, carried-over values, F10, a restore, a recalculation and both saves:
 // killed before the call, behind it and half-way through a write, or by a power cut that leaves only what was

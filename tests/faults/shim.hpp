@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stands between a program and the system calls with which it changes files below one folder: counts them,
 // notes them, makes the N-th fail, or ends the program there as a power cut would.
 #pragma once

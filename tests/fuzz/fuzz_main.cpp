@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One fuzzer; KELP_FUZZ_NAME chooses its target.
 #include <cstddef>
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Replays the corpus of the fuzzers.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/fuzz/targets.hpp"
 
 #include <cmath>
@@ -7,12 +8,12 @@
 #include <sstream>
 
 #include "app/door.hpp"
-#include "script/own_time.hpp"
-#include "script/player.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
 #include "platform/scripted.hpp"
 #include "record/old_journal.hpp"
+#include "script/own_time.hpp"
+#include "script/player.hpp"
 #include "tests/support/memory_disk.hpp"
 
 namespace kelp {

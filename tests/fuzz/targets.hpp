@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the fuzzers throw at the program, one function for each kind of text that comes from outside. Each
 // aborts when the program breaks a promise; without a fuzzer they replay the corpus.
 #pragma once

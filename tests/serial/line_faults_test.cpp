@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What can become of the instrument's line while a station runs: unplugged in every step and plugged in at
 // another device path, noise, no line ends, a flood. KELP_FLOOD_SECONDS makes the flood longer.
 #include <gtest/gtest.h>
@@ -8,8 +9,8 @@
 #include <fstream>
 #include <random>
 
-#include "console/device_host.hpp"
 #include "acquire/instrument_line.hpp"
+#include "console/device_host.hpp"
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"

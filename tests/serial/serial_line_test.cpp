@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial line on a real pseudo-terminal.
 #include "platform/serial_line.hpp"
 

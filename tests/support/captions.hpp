@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every caption that the Start button can carry, and what [Back], F5/F7 and a click on a mean box do
 // with it. The copros are "3-1" and "2-5".
 #pragma once

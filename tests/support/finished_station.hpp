@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A station whose samples have been read and calculated, ready to be saved; and the same station opened
 // again in another run of the program.
 #pragma once

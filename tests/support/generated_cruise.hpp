@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A cruise as it might come home: base files of many stations with smooth profiles, a clean instrument and
 // nothing to find, into which a test plants its faults.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The disk of this machine in a temporary folder, and the system calls with which it writes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stations that a crash interrupts, and the program that starts again on the same disk.
 #pragma once
 

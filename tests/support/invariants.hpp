@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What holds after every event, whatever the operator did: the random operator looks after each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A disk in memory for tests: names without regard to letter case, and an operation that fails on
 // demand.
 #pragma once

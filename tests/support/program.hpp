@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program on a scripted platform and a disk in memory, with the operator's doings as short
 // calls.
 #pragma once

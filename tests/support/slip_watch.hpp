@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Looks after a run, event by event: no value gets into a wrong cell, and nothing is silent.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder of its own for a test, gone with its scope.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The disk of Windows: what it refuses, what it must take, and what another program does to it.
 #include <gtest/gtest.h>
 #include <windows.h>

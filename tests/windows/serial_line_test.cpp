@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial line on a port of Windows at whose other end a fluorometer sends some lines a second, as
 // `kelp-fluorometer` does. KELP_TEST_PORT names the port; without it there is nothing to hear.
 #include "platform/serial_line.hpp"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The installer and the desktop of Windows under Wine: desktop.sh WINDOWS_BUILD LINUX_BUILD FOLDER. It installs
 # into a new prefix, plays a whole station in the real windows, looks at them, upgrades and uninstalls.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The console of Windows under Wine beside that of Linux: terminal.sh WINDOWS_BUILD LINUX_BUILD FOLDER. Each
 # step says what it compared; the first one that fails ends it.
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of the review window's tabs, over a generated cruise with something to find.
 #pragma once
 

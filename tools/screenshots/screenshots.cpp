@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kelp-screenshots FOLDER [dark] [WxH]: draws every window, filled with a station that is being run, into
 // FOLDER as PNG files; the acquisition screen as large as a display of that size leaves room (1280x800). The
 // scale is that of QT_SCALE_FACTOR; no display is needed (-platform offscreen).
