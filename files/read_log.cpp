@@ -63,7 +63,7 @@ void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& ma
   const std::string text = OneField(line, false);
   const auto append = [&](const std::string& path, const std::string& record) {
     try {
-      disk.Append(path, record + "\r\n");
+      kelp.platform.Aside([&] { disk.Append(path, record + "\r\n"); });
     } catch (const FileError& error) {
       // The value is safe in the table and the grid: the run must go on to the next tube.
       kelp.LogTrouble = error.what();
@@ -77,7 +77,7 @@ void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& ma
 void FlushReadLog(Kelp& kelp) {
   for (const std::string* path : {&kelp.run.CsvFile, &kelp.run.TmpFile}) {
     try {
-      if (!path->empty()) kelp.platform.disk().Flush(*path);
+      if (!path->empty()) kelp.platform.Aside([&] { kelp.platform.disk().Flush(*path); });
     } catch (const FileError& error) {
       SetStatus(kelp, std::string(error.what()) + " (the last lines of the read log)");
     }

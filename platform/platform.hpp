@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -77,6 +78,10 @@ class Platform {
   virtual void ScreenShown(const std::string& screen) = 0;
   virtual void ScreenHidden(const std::string& screen) = 0;
   virtual void ScreenRaised(const std::string& screen) = 0;
+
+  /// Does work that waits for a disk, and returns when it is done; what it throws is thrown here. A platform
+  /// with windows keeps them alive meanwhile, but lets no handler, pass or tick run.
+  virtual void Aside(const std::function<void()>& work) { work(); }
 
   /// The names of this machine and of who is logged in on it, for what other machines are told.
   virtual std::string MachineName() = 0;

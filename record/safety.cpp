@@ -73,7 +73,8 @@ void Write(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {
-      OpenRecord(kelp).Write(book.Pending);
+      Database& record = OpenRecord(kelp);
+      kelp.platform.Aside([&] { record.Write(book.Pending); });
       if (!book.Pending.empty()) book.LastWritten = book.Pending.back().Uid;
       return;
     } catch (const RecordError& error) {

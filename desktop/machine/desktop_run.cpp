@@ -26,7 +26,11 @@ DesktopRun::DesktopRun(Options options)
     : options_(std::move(options)),
       settings_(LoadSettings()),
       drives_(DrivesFor(settings_, options_)),
-      disk_(MakeHostDisk(drives_), [this](const std::string& path) { Written(path); }),
+      disk_(MakeHostDisk(drives_),
+            [this](const std::string& path) {
+              // A log is written beside the windows' own thread.
+              QMetaObject::invokeMethod(&runner_, [this, path] { Written(path); });
+            }),
       simulated_(options_.Seed),
       line_([this](int port) { return Device(port); }, [this] { return simulated_.NextLine(kelp_); }),
       platform_(disk_, drives_, line_, settings_.Editor, settings_.Printer),

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/machine/qt_platform.hpp"
 
+#include <QEventLoop>
+#include <exception>
+#include <thread>
+
 #include "desktop/machine/file_dialog.hpp"
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/text_editor.hpp"
@@ -28,6 +32,24 @@ void QtPlatform::ChoosePrinter() {
 
 void QtPlatform::EndDocument() {
   printer_.EndDocument([this](const Message& message) { return Ask(message); }, disk_, PdfPath());
+}
+
+// A share that takes a second for a flush is not to make the screen stand: it is drawn, while keys and clicks
+// wait.
+void QtPlatform::Aside(const std::function<void()>& work) {
+  QEventLoop loop;
+  std::exception_ptr failure;
+  std::thread worker([&] {
+    try {
+      work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+  });
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+  worker.join();
+  if (failure) std::rethrow_exception(failure);
 }
 
 std::string QtPlatform::MachineName() { return HostMachineName(); }

@@ -56,6 +56,7 @@ class QtPlatform : public Platform {
   void ScreenShown(const std::string& screen) override { Screens.Shown(screen); }
   void ScreenHidden(const std::string& screen) override { Screens.Hidden(screen); }
   void ScreenRaised(const std::string& screen) override { Screens.Raised(screen); }
+  void Aside(const std::function<void()>& work) override;
   std::string MachineName() override;
   std::string UserName() override;
   LocalTime Now() override;

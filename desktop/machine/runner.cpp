@@ -2,6 +2,7 @@
 #include "desktop/machine/runner.hpp"
 
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace kelp {
 
@@ -58,6 +59,7 @@ void Runner::Run(const Work& work, bool edit) {
   }
   After(edit);
   SetTimers();
+  if (std::exchange(missed_, false)) QTimer::singleShot(0, this, &Runner::BytesCame);
 }
 
 void Runner::SetTimers() {
@@ -77,6 +79,8 @@ bool Runner::Post(const Event& event) {
 }
 
 void Runner::BytesCame() {
+  // While a handler waits for the disk its bytes wait too.
+  missed_ |= busy_;
   if (passes_.isActive()) passes_.start();
   if (WantsPasses(kelp_)) Run([this] { Pass(kelp_); }, false);
 }

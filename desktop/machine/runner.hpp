@@ -46,6 +46,7 @@ class Runner : public QObject {
   QTimer ticks_;
   QTimer minutes_;
   bool busy_ = false;
+  bool missed_ = false;  ///< bytes came while a handler ran
   int dialogs_ = 0;
   bool ended_ = false;
 };

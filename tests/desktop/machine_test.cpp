@@ -9,21 +9,41 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 
 #include "acquire/read_loop.hpp"
 #include "desktop/machine/command_line.hpp"
 #include "desktop/machine/message_box.hpp"
+#include "desktop/machine/qt_platform.hpp"
 #include "desktop/machine/report_pages.hpp"
 #include "desktop/machine/report_printer.hpp"
 #include "desktop/machine/runner.hpp"
 #include "desktop/machine/settings_dialog.hpp"
 #include "desktop/machine/text_editor.hpp"
+#include "platform/host.hpp"
 #include "platform/scripted.hpp"
 #include "tests/desktop/modal.hpp"
 #include "tests/support/program.hpp"
 
 namespace kelp {
 namespace {
+
+TEST(SlowDisk, IsWaitedForWhileTheWindowsLive) {
+  QTemporaryDir folder;
+  DriveMap drives{folder.path().toStdString()};
+  const std::unique_ptr<Disk> disk = MakeHostDisk(drives);
+  FluorometerLine line([](int) { return std::string(); }, [] { return std::string(); });
+  const QString none;
+  QtPlatform platform(*disk, drives, line, none, none);
+  QTimer timer;
+  int ticks = 0;
+  QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+  timer.start(20);
+  platform.Aside([] { QThread::msleep(500); });
+  EXPECT_GE(ticks, 10);
+  EXPECT_THROW(platform.Aside([] { throw FileError("c:\\x", "no space"); }), FileError);
+}
 
 TEST(MessageBoxes, AnswerWhatTheOperatorPressed) {
   struct Row {
