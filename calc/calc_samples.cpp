@@ -42,8 +42,10 @@ std::string ResultsText(const Kelp& kelp, int row) {
 }
 
 void AppendResults(Kelp& kelp, const std::string& lines) {
-  AppendUnderHead(kelp.platform.disk(), kelp.run.PrnBackupFile,
-                  std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n", lines);
+  kelp.platform.Aside([&] {
+    AppendUnderHead(kelp.platform.disk(), kelp.run.PrnBackupFile,
+                    std::string(kResultsHeading) + "\r\n" + kResultsRule + "\r\n", lines);
+  });
 }
 
 // The sample just finished: the pointer has moved on to the next sample unless the run stands at
