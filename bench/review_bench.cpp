@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "review/html_review.hpp"
-#include "tests/support/generated_cruise.hpp"
+#include "simulator/generated_cruise.hpp"
 #include "tests/support/memory_disk.hpp"
 
 namespace kelp {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "platform/host.hpp"
 
@@ -42,8 +43,8 @@ class HostDisk : public Disk {
   // Files whose flush failed. What the system still shows of them may not be on the disk, so the next
   // line goes with all the others into a new file.
   std::set<std::filesystem::path> doubtful_ = {};
-  // Where the logs lie that were written last.
-  std::map<std::string, std::filesystem::path> logs_ = {};
+  // Where the logs lie that were written last, by drive folder and program path: a drive may be moved.
+  std::map<std::pair<std::filesystem::path, std::string>, std::filesystem::path> logs_ = {};
   // Program paths of logs whose last lines the system may still hold back; true for one whose name too.
   std::map<std::string, bool> unflushed_ = {};
   // Folders whose new name may not be on the disk: that flush failed and is to be made up for.

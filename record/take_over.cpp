@@ -2,6 +2,7 @@
 // What other files hold of accepted values: a spare from days when the record could not be written, and the
 // journals of Kelp 0.1. Each is taken into the record once and kept under another name.
 #include <cstdlib>
+#include <map>
 
 #include "core/config.hpp"
 #include "core/date_time.hpp"
@@ -52,7 +53,10 @@ void TakeJournal(Kelp& kelp, const std::string& path) {
     event.Station = station.BaseFile;
     event.Name.clear();
     event.Number = station.BaseFile.substr(station.BaseFile.rfind('\\') + 1).substr(3);
-    for (const auto& [place, value] : station.Values) {
+    // The record holds a place once an event; of two lines for one place the later counts.
+    std::map<std::string, std::string> last;
+    for (const auto& [place, value] : station.Values) last[place] = value;
+    for (const auto& [place, value] : last) {
       event.Values.push_back({place, "", "", value});
       if (place == "txtStaInfo(1)") event.Name = Trim(value);
       if (place == "Combo1") event.Analyst = Trim(value);

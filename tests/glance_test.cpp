@@ -293,20 +293,5 @@ TEST(CreateScreen, MarksWhatDeservesASecondLookAndWritesTimesOut) {
   EXPECT_EQ(int{desk.run().SampCount}, 0) << "no samples stay allowed";
 }
 
-TEST(ReadingOnly, ValuesAreShownAndNotTaken) {
-  Program desk;
-  Start(desk.kelp);
-  desk.Click("frmMain", "Command1", 1);
-  FrmEditCFG& editor = desk.kelp.frmEditCFG;
-  EXPECT_EQ(editor.txtLine[33].Text, "47");
-  desk.Type("frmEditCFG", "txtLine", 33, "99");
-  EXPECT_EQ(editor.txtLine[33].Text, "47");
-  desk.Answers({Answer::Ok});
-  desk.Click("frmEditCFG", "Command1", 0);
-  EXPECT_EQ(desk.kelp.Focus.Control, "cmdBack") << "the way back is under the hand";
-  desk.Key("frmEditCFG", kKeyEnter);
-  EXPECT_EQ(desk.kelp.Shown, std::vector<std::string>{"frmMain"});
-}
-
 }  // namespace
 }  // namespace kelp

@@ -126,9 +126,10 @@ TEST(Record, Finding01ACutOffSectionOfAnOldJournalDoesNotHideTheWholeOneAndItIsT
   const auto section = [](const std::string& rb, const std::string& rows) {
     std::string text;
     for (const std::string& line :
-         {std::string("station 1 0 ") + kBase002, "SampCount 0 0 " + rows, "grid 1 3 " + rb,
-          "table 5 7 " + rb, std::string("txtBlank 0 0 0.0050"), std::string("BeginBlankText 0 0 0.0050"),
-          std::string("RunDate 0 0 11/23/2026,02:10:31"), std::string("SampNum 0 0 1")})
+         {std::string("station 1 0 ") + kBase002, "SampCount 0 0 " + rows, std::string("grid 1 3 1.9999"),
+          "grid 1 3 " + rb, "table 5 7 " + rb, std::string("txtBlank 0 0 0.0050"),
+          std::string("BeginBlankText 0 0 0.0050"), std::string("RunDate 0 0 11/23/2026,02:10:31"),
+          std::string("SampNum 0 0 1")})
       text += OldJournalLine(line);
     return text;
   };

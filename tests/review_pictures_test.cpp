@@ -16,7 +16,7 @@
 #include "review/review.hpp"
 #include "review/svg.hpp"
 #include "review/text_review.hpp"
-#include "tests/support/generated_cruise.hpp"
+#include "simulator/generated_cruise.hpp"
 #include "tests/support/memory_disk.hpp"
 #include "tests/support/temp_folder.hpp"
 

@@ -8,7 +8,7 @@
 #include "platform/error.hpp"
 #include "review/calibration.hpp"
 #include "review/review.hpp"
-#include "tests/support/generated_cruise.hpp"
+#include "simulator/generated_cruise.hpp"
 #include "tests/support/memory_disk.hpp"
 
 namespace kelp {
@@ -100,16 +100,7 @@ TEST(Checks, SayInWordsWhatDoesNotFit) {
   }
 }
 
-TEST(Checks, ABlankThatCreepsDriftsAndAnotherCruiseOfChanceDoesNot) {
-  std::vector<GeneratedStation> stations = GenerateCruise(20);
-  for (std::size_t i = 0; i < stations.size(); ++i) {
-    stations[i].Blank += 0.0002 * static_cast<double>(i);
-    stations[i].EndBlank += 0.0002 * static_cast<double>(i);
-  }
-  const Review review = ReviewOf(stations);
-  ASSERT_FALSE(review.Findings.empty());
-  EXPECT_EQ(review.Findings[0].Text.find("Blank drifts: it rises by 0.00"), 0U) << Found(review);
-  // Values of -99 and boxes that were never read are no points; a cruise without values has no charts.
+TEST(Checks, ValuesThatWereNeverReadAreNoPoints) {
   Station unread;
   unread.Blank = {MeasuredBox("0"), MeasuredBox("-99.00")};
   EXPECT_TRUE(ControlCharts({unread, unread}, kLimits).empty());

@@ -90,19 +90,4 @@ TEST(RoundTrip, UnreadValuesComeBackUnread) {
   }
 }
 
-TEST(RoundTrip, TheNextStationBringsItsOwnBlanksWhenItWasSavedBefore) {
-  FinishedStation program(2);
-  program.Save();
-  StationFiles other;
-  other.disk.Files = program.disk.Files;
-  other.Configure(kCfgProcNum, "0");
-  other.OpenStation(1);
-  other.run().BeginBlankText = other.run().EndBlankText = "0.0099";
-  other.Click("frmAcquire", "Command6");
-  other.DblClick("frmWhatsNext", "Option1", 0);
-  EXPECT_EQ(other.run().ProcNum, "002");
-  EXPECT_EQ(HeaderTexts(other), HeaderTexts(program));
-  ExpectSameGrid(other, program);
-}
-
 }  // namespace kelp

@@ -172,24 +172,6 @@ TEST(RunControls, KeysAskFirstAndOnlyYesActs) {
   }
 }
 
-TEST(RunControls, RelocationMovesTheRunAfterTwoWarnings) {
-  Steering program("Load Next Sample");
-  const auto at = [&](int row, int col, Answer second) {
-    program.Answers({Answer::Yes, second});
-    Post(program.kelp,
-         {.Kind = EventKind::DblClick, .Place = {"frmAcquire", "datalog"}, .Row = row, .Col = col});
-    return std::to_string(program.run().SampNum) + " " + program.caption();
-  };
-  EXPECT_EQ(at(1, kColRb, Answer::No), "3 Load Next Sample");
-  EXPECT_EQ(at(2, kColDepth, Answer::Yes), "2 Load Next Sample");
-  EXPECT_EQ(at(1, kColRa, Answer::Yes), "1 Acidify");
-  EXPECT_TRUE(program.run().ReadFlag);
-  EXPECT_EQ(program.run().RbReading, 2.0F) << "the Ra is compared with this sample's Rb";
-  EXPECT_EQ(at(4, kColRb, Answer::Yes), "4 Load Station Sample");
-  program.Key("frmAcquire", kKeySpace);
-  EXPECT_EQ(program.cell(4, kColRb), "2.0000") << "the space bar starts the reading and types nothing";
-}
-
 TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
   static constexpr std::tuple<int, const char*, const char*, std::uint32_t> kRows[] = {
       {0, "&Start", "STANDBY", kTraceMagenta},    {1, "Load Blank", "BLANK", kTraceMagenta},
@@ -208,27 +190,6 @@ TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
     EXPECT_EQ(program.caption(), caption);
     EXPECT_EQ(program.run().StepName, step);
     EXPECT_EQ(program.run().TraceColor, trace) << option;
-  }
-}
-
-TEST(RunControls, ARemarkGoesToTheTableRowOfTheSamplesNumber) {
-  // Behind the last sample the table keeps to its row, and the grid has the remark on the sample just run.
-  static constexpr std::tuple<const char*, int, int, int, int, int> kRows[] = {
-      {"Load Next Sample", 2, 1, 2, 12, 2},
-      {"Load Next Sample", 3, 0, 3, 11, 3},
-      {"Acidify", 2, 1, 3, 12, 3},
-      {"What's Next", 2, 0, 2, 11, 3}};
-  for (const auto& [caption, option, source, row, field, sample] : kRows) {
-    Steering program(caption);
-    program.Key("frmAcquire", kKeyF1 + 8);
-    program.Type("dlgRunRem", "Text1", -1, "   ");
-    program.Click("dlgRunRem", "OKButton");
-    program.Type("dlgRunRem", "Text1", -1, " bubbles ");
-    program.Click("dlgRunRem", "Option1", option);
-    program.Click("dlgRunRem", "Option1", source);
-    program.Click("dlgRunRem", "OKButton");
-    EXPECT_EQ(program.run().SampTbl(row, field), "bubbles") << caption;
-    EXPECT_EQ(program.cell(sample, field + 1), "bubbles");
   }
 }
 

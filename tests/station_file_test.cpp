@@ -5,8 +5,8 @@
 #include "files/cruise.hpp"
 #include "files/database_csv.hpp"
 #include "review/station.hpp"
+#include "simulator/generated_cruise.hpp"
 #include "tests/support/finished_station.hpp"
-#include "tests/support/generated_cruise.hpp"
 
 namespace kelp {
 

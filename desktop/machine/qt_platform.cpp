@@ -3,6 +3,7 @@
 
 #include <QEventLoop>
 #include <exception>
+#include <system_error>
 #include <thread>
 
 #include "desktop/machine/file_dialog.hpp"
@@ -39,14 +40,19 @@ void QtPlatform::EndDocument() {
 void QtPlatform::Aside(const std::function<void()>& work) {
   QEventLoop loop;
   std::exception_ptr failure;
-  std::thread worker([&] {
-    try {
-      work();
-    } catch (...) {
-      failure = std::current_exception();
-    }
-    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-  });
+  std::thread worker;
+  try {
+    worker = std::thread([&] {
+      try {
+        work();
+      } catch (...) {
+        failure = std::current_exception();
+      }
+      QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+  } catch (const std::system_error&) {  // no thread to be had: the value goes to the disk all the same
+    return work();
+  }
   loop.exec(QEventLoop::ExcludeUserInputEvents);
   worker.join();
   if (failure) std::rethrow_exception(failure);

@@ -21,7 +21,8 @@ int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : grid_.Cols; }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const Grid::Cell& cell = grid_.At(index.row() + 1, index.column());
+  // What ShowChanges announced: while a value waits for the disk, it is not to be seen yet.
+  const Grid::Cell& cell = shown_.At(index.row() + 1, index.column());
   switch (role) {
     case Qt::DisplayRole: return FromProgram(cell.Text);
     case Qt::BackgroundRole: return QColor::fromRgb(cell.BackColor);

@@ -124,12 +124,13 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
 
 // A log is found by the way it was found last, as long as it stands there: a tick walks no whole path.
 fs::path HostDisk::PlaceOfLog(const std::string& path) {
-  const auto known = logs_.find(path);
+  if (path.empty()) return drives_.HostPath(path);
+  const auto known = logs_.find({drives_.DriveFolder(path[0]), path});
   struct stat status {};
   if (known != logs_.end() && ::lstat(known->second.c_str(), &status) == 0 && S_ISREG(status.st_mode))
     return known->second;
   if (logs_.size() > 8) logs_.clear();
-  return logs_[path] = drives_.HostPath(path);
+  return logs_[{drives_.DriveFolder(path[0]), path}] = drives_.HostPath(path);
 }
 
 void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {

@@ -15,9 +15,9 @@
 #include "desktop/review/running_profile.hpp"
 #include "desktop/review/text_table.hpp"
 #include "review/profile_picture.hpp"
+#include "simulator/generated_cruise.hpp"
 #include "tests/desktop/desk.hpp"
 #include "tests/desktop/modal.hpp"
-#include "tests/support/generated_cruise.hpp"
 
 namespace kelp {
 namespace {

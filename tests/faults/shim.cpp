@@ -65,7 +65,8 @@ bool Counted(DiskCall call, int fd = -1, const void* data = nullptr, std::size_t
   if (fd >= 0) call.Path = PathOf(fd);
   if (!call.Path.starts_with(faults.Root)) return false;
   const int number = static_cast<int>(faults.Calls.size()) + 1;
-  const bool hit = faults.At > 0 && (number == faults.At || (faults.ForGood && number > faults.At));
+  const bool hit = (faults.At > 0 && (number == faults.At || (faults.ForGood && number > faults.At))) ||
+                   (!faults.Fails.empty() && call.Name == faults.Fails);
   Log(call);
   if (!faults.Durable.empty() && faults.Calls.empty()) TheDurable().Begin(faults.Root);
   if (hit && faults.Kill && !faults.After) {

@@ -28,6 +28,7 @@ struct Faults {
   int SlowFlush = 0;         ///< milliseconds that every flush takes longer
   int Error = 0;             ///< instead of a kill: the call fails with this error number
   bool ForGood = false;      ///< and all after it too
+  std::string Fails = {};    ///< every call of this name fails
   bool ShortWrites = false;  ///< every write takes half of the bytes only
   int Failures = 0;
   std::vector<DiskCall> Calls = {};

@@ -7,7 +7,7 @@
 #include <cstdio>
 
 #include "desktop/review/review_window.hpp"
-#include "tests/support/generated_cruise.hpp"
+#include "simulator/generated_cruise.hpp"
 
 namespace kelp {
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The real disk: what it writes and in which order, and what it refuses. Every call failing in the course of
 // a station is the matter of the tests on faults.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,38 +11,7 @@
 
 #include "platform/error.hpp"
 #include "platform/host.hpp"
-#include "tests/support/host_disk_test.hpp"
-
-namespace {
-
-using kelp::calls;
-
-template <class... Arguments>
-long Made(const char* name, long number, Arguments... arguments) {
-  if (calls != nullptr) {
-    calls->Trace += calls->Trace.empty() ? name : std::string(" ") + name;
-    errno = calls->Error;
-    if (calls->Fails == name) return -1;
-    errno = 0;
-  }
-  return syscall(number, arguments...);
-}
-
-}  // namespace
-
-extern "C" {
-ssize_t write(int fd, const void* data, size_t size) {
-  return Made("write", SYS_write, fd, data, calls != nullptr && calls->HalfWrites ? (size + 1) / 2 : size);
-}
-int fdatasync(int fd) { return static_cast<int>(Made("flush", SYS_fdatasync, fd)); }
-int fsync(int fd) { return static_cast<int>(Made("flush-folder", SYS_fsync, fd)); }
-int rename(const char* from, const char* to) noexcept {
-  return static_cast<int>(Made("rename", SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-int link(const char* from, const char* to) noexcept {
-  return static_cast<int>(Made("link", SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-}
+#include "tests/faults/host_disk_test.hpp"
 
 namespace kelp {
 
@@ -103,19 +70,19 @@ TEST_F(HostDiskTest, RefusesWithTheFileAndTheReason) {
 TEST_F(HostDiskTest, FlushesInOrderAndNeverLeavesHalfALine) {
   const auto append = [&] { disk->Append("c:\\log", "two\r\n"); };
   data.Write("drive_c/log", "one\r\n");
-  EXPECT_EQ(Trace([&] { disk->Replace("c:\\file", "old"); }), "write flush rename flush-folder");
-  EXPECT_EQ(Trace([&] { disk->Append("c:\\new", "line\r\n"); }), "write flush flush-folder");
-  EXPECT_EQ(Trace([&] { disk->Keep("c:\\file", "c:\\base"); }), "link flush-folder");
-  EXPECT_EQ(Trace(append), "write flush");
+  EXPECT_EQ(Trace([&] { disk->Replace("c:\\file", "old"); }), "write fdatasync rename fsync");
+  EXPECT_EQ(Trace([&] { disk->Append("c:\\new", "line\r\n"); }), "write fdatasync fsync");
+  EXPECT_EQ(Trace([&] { disk->Keep("c:\\file", "c:\\base"); }), "link fsync");
+  EXPECT_EQ(Trace(append), "write fdatasync");
 
-  EXPECT_NE(Trouble(append, {.HalfWrites = true}).find("no space"), std::string::npos);
+  EXPECT_NE(Trouble(append, {.ShortWrites = true}).find("no space"), std::string::npos);
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\ntwo\r\n");
-  EXPECT_EQ(Trouble([&] { disk->Replace("c:\\file", "whole"); }, {.HalfWrites = true}), "");
+  EXPECT_EQ(Trouble([&] { disk->Replace("c:\\file", "whole"); }, {.ShortWrites = true}), "");
   EXPECT_EQ(data.Read("drive_c/file"), "whole");
   // A failed flush may have dropped the bytes: the next line goes into a new file.
-  EXPECT_NE(Trouble(append, {.Fails = "flush"}), "");
-  EXPECT_EQ(Trace(append), "write flush rename flush-folder");
-  EXPECT_EQ(Trace(append), "write flush");
+  EXPECT_NE(Trouble(append, {.Error = EIO, .Fails = "fdatasync"}), "");
+  EXPECT_EQ(Trace(append), "write fdatasync rename fsync");
+  EXPECT_EQ(Trace(append), "write fdatasync");
   EXPECT_EQ(data.Read("drive_c/log"), "one\r\ntwo\r\ntwo\r\ntwo\r\n");
 }
 
@@ -123,16 +90,15 @@ TEST_F(HostDiskTest, Finding10AFolderThatCanNotBeFlushedIsNotAskedAgainAndAFaile
   data.Write("drive_c/there", "");
   const auto folder = [&](const char* path) { return [&, path] { disk->MakeFolder(path); }; };
   for (const int error : {EOPNOTSUPP, EINVAL, ENOSYS}) {
-    Calls made{.Fails = "flush-folder", .Error = error};
-    EXPECT_EQ(Run([&] { disk->Replace("c:\\file", "x"); }, made), "") << error;
-    EXPECT_EQ(made.Trace, "write flush rename flush-folder");
+    EXPECT_EQ(Trace([&] { disk->Replace("c:\\file", "x"); }, {.Error = error, .Fails = "fsync"}),
+              "write fdatasync rename fsync");
   }
-  EXPECT_EQ(Trace(folder("c:\\one")), "flush-folder");
-  EXPECT_NE(Trouble(folder("c:\\two"), {.Fails = "flush-folder"}), "");
-  EXPECT_EQ(Trace(folder("c:\\two")), "flush-folder") << "it is there, but its name is not safe yet";
+  EXPECT_EQ(Trace(folder("c:\\one")), "fsync");
+  EXPECT_NE(Trouble(folder("c:\\two"), {.Error = EIO, .Fails = "fsync"}), "");
+  EXPECT_EQ(Trace(folder("c:\\two")), "fsync") << "it is there, but its name is not safe yet";
   EXPECT_EQ(Trace(folder("c:\\two")), "");
   // The folder that --drives names, and those above it.
-  EXPECT_EQ(Trace([&] { MakeHostFolder(data.Path / "a/b"); }), "flush-folder flush-folder");
+  EXPECT_EQ(Trace([&] { MakeHostFolder(data.Path / "a/b"); }), "fsync fsync");
 }
 
 TEST_F(HostDiskTest, Finding11TheClaimOutlivesItsFile) {
@@ -148,7 +114,7 @@ TEST_F(HostDiskTest, Finding12LinesOfTheLogAreFlushedTogether) {
   data.Write("drive_c/log", "head\r\n");
   EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "1\r\n"); }), "write");
   EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "2\r\n"); }), "write");
-  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "flush");
+  EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "fdatasync");
   EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "") << "nothing is owed any more";
   EXPECT_EQ(data.Read("drive_c/log"), "head\r\n1\r\n2\r\n");
 }

@@ -11,7 +11,7 @@
 #include "platform/scripted.hpp"
 #include "record/book.hpp"
 #include "record/record.hpp"
-#include "tests/support/host_disk_test.hpp"
+#include "tests/faults/host_disk_test.hpp"
 
 namespace kelp {
 
@@ -51,8 +51,8 @@ TEST_F(HostDiskTest, Finding10ARecordThatCanNotBeWrittenGrowsNothingAndIsMadeUpF
     EXPECT_FALSE(kelp.record.Unsafe) << kelp.record.Trouble;
     EXPECT_TRUE(Contains(ListRecord(*disk, "c:\\chl002").back(), "-> " + value + " ("));
   };
-  Calls made{.Fails = "flush", .Error = EOPNOTSUPP};
-  Run([&] { tryOften("1.0000", "input/output error", false); }, made);
+  Trouble([&] { tryOften("1.0000", "input/output error", false); },
+          {.Error = EOPNOTSUPP, .Fails = "fdatasync"});
   expectMended("1.0000");
 
   int ready[2];
