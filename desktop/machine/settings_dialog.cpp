@@ -6,18 +6,17 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QSet>
 #include <QVBoxLayout>
 
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/paths.hpp"
 #include "desktop/machine/serial_ports.hpp"
+#include "desktop/machine/settings_table.hpp"
 #include "platform/host.hpp"
 #include "platform/serial_line.hpp"
 
@@ -27,47 +26,12 @@ namespace {
 
 constexpr int kWidth = 480;
 
-QTableWidget* MakeTable(const QString& name, const QStringList& headings) {
-  auto* table = new QTableWidget(0, 2);
-  table->setAccessibleName(name);
-  table->setHorizontalHeaderLabels(headings);
-  table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-  table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
-  table->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-  table->setMinimumHeight(4 * table->fontMetrics().height());
-  table->verticalHeader()->hide();
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setTabKeyNavigation(false);
-  return table;
-}
-
 template <class Clicked>
 void AddButton(QLayout* layout, const QString& caption, QWidget* owner, const Clicked& clicked) {
   auto* button = new QPushButton(caption);
   button->setAutoDefault(false);
   QObject::connect(button, &QPushButton::clicked, owner, clicked);
   layout->addWidget(button);
-}
-
-QString CellText(const QTableWidget& table, int row, int col) {
-  if (const auto* combo = qobject_cast<QComboBox*>(table.cellWidget(row, col)))
-    return combo->currentText().trimmed();
-  const QTableWidgetItem* item = table.item(row, col);
-  return item == nullptr ? QString() : item->text().trimmed();
-}
-
-// What is wrong with a table's first column, or nothing.
-template <class Good>
-QString ColumnProblem(const QTableWidget& table, const QString& what, const Good& good) {
-  QSet<QString> seen;
-  for (int row = 0; row < table.rowCount(); ++row) {
-    const QString key = CellText(table, row, 0).toLower();
-    if (CellText(table, row, 1).isEmpty()) continue;
-    if (!good(key)) return QStringLiteral("\"%1\" is no %2.").arg(key, what);
-    if (seen.contains(key)) return QStringLiteral("The %1 %2 is there twice.").arg(what, key);
-    seen.insert(key);
-  }
-  return {};
 }
 
 bool IsLetter(const QString& key) { return key.size() == 1 && key.at(0) >= 'a' && key.at(0) <= 'z'; }
