@@ -19,7 +19,7 @@ inline constexpr Palette kLightPalette = {"#ffffff",
                                            "#7a3b8f", "#b3001b", "#f3ead0", "#e5d6ab", "#d3bf88", "#bda262"}};
 inline constexpr Palette kDarkPalette = {"#1b1f23",
                                          {"#e8ecef", "#aeb8c0", "#3a4248", "#5fd0a5", "#ffb066", "#8ab8ff",
-                                          "#d6a2e8", "#ff8a8a", "#2b2a22", "#3a3626", "#4b452c", "#5f5733"}};
+                                          "#d6a2e8", "#ff8a8a", "#38341f", "#4a4427", "#5c512c", "#6e6031"}};
 
 inline std::string_view ColourOf(const Palette& palette, Ink ink) {
   return palette.Inks[static_cast<std::size_t>(ink)];

@@ -51,6 +51,7 @@ void StationsTab::Refresh() {
   for (const LeftOut& left : review.Cruise.Left) rows.push_back({Text(left.File), Text(left.Reason)});
   left_->setVisible(!rows.empty());
   left_->Show(std::move(rows));
+  if (review.Cruise.Folder.empty()) return heading_->setText("No stations are shown.");
   heading_->setText(Text("Cruise " + review.Cruise.Name + ", folder " + review.Cruise.Folder + ": " +
                          Counted(review.Stations.size(), "saved station") + ", " +
                          Counted(review.Cruise.Left.size(), "file") + " left out"));

@@ -81,17 +81,20 @@ QWidget* FrmAcquireWindow::MakeReading() {
   auto* stats = new QGridLayout;
   stats->setHorizontalSpacing(4);
   stats->setVerticalSpacing(1);
-  const auto row = [&](int at, int col, int index, QWidget* beside) {
-    stats->addWidget(Controls("lblStats", index), at, col);
-    stats->addWidget(Controls("txtStats", index), at, col + 1);
-    stats->addWidget(beside, at, col + 2);
-  };
-  row(0, 0, kSd, sdSign_);
-  row(0, 4, kCounter, readsSign_);
-  row(1, 0, kRawReading, Controls("Text1"));
-  stats->addWidget(Controls("lblBlank", kBoxAutoCriterion), 1, 4);
-  stats->addWidget(Controls("txtBlank", kBoxAutoCriterion), 1, 5, 1, 2);
   stats->setColumnStretch(2, 1);
+  // Behind the two values each row has widths of its own: the instrument's line is to be seen whole.
+  const auto row = [&](int at, int index, QWidget* beside, std::initializer_list<QWidget*> more) {
+    stats->addWidget(Controls("lblStats", index), at, 0);
+    stats->addWidget(Controls("txtStats", index), at, 1);
+    auto* rest = new QHBoxLayout;
+    rest->setSpacing(4);
+    rest->addWidget(beside, 1);
+    for (QWidget* widget : more) rest->addWidget(widget);
+    stats->addLayout(rest, at, 2);
+  };
+  row(0, kSd, sdSign_, {Controls("lblStats", kCounter), Controls("txtStats", kCounter), readsSign_});
+  row(1, kRawReading, Controls("Text1"),
+      {Controls("lblBlank", kBoxAutoCriterion), Controls("txtBlank", kBoxAutoCriterion)});
 
   auto* layout = new QVBoxLayout(panel);
   layout->setContentsMargins(5, 4, 5, 5);
