@@ -6,8 +6,8 @@
 #include "core/places.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
 #include "workflow/calculate.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 
