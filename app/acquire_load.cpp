@@ -9,7 +9,6 @@
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
 #include "record/record.hpp"
 #include "workflow/whats_next.hpp"
 

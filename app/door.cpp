@@ -13,6 +13,7 @@
 #include "files/read_log.hpp"
 #include "files/station_lock.hpp"
 #include "record/record.hpp"
+#include "workflow/log.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
@@ -176,7 +177,7 @@ void Tick(Kelp& kelp) {
     return;
   }
   Guarded(
-      kelp, [&] { AppendReadLog(kelp); }, [&] { Care(kelp); });
+      kelp, [&] { LogReading(kelp); }, [&] { Care(kelp); });
 }
 
 }  // namespace kelp

@@ -3,7 +3,7 @@
 
 #include "app/editor.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
+#include "workflow/create_base.hpp"
 #include "workflow/run_controls.hpp"
 
 namespace kelp {

@@ -6,8 +6,8 @@
 #include "core/config.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
 #include "record/record.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 

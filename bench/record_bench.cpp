@@ -12,12 +12,12 @@
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
-#include "files/read_log.hpp"
 #include "platform/host.hpp"
 #include "platform/scripted.hpp"
 #include "record/database.hpp"
 #include "record/record.hpp"
 #include "tests/support/temp_folder.hpp"
+#include "workflow/log.hpp"
 
 namespace kelp {
 
@@ -83,7 +83,7 @@ BENCHMARK(AcceptedValue)->Unit(benchmark::kMicrosecond)->Iterations(200)->Repeti
 void LogTick(benchmark::State& state) {
   Bench bench;
   bench.Open("10");
-  for (auto _ : state) AppendReadLog(bench.kelp);
+  for (auto _ : state) LogReading(bench.kelp);
 }
 BENCHMARK(LogTick)->Unit(benchmark::kMicrosecond);
 

@@ -2,7 +2,6 @@
 #include "calc/calc_samples.hpp"
 
 #include <algorithm>
-#include <optional>
 
 #include "calc/pigments.hpp"
 #include "core/numbers.hpp"
@@ -77,13 +76,6 @@ void FallBackOnStoredBlank(Kelp& kelp) {
     blank = average;
 }
 
-void CalcGuardedRow(Kelp& kelp, int row) {
-  FallBackOnStoredBlank(kelp);
-  const PigmentInput in = RowInput(kelp, row);
-  const bool negative = in.Rb < 0 || in.Ra < 0;
-  WriteResults(kelp, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
-}
-
 }  // namespace
 
 void CalcCurrentSample(Kelp& kelp) {
@@ -96,33 +88,29 @@ void CalcRow(Kelp& kelp, int row) {
   AppendResults(kelp, ResultsText(kelp, row));
 }
 
-void CalcAllSamples(Kelp& kelp) {
-  RunState& run = kelp.run;
-  MoveToSample(kelp, std::max(1, int{run.SampCount}));
-  std::string lines;
-  std::string failedRows;
-  std::optional<RunTimeError> failure;
-  for (int row = 1; row <= run.SampCount; ++row) {
-    ShowScreen(kelp, "frmAcquire");
-    try {
-      CalcGuardedRow(kelp, row);
-      lines += ResultsText(kelp, row);
-    } catch (const RunTimeError& error) {
-      if (!failure) failure = error;
-      failedRows += (failedRows.empty() ? "" : ", ") + std::to_string(row);
-    }
+void CalcRowGuarded(Kelp& kelp, int row, AllRows& all) {
+  try {
+    FallBackOnStoredBlank(kelp);
+    const PigmentInput in = RowInput(kelp, row);
+    const bool negative = in.Rb < 0 || in.Ra < 0;
+    WriteResults(kelp, row, negative ? Pigments{-99, -99, -99} : CalcPigments(in));
+    all.Lines += ResultsText(kelp, row);
+  } catch (const RunTimeError& error) {
+    if (!all.Failure) all.Failure = error;
+    all.FailedRows += (all.FailedRows.empty() ? "" : ", ") + std::to_string(row);
   }
-  SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) +
-                      " now.");
-  ShowScreen(kelp, "frmWhatsNext");
+}
+
+void AppendAllRows(Kelp& kelp, AllRows all) {
   try {
     // All lines in one write: a flush for each would keep the operator waiting.
-    if (!lines.empty()) AppendResults(kelp, lines);
+    if (!all.Lines.empty()) AppendResults(kelp, all.Lines);
   } catch (const RunTimeError& error) {
-    if (!failure) throw;
-    failure = RunTimeError(failure->kind(), failure->what() + ("; " + std::string(error.what())));
+    if (!all.Failure) throw;
+    all.Failure = RunTimeError(all.Failure->kind(), all.Failure->what() + ("; " + std::string(error.what())));
   }
-  if (failure) throw RunTimeError(failure->kind(), "row " + failedRows + ": " + failure->what());
+  if (all.Failure)
+    throw RunTimeError(all.Failure->kind(), "row " + all.FailedRows + ": " + all.Failure->what());
 }
 
 }  // namespace kelp

@@ -3,7 +3,11 @@
 // file.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "core/kelp.hpp"
+#include "platform/error.hpp"
 
 namespace kelp {
 
@@ -14,9 +18,18 @@ void CalcCurrentSample(Kelp& kelp);
 /// Calculates a row of the grid, with the same rules.
 void CalcRow(Kelp& kelp, int row);
 
-/// Calculates every sample of the station, with the blank fallback and -99 where a corrected reading
-/// is negative, and opens the chooser. A row that can't be calculated is left out; one error at the
-/// end names all such rows.
-void CalcAllSamples(Kelp& kelp);
+/// What a calculation of all samples has given so far: lines for the file, and rows that can't be calculated.
+struct AllRows {
+  std::string Lines;
+  std::string FailedRows;
+  std::optional<RunTimeError> Failure;  ///< the first
+};
+
+/// Calculates a row with the blank fallback and -99 where a corrected reading is negative. A row that can't
+/// be calculated is left out.
+void CalcRowGuarded(Kelp& kelp, int row, AllRows& all);
+
+/// Appends the lines of all rows. Throws one error that names the rows left out, or FileError.
+void AppendAllRows(Kelp& kelp, AllRows all);
 
 }  // namespace kelp

@@ -7,13 +7,12 @@
 
 namespace kelp {
 
-/// One tick of the log timer: appends a record to `CsvFile` and `TmpFile`. When a file can't be
-/// written the operator may fix that and try again, or go on without this record.
+/// Appends a record, of the time that is in `RunDate`, to `CsvFile` and `TmpFile`. Throws RunTimeError when a
+/// file can't be written.
 void AppendReadLog(Kelp& kelp);
 
-/// Appends the line of a sample just finished or skipped to `CsvFile`, and with `mark` behind it to
-/// `TmpFile`. A file that can't be written is named in a message; the reading stays in the table.
-void AppendSampleLine(Kelp& kelp, const std::string& line, const std::string& mark);
+/// Appends the line of a sample, and `mark` behind it, to one of these files. Throws FileError.
+void AppendSampleLine(Kelp& kelp, const std::string& path, const std::string& line, const std::string& mark);
 
 /// Puts the lines that the log still owes on the disk: a value was stored, or reading stops. A failure stands
 /// in the status bar; what counts is in the record.

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/result_writer.hpp"
 
-#include <optional>
-
 #include "core/config.hpp"
+#include "core/mark.hpp"
 #include "core/text.hpp"
 #include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"
@@ -12,7 +11,6 @@
 #include "files/report.hpp"
 #include "files/station_values.hpp"
 #include "files/table_lines.hpp"
-#include "record/record.hpp"
 
 namespace kelp {
 
@@ -24,14 +22,6 @@ std::string Joined(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
   return text;
-}
-
-bool NoStationIsOpen(const RunState& run) {
-  if (run.PrnFile.empty()) return true;
-  for (int row = 0; row < StationTable::kRows; ++row)
-    for (int col = 0; col < StationTable::kCols; ++col)
-      if (!run.SampTbl(row, col).empty()) return false;
-  return true;
 }
 
 // A save that repeats one that failed goes on where that stopped, unless the data have changed since.
@@ -108,7 +98,16 @@ void AppendToDatabase(Kelp& kelp) {
   saved = mark;
 }
 
-// Writes all files, whether or not the printer works; returns what was wrong with the printer.
+}  // namespace
+
+bool NoStationIsOpen(const RunState& run) {
+  if (run.PrnFile.empty()) return true;
+  for (int row = 0; row < StationTable::kRows; ++row)
+    for (int col = 0; col < StationTable::kCols; ++col)
+      if (!run.SampTbl(row, col).empty()) return false;
+  return true;
+}
+
 std::optional<RunTimeError> WriteStation(Kelp& kelp) {
   RunState& run = kelp.run;
   Disk& disk = kelp.platform.disk();
@@ -144,40 +143,7 @@ std::optional<RunTimeError> WriteStation(Kelp& kelp) {
   return printFailure;
 }
 
-void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) {
-  kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
-                     .Title = std::string(ErrorName(error.kind())),
-                     .Icon = Icon::Critical,
-                     .ReportsFailure = true});
-}
-
-}  // namespace
-
-bool SaveStationResults(Kelp& kelp) {
-  if (NoStationIsOpen(kelp.run)) {
-    Tell(kelp, "No station is open, so there is nothing to save. Create or load its base file first.");
-    return false;
-  }
-  try {
-    const auto printFailure = WriteStation(kelp);
-    if (printFailure) ReportLostPrint(kelp, *printFailure);
-    return !printFailure;
-  } catch (const RunTimeError& error) {
-    Report(kelp, error,
-           "The save of station " + kelp.run.ProcNum +
-               " stopped there. Mend this, then save again: what was written before is still there and is "
-               "not written twice.");
-    return false;
-  }
-}
-
-void ReportLostPrint(Kelp& kelp, const RunTimeError& error) {
-  kelp.run.Unfinished.Done.erase(kPrintStep);
-  Report(kelp, error,
-         "All files of station " + kelp.run.ProcNum +
-             " are written; only the printed report is missing. Mend the printer, or clear \"Printer "
-             "Online\" in the chooser, then save again: no file is written twice.");
-}
+void ForgetPrint(RunState& run) { run.Unfinished.Done.erase(kPrintStep); }
 
 void FinishSave(RunState& run) { run.Unfinished = {}; }
 

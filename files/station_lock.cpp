@@ -15,12 +15,6 @@ namespace {
 constexpr std::int64_t kRefreshEvery = 60'000;
 constexpr std::chrono::minutes kLeftBehindAfter{10};
 
-struct Holder {
-  std::string Machine;
-  std::string User;
-  std::string At;
-};
-
 std::string LockPath(const std::string& baseFile) { return StationPath(baseFile) + ".lck"; }
 
 std::string LockLine(Kelp& kelp) {
@@ -30,8 +24,8 @@ std::string LockLine(Kelp& kelp) {
 }
 
 // The newest whole line; nobody where there is none.
-Holder HolderOf(const std::string& content) {
-  Holder holder;
+LockHolder HolderOf(const std::string& content) {
+  LockHolder holder;
   for (const std::string& line : Lines(content)) {
     const auto first = line.find('\t');
     const auto second = line.find('\t', first + 1);
@@ -42,7 +36,7 @@ Holder HolderOf(const std::string& content) {
 }
 
 // Clocks of two machines differ: a time ahead of ours is as good as one behind it.
-bool IsFresh(const Holder& holder, LocalTime now) {
+bool IsFresh(const LockHolder& holder, LocalTime now) {
   const auto at = ParseDateTime(holder.At);
   return at && std::chrono::abs(now - *at) < kLeftBehindAfter;
 }
@@ -59,25 +53,20 @@ void OrSay(Kelp& kelp, const Work& work) {
 
 }  // namespace
 
-bool MayOpenStation(Kelp& kelp, const std::string& baseFile) {
+std::optional<LockHolder> OtherHolder(Kelp& kelp, const std::string& baseFile) {
   Disk& disk = kelp.platform.disk();
   const std::string path = LockPath(baseFile);
-  if (SameIgnoringCase(path, kelp.StationLock.Path)) return true;
-  Holder holder;
+  if (SameIgnoringCase(path, kelp.StationLock.Path)) return {};
+  LockHolder holder;
   OrSay(kelp, [&] {
     if (disk.Exists(path)) holder = HolderOf(disk.Read(path));
   });
   const bool other = !holder.Machine.empty() && holder.Machine != kelp.platform.MachineName();
-  if (!other || !IsFresh(holder, kelp.platform.Now())) return true;
-  Message question{"Station " + StationPath(baseFile) + " is open on " + holder.Machine + " (user " +
-                       holder.User + ", " + holder.At +
-                       "). Two machines that run it write into the same files. Open it all the same? Y/N",
-                   "Station is open elsewhere", Buttons::YesNo, Icon::Critical};
-  question.DefaultNo = true;
-  if (!AskYes(kelp, question)) return false;
-  kelp.StationLock.Path = path;  // once is enough for one opening
-  return true;
+  if (!other || !IsFresh(holder, kelp.platform.Now())) return {};
+  return holder;
 }
+
+void OverrideHolder(Kelp& kelp, const std::string& baseFile) { kelp.StationLock.Path = LockPath(baseFile); }
 
 void HoldStation(Kelp& kelp, const std::string& baseFile) {
   const std::string path = LockPath(baseFile);

@@ -3,15 +3,25 @@
 // write into the same files.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/kelp.hpp"
 
 namespace kelp {
 
-/// False when another machine has the station open and the operator does not want to open it all the same.
-/// A lock that was not refreshed for ten minutes was left behind.
-bool MayOpenStation(Kelp& kelp, const std::string& baseFile);
+/// Who has a station open, as the lock tells.
+struct LockHolder {
+  std::string Machine;
+  std::string User;
+  std::string At;
+};
+
+/// Who else has the station open. A lock that was not refreshed for ten minutes was left behind.
+std::optional<LockHolder> OtherHolder(Kelp& kelp, const std::string& baseFile);
+
+/// The operator opens the station all the same: once is enough for one opening.
+void OverrideHolder(Kelp& kelp, const std::string& baseFile);
 
 /// The station is open here from now on; the one before no longer. A lock that can't be written is told in
 /// the status bar.

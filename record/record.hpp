@@ -42,9 +42,6 @@ void RecordSaved(Kelp& kelp, const std::string& rows);
 /// each its line, its name, and what it was before and after.
 void RecordConfigChange(Kelp& kelp, const std::string& how, std::vector<RecordedValue> values);
 
-/// A mark of a text by which a changed one is told.
-std::string MarkOf(const std::string& text);
-
 /// What the last event that stored something did can be taken back.
 bool CanUndo(const Kelp& kelp);
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "core/mark.hpp"
 #include "core/option.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"

@@ -6,6 +6,7 @@
 
 #include "files/base_file.hpp"
 #include "tests/support/finished_station.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 

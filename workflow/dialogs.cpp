@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/dialogs.hpp"
 
-#include "calc/calc_samples.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
+#include "workflow/calculate.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 

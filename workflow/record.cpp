@@ -4,7 +4,7 @@
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
-#include "files/read_log.hpp"
+#include "workflow/log.hpp"
 #include "workflow/steps.hpp"
 
 namespace kelp {
@@ -53,7 +53,7 @@ void RecordSampleReading(Kelp& kelp, int code, const StoreNote& note) {
     SetButton(kelp, {.Caption = "What's Next", .Text = Said(kelp), .Trace = kTraceRed});
   else
     ++run.SampNum;
-  AppendSampleLine(kelp, line, ",**");
+  LogSample(kelp, line, ",**");
   if (last) ShowScreen(kelp, "frmWhatsNext");
 }
 

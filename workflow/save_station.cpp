@@ -9,6 +9,40 @@ namespace kelp {
 
 namespace {
 
+void Report(Kelp& kelp, const RunTimeError& error, const std::string& whatToDo) {
+  kelp.platform.Ask({.Text = error.what() + ("\n" + whatToDo),
+                     .Title = std::string(ErrorName(error.kind())),
+                     .Icon = Icon::Critical,
+                     .ReportsFailure = true});
+}
+
+// The files are written, but the save counts as failed until the report is out.
+void ReportLostPrint(Kelp& kelp, const RunTimeError& error) {
+  ForgetPrint(kelp.run);
+  Report(kelp, error,
+         "All files of station " + kelp.run.ProcNum +
+             " are written; only the printed report is missing. Mend the printer, or clear \"Printer "
+             "Online\" in the chooser, then save again: no file is written twice.");
+}
+
+bool SaveResults(Kelp& kelp) {
+  if (NoStationIsOpen(kelp.run)) {
+    Tell(kelp, "No station is open, so there is nothing to save. Create or load its base file first.");
+    return false;
+  }
+  try {
+    const auto printFailure = WriteStation(kelp);
+    if (printFailure) ReportLostPrint(kelp, *printFailure);
+    return !printFailure;
+  } catch (const RunTimeError& error) {
+    Report(kelp, error,
+           "The save of station " + kelp.run.ProcNum +
+               " stopped there. Mend this, then save again: what was written before is still there and is "
+               "not written twice.");
+    return false;
+  }
+}
+
 // Releases what the save printed to the printer.
 bool EndPrintJob(Kelp& kelp) {
   try {
@@ -23,7 +57,7 @@ bool EndPrintJob(Kelp& kelp) {
 }  // namespace
 
 bool SaveStation(Kelp& kelp) {
-  if (!SaveStationResults(kelp)) return false;
+  if (!SaveResults(kelp)) return false;
   RecordSaved(kelp, kelp.record.SavedRows);
   return true;
 }

@@ -4,7 +4,7 @@
 #include "core/places.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "files/read_log.hpp"
+#include "workflow/log.hpp"
 #include "workflow/run_controls.hpp"
 
 namespace kelp {
@@ -91,11 +91,11 @@ void SkipSample(Kelp& kelp) {
     SetButton(kelp, {.Caption = "Load Next Sample",
                      .Text = "Load the next Station Sample and click [Start] or press <Spacebar>.",
                      .Trace = kTraceRed});
-    AppendSampleLine(kelp, line, ",*");
+    LogSample(kelp, line, ",*");
   } else {
     SetButton(kelp, {.Caption = "What's Next", .Text = "All samples are read.", .Trace = kTraceRed});
     RenumberRemainingVials(kelp);
-    AppendSampleLine(kelp, line, ",*");
+    LogSample(kelp, line, ",*");
     ShowScreen(kelp, "frmWhatsNext");
   }
 }

@@ -5,8 +5,8 @@
 #include "acquire/read_loop.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
 #include "workflow/accept.hpp"
+#include "workflow/open_station.hpp"
 #include "workflow/run_controls.hpp"
 #include "workflow/steps.hpp"
 

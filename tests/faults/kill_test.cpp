@@ -13,11 +13,11 @@
 
 #include "app/door.hpp"
 #include "core/text.hpp"
-#include "files/base_file.hpp"
 #include "platform/host.hpp"
 #include "platform/scripted.hpp"
 #include "tests/faults/shim.hpp"
 #include "tests/support/temp_folder.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "calc/calc_samples.hpp"
 #include "tests/support/program.hpp"
+#include "workflow/calculate.hpp"
 
 namespace kelp {
 

@@ -1,41 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The create screen's work: writes a base file from the sample log sheet's values.
+#include "workflow/create_base.hpp"
+
 #include "core/config.hpp"
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
-#include "files/keeping_station.hpp"
-#include "files/kept_copy.hpp"
-#include "files/station_lock.hpp"
-#include "files/table_lines.hpp"
+#include "files/new_base_file.hpp"
+#include "workflow/keeping_station.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 
 namespace {
 
 enum CreateBox { kProcNum = 0, kLineSta = 1, kCount = 2, kBottle = 3, kVial = 4, kDate = 5, kTime = 6 };
-
-// The loader splits on runs of blanks, so the spacing is part of the format.
-std::string BaseFileText(const Kelp& kelp) {
-  const auto& box = kelp.frmCreateBase.Text1;
-  const RunState& run = kelp.run;
-  const std::string count = OneField(Trim(box[kCount].Text), false);
-  std::string text =
-      OneField(Trim(box[kLineSta].Text), false) + "\r\n" + CfgValue(run, kCfgFluorometer) + "\r\n";
-  text += "0.0 0.0 0.0 0.0\r\n0.0 0.0 0.0 0.0\r\n";
-  text += NumberAndCount(run.ProcNum, count) + " " + CfgValue(run, kCfgMachineFactor) + " " +
-          CfgValue(run, kCfgAcidRatio) + "\r\n";
-  const double samples = Val(count);
-  const Counter16 firstBottle = ToInt16(Val(box[kBottle].Text));
-  for (int i = 1; i <= samples; ++i) {
-    const Counter16 bottle = firstBottle - 1 + i;
-    text += "2 " + Padded(std::to_string(int{bottle}), 2, "L", "0") + "    3  " +
-            CfgValue(run, kCfgFiltrVol) + " " + CfgValue(run, kCfgExtractVol) + " \r\n";
-  }
-  return text;
-}
 
 void CopyToHeaderBoxes(Kelp& kelp) {
   const auto& box = kelp.frmCreateBase.Text1;
@@ -55,19 +35,16 @@ void CopyToHeaderBoxes(Kelp& kelp) {
 
 void CreateStation(Kelp& kelp, const std::string& procNum) {
   RunState& run = kelp.run;
-  Disk& disk = kelp.platform.disk();
   run.ProcNum = PaddedProcNum(procNum);
   run.BaseFile = run.DataOutPath + "chl" + run.ProcNum;
   const std::string station = Upper(kelp.frmCreateBase.Text1[kLineSta].Text);
   if (Contains(station, "LAB") || Contains(station, "CAL")) run.LabCalRun = true;
-  if (disk.Exists(run.BaseFile) &&
+  if (kelp.platform.disk().Exists(run.BaseFile) &&
       !AskRisky(kelp, "File " + run.BaseFile + " already present!  Overwrite?", "File Found!  Overwrite?"))
     return;
   if (!MayOpenStation(kelp, run.BaseFile)) return;
-  const std::string text = BaseFileText(kelp);
-  KeepResults(disk, run.BaseFile, kelp.platform.Now());
-  disk.MakeFolder(run.DataOutPath);
-  disk.Replace(run.BaseFile, text);
+  const auto& box = kelp.frmCreateBase.Text1;
+  WriteNewBaseFile(kelp, {box[kLineSta].Text, box[kCount].Text, box[kBottle].Text});
   CopyToHeaderBoxes(kelp);
   ShowScreen(kelp, "frmAcquire");
   UnloadScreen(kelp, "frmCreateBase", kelp.frmCreateBase);
@@ -75,13 +52,6 @@ void CreateStation(Kelp& kelp, const std::string& procNum) {
 }
 
 }  // namespace
-
-bool UsableProcNum(std::string_view procNum) {
-  if (Trim(procNum).empty() || procNum.find_first_of("\\/:*?\"<>|.,") != std::string_view::npos) return false;
-  for (const char c : procNum)
-    if (static_cast<unsigned char>(c) < 32) return false;
-  return true;
-}
 
 void ShowCreateBase(Kelp& kelp) {
   SetButton(kelp, {.Caption = "&Start", .Text = "Load Sample then press <spacebar>"});

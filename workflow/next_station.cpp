@@ -7,7 +7,8 @@
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "files/grid_layout.hpp"
-#include "files/keeping_station.hpp"
+#include "workflow/keeping_station.hpp"
+#include "workflow/open_station.hpp"
 
 namespace kelp {
 
