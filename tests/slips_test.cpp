@@ -87,6 +87,7 @@ TEST(Slips, N15_MissingIsNotZeroInReportAndDatabase) {
   program.cell(1, kColRb) = program.cell(2, kColRa) = "";
   for (int box = 0; box < kBoxAutoCriterion; ++box) program.form().txtBlank[box].Text = "0";
   program.run().BeginBlankText = program.run().EndBlankText = "";
+  program.form().txtStaInfo[kStaFiltTime].Text = "25:00 PM";
   program.Save();
   const std::string report = program.file("chl002.prn");
   EXPECT_TRUE(Contains(report, "begin/end: -99.00/-99.00"));
@@ -96,6 +97,7 @@ TEST(Slips, N15_MissingIsNotZeroInReportAndDatabase) {
   const auto rows = Lines(program.file("0707SLChldb.csv"));
   EXPECT_TRUE(Contains(rows[1], ",-99.00,-99.000,1.5000,")) << rows[1];
   EXPECT_TRUE(Contains(rows[1], ",-99.00,-99.00,"));
+  EXPECT_TRUE(Contains(rows[1], ",25:00,")) << "what is no time has no letters in the database";
 }
 
 TEST(Slips, N24_WordsThatAreTrueAndNameTheirLine) {
@@ -111,6 +113,10 @@ TEST(Slips, N24_WordsThatAreTrueAndNameTheirLine) {
   }
   Configured port({{kCfgComport, "COM3"}});
   EXPECT_TRUE(port.Says("Line 09 of kelp.cfg (Comport) is \"COM3\""));
+  Configured copro({});
+  copro.Answers({Answer::No});
+  for (const double value : {0.005, 9.0}) copro.Measure(value);
+  EXPECT_EQ(copro.platform.Boxes.back().message.Title, "Current value <= to beginning blank!");
   // A login that fails has no stored values to speak of; a row that was calculated is a change.
   StationFiles failed;
   failed.file("chl002") = "too short\r\n";
@@ -140,11 +146,15 @@ TEST(Slips, N07_ARunThatIsResetLeavesNothingToTheNext) {
   FinishedStation program(2);
   program.run().LowStdText = "0.5";
   program.run().RbReading = 3;
+  program.run().RaAccepted = program.run().LabCalRun = true;
+  program.run().TraceColor = kTraceBlue;
   program.Answers({Answer::Yes});
   program.Key("frmAcquire", kKeyF1 + 9);
   const StationRun fresh;
   EXPECT_EQ(program.run().RunDate + program.run().LowStdText, "");
   EXPECT_EQ(program.run().RbReading, fresh.RbReading);
+  EXPECT_EQ(program.run().TraceColor, fresh.TraceColor);
+  EXPECT_FALSE(program.run().RaAccepted || program.run().LabCalRun);
   EXPECT_EQ(program.run().SampCount, 0);
 }
 

@@ -12,6 +12,10 @@
 #include "core/text.hpp"
 #include "platform/scripted.hpp"
 #include "record/old_journal.hpp"
+#include "record/record.hpp"
+#include "review/final_files.hpp"
+#include "review/html_review.hpp"
+#include "review/text_review.hpp"
 #include "script/own_time.hpp"
 #include "script/player.hpp"
 #include "tests/support/memory_disk.hpp"
@@ -70,6 +74,10 @@ struct Stage {
     Click("frmLogin", "cmdOK");
   }
   void Save() { Post(kelp, {.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1}); }
+  void TypeBlank(const char* text) {
+    Post(kelp, {.Kind = EventKind::Edit, .Place = {"frmAcquire", "txtBlank", 0}, .Text = text});
+  }
+  std::string& Blank() { return kelp.frmAcquire.txtBlank[0].Text; }
   [[nodiscard]] std::string Readings() const {
     std::string text;
     for (int row = 1; row <= kelp.run.SampCount; ++row)
@@ -84,8 +92,6 @@ std::pair<std::string, std::string> Halves(std::string_view data) {
   const auto cut = std::min(data.find('\xff'), data.size());
   return {std::string(data.substr(0, cut)), std::string(data.substr(std::min(cut + 1, data.size())))};
 }
-
-}  // namespace
 
 void FuzzInstrument(std::string_view data) {
   Stage stage;
@@ -169,8 +175,6 @@ void FuzzJournal(std::string_view data) {
   again.Save();
 }
 
-namespace {
-
 // A script may let a million seconds pass; a fuzzer has no such time.
 class ShortHost : public OwnTimeHost {
  public:
@@ -184,8 +188,6 @@ class ShortHost : public OwnTimeHost {
  private:
   std::int64_t left_ = 60000;
 };
-
-}  // namespace
 
 void FuzzScript(std::string_view data) {
   Stage stage;
@@ -202,5 +204,85 @@ void FuzzScript(std::string_view data) {
           "a failure names its line");
   for (const auto& box : machine.Boxes) Promise(IsKnown(box.message), box.message.Text.c_str());
 }
+
+// Bytes put into a record that holds a station, by their place; or a whole file.
+void FuzzRecord(std::string_view data) {
+  static const MemoryDisk whole = [] {
+    Stage stage;
+    stage.Open();
+    stage.TypeBlank("0.0050");
+    return stage.disk;
+  }();
+  Stage stage(whole);
+  std::string& record = stage.disk.Files[kRecordPath];
+  const auto byte = [&](int at) { return std::size_t{static_cast<unsigned char>(data[at])}; };
+  if (StartsWith(data, "SQLite format 3"))
+    record = data;
+  else
+    for (; data.size() >= 3; data.remove_prefix(3))
+      record[(byte(0) * 256 + byte(1)) % record.size()] = data[2];
+  const std::string damaged = record;
+  try {
+    ListRecord(stage.disk, "");
+    ListRecord(stage.disk, "002");
+  } catch (const FileError& error) {
+    Promise(Contains(error.what(), kRecordPath), "a record that can't be listed is named");
+  }
+  stage.Open();
+  stage.TypeBlank("0.0077");
+  for (const auto& [path, text] : stage.disk.Files)
+    Promise(!StartsWith(path, "c:\\kelp\\record-1") || text == damaged, "what is set aside is kept");
+  Stage again(stage.disk);
+  again.Open();
+  Promise(again.Blank() == "0.0077" || stage.kelp.record.Unsafe,
+          "a value is in the record, or an alarm stands");
+}
+
+void FuzzStation(std::string_view data) {
+  Stage stage;
+  const std::string path = kChl + std::string("chl002");
+  stage.disk.Files[path] = data;
+  try {
+    const StationFile station = ReadStationFile(stage.disk, path);
+    std::string readings;
+    for (const StationSample& sample : station.Samples)
+      readings += sample.Rb + "|" + sample.Ra + "|" + sample.FiltererRemark + "|" + sample.ReaderRemark + "|";
+    stage.Open();
+    Promise(stage.Readings() == readings, "the review reads what the program opens");
+  } catch (const RunTimeError& error) {
+    Promise(Contains(error.what(), path), "a station that is refused is named");
+  }
+}
+
+void FuzzReview(std::string_view data) {
+  MemoryDisk disk;
+  std::size_t files = 0;
+  for (std::string rest(data); !rest.empty() && files < 9;) {
+    auto [text, more] = Halves(rest);
+    disk.Files["q:\\c\\chl00" + std::to_string(++files)] = text;
+    rest = std::move(more);
+  }
+  if (files == 0) return;
+  const Review review =
+      MakeReview(ReadCruise(disk, "q:\\c\\"), {0.010, {"3-1", 1.53, 0.3}, {"2-5", 5.03, 0.5}});
+  Promise(review.Stations.size() + review.Cruise.Left.size() == files,
+          "a file is read, or left out with a reason");
+  const FinalData final = MakeFinalData(review.Cruise, {});
+  Promise(Lines(FinalCsv(final)).size() == final.Rows.size() + 1, "a sample is a row of the final data");
+  std::vector<const Station*> shown;
+  for (const Station& station : review.Stations) shown.push_back(&station);
+  std::string page;
+  WriteHtmlReview(review, final, shown, [&](std::string_view text) { page += text; });
+  Promise(page.ends_with("</html>\n") && !Contains(page, "<script"), "the page is whole and runs nothing");
+  for (const std::string& line : TextReview(review, final, shown))
+    Promise(line.find_first_of("\x1b\r\n") == std::string::npos, "nothing steers the terminal");
+}
+
+}  // namespace
+
+const std::vector<FuzzTarget> kFuzzTargets = {
+    {"instrument", FuzzInstrument}, {"config", FuzzConfig}, {"base", FuzzBaseFile}, {"ctd", FuzzCtd},
+    {"journal", FuzzJournal},       {"script", FuzzScript}, {"record", FuzzRecord}, {"station", FuzzStation},
+    {"review", FuzzReview}};
 
 }  // namespace kelp

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the fuzzers throw at the program, one function for each kind of text that comes from outside. Each
-// aborts when the program breaks a promise; without a fuzzer they replay the corpus.
+// aborts when the program breaks a promise; without a fuzzer they replay the corpus. Where a text has two
+// parts or more, 0xFF stands between them.
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 namespace kelp {
 
@@ -12,15 +14,6 @@ struct FuzzTarget {
   void (*run)(std::string_view data);
 };
 
-void FuzzInstrument(std::string_view data);  ///< the serial line, in pieces that 0xFF separates
-void FuzzConfig(std::string_view data);      ///< "c:\kelp\kelp.cfg"
-void FuzzBaseFile(std::string_view data);    ///< a base file, with a report or without
-void FuzzCtd(std::string_view data);         ///< CTD header and mark file, separated by 0xFF
-void FuzzJournal(std::string_view data);     ///< lines without check sums, which are put behind them
-void FuzzScript(std::string_view data);      ///< an operator script
-
-inline constexpr FuzzTarget kFuzzTargets[] = {{"instrument", FuzzInstrument}, {"config", FuzzConfig},
-                                              {"base", FuzzBaseFile},         {"ctd", FuzzCtd},
-                                              {"journal", FuzzJournal},       {"script", FuzzScript}};
+extern const std::vector<FuzzTarget> kFuzzTargets;
 
 }  // namespace kelp
