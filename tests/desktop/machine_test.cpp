@@ -46,36 +46,29 @@ TEST(SlowDisk, IsWaitedForWhileTheWindowsLive) {
 }
 
 TEST(MessageBoxes, AnswerWhatTheOperatorPressed) {
-  struct Row {
-    Buttons buttons;
-    int key;  ///< 0 closes the box by its frame
-    Answer answer;
-    bool no = false;  ///< No is the default
-  };
-  const Row rows[] = {
-      {Buttons::YesNo, Qt::Key_Return, Answer::No, true},
-      {Buttons::YesNoCancel, Qt::Key_Y, Answer::Yes, true},
-      {Buttons::Ok, Qt::Key_Escape, Answer::Ok},
-      {Buttons::OkCancel, Qt::Key_Escape, Answer::Cancel},
-      {Buttons::OkCancel, Qt::Key_Return, Answer::Ok},
-      {Buttons::YesNo, Qt::Key_Escape, Answer::No},
-      {Buttons::YesNo, 0, Answer::No},
-      {Buttons::YesNo, Qt::Key_Return, Answer::Yes},
-      {Buttons::YesNoCancel, 0, Answer::Cancel},
-      {Buttons::YesNoCancel, Qt::Key_N, Answer::No},
-  };
+  constexpr Qt::Key kFrame = Qt::Key_unknown;  // closes the box by its frame
+  const std::tuple<Buttons, bool, Qt::Key, Answer> rows[] = {
+      {Buttons::YesNo, true, Qt::Key_Return, Answer::No},
+      {Buttons::YesNo, false, Qt::Key_Return, Answer::Yes},
+      {Buttons::YesNo, false, Qt::Key_Escape, Answer::No},
+      {Buttons::YesNo, false, kFrame, Answer::No},
+      {Buttons::YesNoCancel, true, Qt::Key_Y, Answer::Yes},
+      {Buttons::YesNoCancel, false, Qt::Key_N, Answer::No},
+      {Buttons::YesNoCancel, false, kFrame, Answer::Cancel},
+      {Buttons::OkCancel, false, Qt::Key_Return, Answer::Ok},
+      {Buttons::OkCancel, false, Qt::Key_Escape, Answer::Cancel},
+      {Buttons::Ok, false, Qt::Key_Escape, Answer::Ok}};
   BoxKeys::Rest = 0;
-  for (const Row& row : rows) {
-    WhenModal<QMessageBox>([&](QMessageBox& box) {
+  for (const auto& [buttons, defaultNo, key, answer] : rows) {
+    WhenModal<QMessageBox>([&, pressed = key](QMessageBox& box) {
       EXPECT_EQ(box.windowTitle(), "Current value > than0.1");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.icon(), QMessageBox::Critical);
-      if (row.key == 0) box.close();
-      if (row.key != 0) QTest::keyClick(&box, Qt::Key(row.key));
+      pressed == kFrame ? static_cast<void>(box.close()) : QTest::keyClick(&box, pressed);
     });
-    const Answer answer = ShowMessage(nullptr, {"<b>1 & 2</b>", "Current value > than0.1", row.buttons,
-                                                Icon::Critical, false, false, row.no});
-    EXPECT_EQ(answer, row.answer) << static_cast<int>(row.buttons) << " " << row.key;
+    const Message message{"<b>1 & 2</b>", "Current value > than0.1", buttons, Icon::Critical, false, false,
+                          defaultNo};
+    EXPECT_EQ(ShowMessage(nullptr, message), answer) << int(buttons) << " " << key;
   }
 }
 
@@ -171,32 +164,26 @@ TEST(Report, IsOfferedAsPdfWhereNoPrinterIsAndGoesToTheFileChosen) {
 }
 
 TEST(Settings, DialogRefusesWhatCantBeAndTheRestIsKept) {
+  EXPECT_FALSE(SettingsAreKept());
   MachineSettings settings;
   settings.Drives = {{'c', "/data/c"}, {'d', "/data/d"}};
   settings.Ports = {{1, "/dev/rfcomm1"}, {3, "/dev/ttyUSB7"}};
   settings.Editor = "\"/usr/bin/my editor\" -n";
   settings.Printer = "Laser";
-  EXPECT_FALSE(SettingsAreKept());
-  EXPECT_EQ(SaveSettings(settings), "");
   settings.SoundsOff = {Cue::Saved};
   settings.Scheme = SchemeChoice::Dark;
   EXPECT_EQ(SaveSettings(settings), "");
   SettingsDialog dialog(nullptr, LoadSettings(), Options(), true);
   EXPECT_TRUE(dialog.Simulate());
-  struct Row {
-    int table;
-    const char* key;
-    const char* problem;
-  };
-  const Row rows[] = {{0, "dd", "\"dd\" is no drive letter."},
-                      {0, "C", "The drive letter c is there twice."},
-                      {0, "e", ""},
-                      {1, "one", "\"one\" is no port number."},
-                      {1, "12", ""}};
-  const auto tables = dialog.findChildren<QTableWidget*>();
-  for (const Row& row : rows) {
-    tables[row.table]->item(tables[row.table]->rowCount() - 1, 0)->setText(row.key);
-    EXPECT_EQ(dialog.Problem(), row.problem);
+  const std::tuple<int, const char*, const char*> rows[] = {{0, "dd", "\"dd\" is no drive letter."},
+                                                            {0, "C", "The drive letter c is there twice."},
+                                                            {0, "e", ""},
+                                                            {1, "one", "\"one\" is no port number."},
+                                                            {1, "12", ""}};
+  for (const auto& [table, key, problem] : rows) {
+    const auto* cells = dialog.findChildren<QTableWidget*>()[table];
+    cells->item(cells->rowCount() - 1, 0)->setText(key);
+    EXPECT_EQ(dialog.Problem(), problem);
   }
   EXPECT_EQ(SaveSettings(dialog.Settings()), "");
   EXPECT_TRUE(SettingsAreKept());
@@ -211,45 +198,47 @@ TEST(Settings, DialogRefusesWhatCantBeAndTheRestIsKept) {
   EXPECT_EQ(DrivesFor(kept, options).DriveFolder('c'), "/data/c");
   EXPECT_EQ(DrivesFor(kept, options).DriveFolder('d'), "/given/d");
   EXPECT_EQ(DrivesFor(kept, ReadCommandLine({"--drives", "/all"})).DriveFolder('c'), "/all/drive_c");
-  EXPECT_EQ(DeviceFor(1, kept, options), "/dev/rfcomm1");
-  EXPECT_EQ(DeviceFor(2, kept, options), "/dev/ttyS1");
+  const std::pair<int, const char*> devices[] = {{1, "/dev/rfcomm1"}, {2, "/dev/ttyS1"}, {12, "/dev/pts/5"}};
+  for (const auto& [port, device] : devices) EXPECT_EQ(DeviceFor(port, kept, options), device);
   EXPECT_EQ(DeviceFor(12, kept, Options()), "/dev/ttyUSB7");
-  EXPECT_EQ(DeviceFor(12, kept, options), "/dev/pts/5");
 }
 
-TEST(CommandLine, TakesTheConsolesOptionsAndItsOwn) {
+// What the console's reader sees is tested there.
+TEST(CommandLine, HasOptionsOfItsOwn) {
   const std::pair<std::vector<std::string>, const char*> rows[] = {
       {{"--script", "a.ks", "--simulate=7", "--clock=2026-11-24T03:00:00", "-platform", "offscreen"}, ""},
       {{"--script"}, "--script wants a file"},
-      {{"--port", "0=/x"}, "--port wants N=DEVICE, such as 1=/dev/ttyUSB0, not \"0=/x\""},
       {{"a.ks"}, "unknown option \"a.ks\"; --help lists the options"},
       {{"--clock", "2026-11-24T03:00:00"}, "--clock goes with --script only"}};
   for (const auto& [words, problem] : rows) EXPECT_EQ(ReadCommandLine(words).Problem, problem);
-  EXPECT_EQ(ReadCommandLine({"--simulate"}).Instrument, InstrumentKind::Simulated);
-  EXPECT_EQ(ReadCommandLine({"--script=a.ks"}).Instrument, InstrumentKind::Script);
 }
 
-// A platform whose message boxes stay open for a while, in an event loop of their own.
+// A platform that counts the looks at its line, and whose message boxes stay open for a while.
 struct SlowAnswers : ScriptedPlatform {
   using ScriptedPlatform::ScriptedPlatform;
-  Answer Ask(const Message& message) override {
-    runner->DialogOpens();
-    const int before = looks;
-    QTest::qWait(130);
-    EXPECT_EQ(looks, before) << "a pass ran while the box was open";
-    EXPECT_FALSE(runner->Post({.Kind = EventKind::Click, .Place = {"frmAcquire", "Command2"}}));
-    runner->DialogClosed();
-    return ScriptedPlatform::Ask(message);
-  }
+  Runner* runner = nullptr;
+  int looks = 0;
+
   std::size_t BytesWaiting() override {
     ++looks;
     return ScriptedPlatform::BytesWaiting();
   }
-  Runner* runner = nullptr;
-  int looks = 0;
+  int LooksIn(int milliseconds) {
+    const int before = looks;
+    QTest::qWait(milliseconds);
+    return looks - before;
+  }
+  Answer Ask(const Message& message) override {
+    runner->DialogOpens();
+    EXPECT_EQ(LooksIn(1150), 0) << "a pass ran while the box was open";
+    EXPECT_FALSE(runner->Post({.Kind = EventKind::Click, .Place = {"frmAcquire", "Command2"}}));
+    runner->DialogClosed();
+    return ScriptedPlatform::Ask(message);
+  }
 };
 
-TEST(Running, PassesAndTicksRunOnlyWhenWanted) {
+// That bytes and ticks of the log are heard is seen by the whole stations.
+TEST(Running, PassesRunOnlyWhenWanted) {
   MemoryDisk disk;
   SlowAnswers platform(disk);
   Kelp kelp(platform);
@@ -257,46 +246,27 @@ TEST(Running, PassesAndTicksRunOnlyWhenWanted) {
   SaveConfig(kelp);
   Runner runner(kelp);
   platform.runner = &runner;
-  int shown = 0;
   int ended = 0;
-  runner.ShowChanges = [&] { ++shown; };
   runner.End = [&] { ++ended; };
-  const auto looksIn = [&](int milliseconds) {
-    const int before = platform.looks;
-    QTest::qWait(milliseconds);
-    return platform.looks - before;
-  };
+  runner.Start();
+  ShowScreen(kelp, "frmAcquire");
+  EXPECT_EQ(platform.LooksIn(1150), 0) << "idle";
+  StartReadLoop(kelp);
+  kelp.frmAcquire.Command1.Caption = "Reading Blank";
+  for (const Answer answer : {Answer::No, Answer::Yes}) platform.QueueAnswer(answer);
   const auto click = [&](const char* control) {
     return runner.Post({.Kind = EventKind::Click, .Place = {"frmAcquire", control}});
   };
-  runner.Start();
-  ShowScreen(kelp, "frmAcquire");
-  EXPECT_EQ(looksIn(120), 0) << "idle";
-
-  StartReadLoop(kelp);
-  kelp.frmAcquire.Command1.Caption = "Reading Blank";
-  kelp.Timer1 = {true, 20};
-  click("Check1");
-  EXPECT_GE(looksIn(2300), 2) << "once a second";
-  EXPECT_FALSE(disk.Files.empty());
-
-  click("Command2");  // paused
-  EXPECT_EQ(looksIn(120), 0);
-  click("Command2");
-  EXPECT_GE(looksIn(1150), 1);
-  platform.Feed("\r\nA =  1.000 (RAW)");
-  shown = 0;
-  runner.BytesCame();
-  EXPECT_EQ(shown, 1);
-
-  platform.QueueAnswer(Answer::No);
-  click("Command3");
-  EXPECT_GE(looksIn(1150), 1) << "goes on after the box";
+  const std::pair<const char*, bool> rows[] = {
+      {"Check1", true}, {"Command2", false}, {"Command2", true}, {"Command3", true}};
+  for (const auto& [control, looks] : rows) {
+    click(control);
+    EXPECT_EQ(platform.LooksIn(1150) > 0, looks) << control;
+  }
   EXPECT_EQ(ended, 0);
-  platform.QueueAnswer(Answer::Yes);
   click("Command3");
   EXPECT_EQ(ended, 1);
-  EXPECT_EQ(looksIn(120), 0);
+  EXPECT_EQ(platform.LooksIn(1150), 0);
   EXPECT_FALSE(click("Command1"));
 }
 

@@ -31,6 +31,15 @@ void WhenModal(const std::function<void(Dialog&)>& act) {
   timer->start(10);
 }
 
+/// The widgets of a class of ours in a window; Qt's own search knows no such classes.
+template <class Part>
+std::vector<Part*> PartsOf(const QWidget& window) {
+  std::vector<Part*> parts;
+  for (QWidget* widget : window.findChildren<QWidget*>())
+    if (auto* part = dynamic_cast<Part*>(widget)) parts.push_back(part);
+  return parts;
+}
+
 /// Types a file's name into the dialog and takes it.
 inline void ChooseIn(QFileDialog& dialog, const QString& file) {
   dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);

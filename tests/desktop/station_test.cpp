@@ -53,12 +53,24 @@ struct Drives {
   [[nodiscard]] QString Path(const QString& name) const { return folder.filePath(name); }
 };
 
-int RunProgram(const QString& program, const QStringList& words, QByteArray* errors) {
+// What came of a script that was played on drives of its own.
+struct Played {
+  int status;
+  QString error;  ///< the last line on standard error
+  std::map<QString, QString> files;
+};
+
+Played Play(const QString& program, QStringList words, const QByteArray& script) {
+  const Drives drives;
+  const QTemporaryDir place;
+  WriteFile(place.filePath("s.ks"), script);
   QProcess process;
-  process.start(program, words);
+  process.setWorkingDirectory(place.path());
+  process.start(program, QStringList{"--drives", drives.folder.path()} + words);
   process.waitForFinished(60000);
-  *errors = process.readAllStandardError();
-  return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+  return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+          QString::fromUtf8(process.readAllStandardError()).trimmed().split('\n').last(),
+          FilesIn(drives.folder.path())};
 }
 
 void WriteProgram(const QString& name, const QString& commands) {
@@ -66,12 +78,18 @@ void WriteProgram(const QString& name, const QString& commands) {
   QFile::setPermissions(name, QFile::ReadOwner | QFile::ExeOwner);
 }
 
+// Blank, copros, Rb and Ra of two samples; then the end blank.
+const char* const kReadings[] = {"0.0050", "1.5400", "5.0400", "2.1234", "1.1000", "3.5000", "1.9000"};
+const char* const kEndBlank = "0.0060";
+
 struct DesktopStation : testing::Test {
   Drives drives = {};
   std::unique_ptr<PseudoTerminal> instrument = std::make_unique<PseudoTerminal>();
   std::unique_ptr<DesktopRun> run = {};
+  bool mouse = false;  ///< the operator uses the mouse alone, else the keyboard alone
   bool ended = false;
   std::vector<std::string> boxes = {};  ///< texts of the message boxes
+  QByteArray script = {};               ///< what was done, for the console
 
   void Begin(const QString& device = {}) {
     BoxKeys::Rest = 0;
@@ -105,69 +123,98 @@ struct DesktopStation : testing::Test {
     QTest::keyClick(QApplication::activeWindow()->windowHandle(), key, modifiers);
     QCoreApplication::processEvents();
   }
-  // The next message box gets this key, and is closed should the key do nothing there.
-  void AtBox(Qt::Key key) {
-    WhenModal<QMessageBox>([this, key](QMessageBox& box) {
+  // Says Yes to the next message box, which is closed should that do nothing there.
+  void AnswerYes() {
+    script += "answer Yes\n";
+    WhenModal<QMessageBox>([this](QMessageBox& box) {
       boxes.push_back(box.text().toStdString());
-      QTest::keyClick(box.windowHandle(), key);
+      mouse ? QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton)
+            : QTest::keyClick(box.windowHandle(), Qt::Key_Y);
       QTimer::singleShot(1000, &box, &QWidget::close);
     });
   }
+  // What a station is run by: a click on a control, or the key that does the same.
+  void Do(const char* screen, const QByteArray& control, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    const QList<QByteArray> name = control.chopped(control.endsWith(')')).split('(');
+    ASSERT_TRUE(IsFront(screen));
+    script += QByteArray("click ") + screen + "." + control + "\n";
+    mouse ? Click(screen, name[0].data(), name.size() > 1 ? name[1].toInt() : -1) : Key(key, modifiers);
+  }
+  void DoButton() { Do("frmAcquire", "Command1", Qt::Key_Space); }
 
   // Keys that mean nothing now, or twice the same: nothing that is stored changes.
-  static void Stumble() {
+  void Stumble() const {
+    if (mouse) return;
     for (const Qt::Key key :
          {Qt::Key_X, Qt::Key_Escape, Qt::Key_F12, Qt::Key_F12, Qt::Key_Backspace, Qt::Key_Return})
       Key(key);
   }
 
+  void OpenStation();
+  void ReadAndSave(const char* value);
+  void RunStation();
   void ExpectTheFilesOfTheConsole() const;
 
   // Lines of the instrument; each is taken before the next one comes.
-  void Read(const char* value, int count) const {
+  void Read(const QByteArray& value, int count) {
+    script += "read " + value + " " + QByteArray::number(count) + "\n";
     for (int i = 0; i < count; ++i) {
       const auto before = run->program().run.Chart.PointsAdded();
-      instrument->Send(InstrumentLine(value));
+      instrument->Send(InstrumentLine(value.toStdString()));
       ASSERT_TRUE(Eventually([&] { return run->program().run.Chart.PointsAdded() > before; })) << caption();
     }
   }
 };
 
-struct Reading {
-  const char* value;
-  const char* saved;  ///< the button once the value may be saved
-  const char* next;   ///< and once it is
-};
-const Reading kReadings[] = {
-    {"0.0050", "Save &Blank", "Load Copro 3-1"}, {"1.5400", "Save 3-1", "Load Copro 2-5"},
-    {"5.0400", "Save 2-5", "Load 1st Sample"},   {"2.1234", "Save Rb", "Acidify"},
-    {"1.1000", "Save Ra", "Load Next Sample"},   {"3.5000", "Save Rb", "Acidify"},
-    {"1.9000", "Save Ra", "What's Next"},        {"0.0060", "Save &Blank", "What's Next?"}};
-
-// The same station for the console.
-QByteArray StationScript() {
-  QByteArray script =
-      "click frmMain.Command1(0)\nanswer Yes\nclick frmLogin.cmdOK\n"
-      "type frmCreateBase.Text1(1) 93.3 70\ntype frmCreateBase.Text1(2) 2\n"
-      "type frmCreateBase.Text1(5) 07/14/2007\ntype frmCreateBase.Text1(6) 09:40:00\n"
-      "click frmCreateBase.cmdCreateBase(0)\nkey frmAcquire Space\n";
-  for (const Reading& reading : kReadings) {
-    if (&reading == std::end(kReadings) - 1)
-      script += "click frmWhatsNext.Option1(2)\nclick frmWhatsNext.NextButton\n";
-    script += "key frmAcquire Space\nread " + QByteArray(reading.value) + " 16\nkey frmAcquire Space\n";
+// What the sample log says is typed into the create screen: there is no other way to bring it in.
+void DesktopStation::OpenStation() {
+  Do("frmMain", "Command1(0)", Qt::Key_Return);
+  AnswerYes();
+  Do("frmLogin", "cmdOK", Qt::Key_Return);
+  ASSERT_TRUE(IsFront("frmCreateBase"));
+  const QByteArray texts[] = {"", "93.3 70", "2", "", "", "07/14/2007", "9:40"};
+  for (int box = 0; box < 7; ++box) {
+    if (mouse) Click("frmCreateBase", "Text1", box);
+    if (!texts[box].isEmpty()) {
+      Key(Qt::Key_A, Qt::ControlModifier);
+      script += "type frmCreateBase.Text1(" + QByteArray::number(box) + ") " + texts[box] + "\n";
+    }
+    for (const char c : texts[box]) Key(Qt::Key(c));
+    if (!mouse) Key(Qt::Key_Tab);
   }
-  return script + "click frmWhatsNext.NextButton\n";
+  Do("frmCreateBase", "cmdCreateBase(0)", Qt::Key_Return);
+}
+
+void DesktopStation::ReadAndSave(const char* value) {
+  ASSERT_TRUE(IsFront("frmAcquire"));
+  Stumble();
+  DoButton();
+  Read(value, 8);
+  Stumble();
+  Read(value, 8);
+  DoButton();
+}
+
+// The whole station, its sound switched off before the end blank; Print/Save ends the program.
+void DesktopStation::RunStation() {
+  OpenStation();
+  DoButton();
+  for (const char* value : kReadings) ReadAndSave(value);
+  QTest::qWait(1200);  // a tick of the per-read log
+  Do("frmWhatsNext", "Option1(2)", Qt::Key_E, Qt::AltModifier);
+  EXPECT_TRUE(Eventually([&] { return run->program().frmWhatsNext.Option1[2].Value; }));
+  Do("frmWhatsNext", "NextButton", Qt::Key_Return);
+  run->windows().SoundSwitch()->toggle();
+  ReadAndSave(kEndBlank);
+  AnswerYes();  // the box's key, not the screen's
+  Do("frmWhatsNext", "NextButton", Qt::Key_Return);
+  EXPECT_TRUE(ended);
 }
 
 // The files of a station run in the windows are those of the same script on the console.
 void DesktopStation::ExpectTheFilesOfTheConsole() const {
-  const Drives console;
-  const QTemporaryDir place;
-  WriteFile(place.filePath("s.ks"), StationScript());
-  QByteArray errors;
-  ASSERT_EQ(RunProgram(KELP_CONSOLE, {"--drives", console.folder.path(), place.filePath("s.ks")}, &errors), 0)
-      << errors.toStdString();
-  auto expected = FilesIn(console.folder.path());
+  auto [status, error, expected] = Play(KELP_CONSOLE, {"s.ks"}, script);
+  ASSERT_EQ(status, 0) << error.toStdString();
   auto files = FilesIn(drives.folder.path());
   files.erase("drive_q/vault/2007/0707/chl/chl002.pdf");
   // The record's events have numbers and times of their own.
@@ -200,45 +247,7 @@ TEST_F(DesktopStation, AStationByKeyboardAlone) {
     QTest::keyClick(&welcome, Qt::Key_M, Qt::AltModifier);
   });
   Begin();
-
-  ASSERT_TRUE(IsFront("frmMain"));
-  Key(Qt::Key_Return);
-  ASSERT_TRUE(IsFront("frmLogin"));
-  AtBox(Qt::Key_Y);
-  Key(Qt::Key_Return);
-  ASSERT_TRUE(IsFront("frmCreateBase"));
-  for (const QString text : {"", "93.3 70", "2", "", "", "07/14/2007", "09:40:00"}) {
-    if (!text.isEmpty()) Key(Qt::Key_A, Qt::ControlModifier);
-    for (const QChar c : text) Key(Qt::Key(c.toLatin1()));
-    Key(Qt::Key_Tab);
-  }
-  Key(Qt::Key_Return);
-  ASSERT_TRUE(IsFront("frmAcquire"));
-  Key(Qt::Key_Space);
-  EXPECT_EQ(caption(), "Load Blank");
-  for (const Reading& reading : kReadings) {
-    if (&reading == std::end(kReadings) - 1) {
-      ASSERT_TRUE(IsFront("frmWhatsNext"));
-      Key(Qt::Key_E, Qt::AltModifier);
-      EXPECT_TRUE(Eventually([&] { return run->program().frmWhatsNext.Option1[2].Value; }));
-      Key(Qt::Key_Return);
-      ASSERT_TRUE(IsFront("frmAcquire"));
-      run->windows().SoundSwitch()->toggle();
-    }
-    Stumble();
-    Key(Qt::Key_Space);
-    Read(reading.value, 8);
-    Stumble();
-    Read(reading.value, 8);
-    EXPECT_EQ(caption(), reading.saved);
-    Key(Qt::Key_Space);
-    EXPECT_EQ(caption(), reading.next);
-    if (&reading == kReadings) QTest::qWait(1200);  // a tick of the per-read log
-  }
-  ASSERT_TRUE(IsFront("frmWhatsNext"));
-  AtBox(Qt::Key_Y);     // the box's key, not the screen's
-  Key(Qt::Key_Return);  // Print/Save ends the program
-  EXPECT_TRUE(ended);
+  RunStation();
   for (const QWidget* window : QApplication::topLevelWidgets()) EXPECT_FALSE(window->isVisible());
   ASSERT_EQ(boxes.size(), 2U);
   EXPECT_NE(boxes[1].find("Q:\\vault\\2007\\0707\\chl\\chl002.pdf"), std::string::npos) << boxes[1];
@@ -263,64 +272,10 @@ TEST_F(DesktopStation, AStationByKeyboardAlone) {
 
 TEST_F(DesktopStation, AStationByTheMouseAlone) {
   Begin(QString::fromStdString(instrument->Path()));
-  ASSERT_TRUE(IsFront("frmMain"));
-  Click("frmMain", "Command1", 0);
-  ASSERT_TRUE(IsFront("frmLogin"));
-  const auto press = [this](QMessageBox::StandardButton button) {
-    WhenModal<QMessageBox>(
-        [button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
-  };
-  press(QMessageBox::Yes);
-  Click("frmLogin", "cmdOK");
-  // What the sample log says is typed: there is no other way to bring it in.
-  const std::pair<int, const char*> boxesTyped[] = {{1, "93.3 70"}, {2, "2"}, {5, "07/14/2007"}, {6, "9:40"}};
-  for (const auto& [box, text] : boxesTyped)
-    run->Post({.Kind = EventKind::Edit, .Place = {"frmCreateBase", "Text1", box}, .Text = text});
-  Click("frmCreateBase", "cmdCreateBase", 0);
-  ASSERT_TRUE(IsFront("frmAcquire"));
-  Click("frmAcquire", "Command1");
-  for (const Reading& reading : kReadings) {
-    if (&reading == std::end(kReadings) - 1) {
-      ASSERT_TRUE(IsFront("frmWhatsNext"));
-      Click("frmWhatsNext", "Option1", 2);
-      Click("frmWhatsNext", "NextButton");
-      ASSERT_TRUE(IsFront("frmAcquire"));
-    }
-    Click("frmAcquire", "Command1");
-    Read(reading.value, 16);
-    EXPECT_EQ(caption(), reading.saved);
-    Click("frmAcquire", "Command1");
-    EXPECT_EQ(caption(), reading.next);
-    if (&reading == kReadings) QTest::qWait(1200);
-  }
-  ASSERT_TRUE(IsFront("frmWhatsNext"));
-  press(QMessageBox::Yes);
-  Click("frmWhatsNext", "NextButton");
-  EXPECT_TRUE(ended);
+  mouse = true;
+  RunStation();
   run.reset();
   ExpectTheFilesOfTheConsole();
-}
-
-TEST_F(DesktopStation, ClosingAWindowAsksWhatQuitAsks) {
-  Begin(QString::fromStdString(instrument->Path()));
-  const std::tuple<const char*, const char*, int> rows[] = {
-      {"frmMain", "Command1", 4}, {"frmAcquire", "Command3", -1}, {"frmWhatsNext", "StopButton", -1}};
-  for (const auto& [screen, control, index] : rows) {
-    if (index < 0) HideScreen(run->program(), "frmMain");
-    ShowScreen(run->program(), screen);
-    ASSERT_TRUE(IsFront(screen));
-    boxes.clear();
-    AtBox(Qt::Key_N);
-    Click(screen, control, index);
-    AtBox(Qt::Key_Escape);
-    Window(screen)->close();
-    ASSERT_EQ(boxes.size(), 2U) << screen;
-    EXPECT_EQ(boxes[0], boxes[1]);
-    EXPECT_TRUE(Window(screen)->isVisible() && !ended);
-  }
-  AtBox(Qt::Key_Y);
-  Window("frmAcquire")->close();
-  EXPECT_TRUE(ended);
 }
 
 TEST_F(DesktopStation, AnUnpluggedLineIsToldAndOpenedAgain) {
@@ -331,21 +286,16 @@ TEST_F(DesktopStation, AnUnpluggedLineIsToldAndOpenedAgain) {
   };
   ASSERT_TRUE(plug());
   Begin(cable);
-  run->Post({.Kind = EventKind::Click, .Place = {"frmMain", "Command1", 0}});
-  AtBox(Qt::Key_Y);
-  run->Post({.Kind = EventKind::Click, .Place = {"frmLogin", "cmdOK"}});
-  run->Post({.Kind = EventKind::Click, .Place = {"frmCreateBase", "cmdCreateBase", 0}});
   const auto shown = [&](const QString& text) {
     return Eventually([&] {
-      const auto widgets = Window("frmAcquire")->findChildren<QWidget*>();
-      return std::any_of(widgets.begin(), widgets.end(), [&](QWidget* widget) {
-        const auto* box = dynamic_cast<ValueWidget*>(widget);
-        return box != nullptr && box->ShownText().contains(text);
-      });
+      const auto parts = PartsOf<ValueWidget>(*Window("frmAcquire"));
+      return std::any_of(parts.begin(), parts.end(),
+                         [&](const ValueWidget* part) { return part->ShownText().contains(text); });
     });
   };
+  OpenStation();
   EXPECT_TRUE(shown("Port closed"));
-  for (int i = 0; i < 2; ++i) Click("frmAcquire", "Command1");
+  for (int i = 0; i < 2; ++i) DoButton();
   EXPECT_TRUE(shown(cable + ") open"));
   Read("1.0000", 3);
   instrument.reset();
@@ -391,28 +341,20 @@ TEST_F(DesktopStation, FilesOpenInTheEditorOfTheSettings) {
 // A script plays in the windows as on the console: output, exit status and files, byte for byte.
 TEST(Scripts, PlayInTheWindowsAsOnTheConsole) {
   const std::pair<QByteArray, int> rows[] = {
-      {StationScript(), 0},
+      {"include " KELP_SOURCE_DIR "/demo/manual.ks\n", 0},
       {"expect frmMain.Command1(0) Walk\n", 1},
       {"click frmAcquire.Command1\n", 2},
       {"click frmMain.Command1(4)\n", 3},
       {"type frmMain.Text1(0) 1\nclick frmMain.Command1(3)\nkey frmMain F1\nshow frmMain.Text1(0)\n", 0}};
   for (const auto& [script, expected] : rows) {
-    const QTemporaryDir place;
-    const QString file = place.filePath("s.ks");
-    WriteFile(file, script);
-    QByteArray errors[2];
-    std::map<QString, QString> files[2];
-    for (int i = 0; i < 2; ++i) {
-      const Drives drives;
-      QStringList words{"--drives", drives.folder.path(), "--clock=2026-11-24T03:00:00", "--quick"};
-      if (i == 1) words << "--script";
-      const int status = RunProgram(i == 0 ? KELP_CONSOLE : KELP_DESKTOP_PROGRAM, words << file, &errors[i]);
-      EXPECT_EQ(status, expected) << errors[i].toStdString();
-      errors[i] = errors[i].trimmed().split('\n').last();
-      files[i] = FilesIn(drives.folder.path());
-    }
-    EXPECT_TRUE(expected == 0 || errors[0] == errors[1]) << errors[1].toStdString();
-    EXPECT_EQ(files[0], files[1]) << script.toStdString();
+    const QStringList words{"--clock=2026-11-24T03:00:00", "--quick"};
+    const Played console = Play(KELP_CONSOLE, words + QStringList{"--instrument=sim", "s.ks"}, script);
+    const Played windows =
+        Play(KELP_DESKTOP_PROGRAM, words + QStringList{"--simulate", "--script", "s.ks"}, script);
+    EXPECT_EQ(console.status, expected) << console.error.toStdString();
+    EXPECT_EQ(windows.status, expected) << windows.error.toStdString();
+    EXPECT_TRUE(expected == 0 || windows.error == console.error) << windows.error.toStdString();
+    EXPECT_EQ(windows.files, console.files) << script.toStdString();
   }
 }
 
