@@ -3,19 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <random>
 #include <sstream>
 
 #include "console/review/review_command.hpp"
 #include "platform/error.hpp"
 #include "review/chart_picture.hpp"
 #include "review/drawing.hpp"
-#include "review/final_files.hpp"
-#include "review/html_review.hpp"
 #include "review/profile_picture.hpp"
 #include "review/review.hpp"
 #include "review/svg.hpp"
-#include "review/text_review.hpp"
 #include "simulator/generated_cruise.hpp"
 #include "tests/support/memory_disk.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -128,49 +124,6 @@ TEST(Pictures, StandOnAnyNumbers) {
   }
   ControlChart chart{"Blank", {"001"}, {{"001", false, 0, 0.005, ""}}, 0.005};
   ExpectOnSheet(ChartPicture(chart));
-}
-
-// Files that were damaged at random: each is read or left out with a reason, and every row of the final data
-// stays whole.
-TEST(Review, StandsWhateverItsFilesHold) {
-  std::mt19937 random(7);
-  const auto below = [&](std::size_t limit) { return random() % limit; };
-  const char* const bits[] = {"-99.000", "0", "-",    "1e308", "nan", " ",     "\r\n",
-                              "\"",      ",", "\xFF", "/",     "=",   "99999", "LAB"};
-  const std::vector<GeneratedStation> stations = GenerateCruise(4);
-  std::size_t read = 0;
-  for (int round = 0; round < 60; ++round) {
-    MemoryDisk disk;
-    for (const GeneratedStation& station : stations) {
-      std::string text = station.Text();
-      for (std::size_t changes = below(4); changes > 0; --changes) {
-        const std::size_t at = below(text.size());
-        switch (below(3)) {
-          case 0: text.replace(at, below(9), bits[below(std::size(bits))]); break;
-          case 1: text.erase(at, below(40)); break;
-          default: text.insert(at, text.substr(below(text.size()), below(60)));
-        }
-      }
-      if (below(9) == 0) text.resize(below(text.size()));
-      disk.Files["q:\\c\\chl" + station.ProcNum] = text;
-    }
-    const kelp::Review review =
-        MakeReview(ReadCruise(disk, "q:\\c\\"), {0.010, {"3-1", 1.53, 0.3}, {"2-5", 5.03, 0.5}});
-    read += review.Stations.size();
-    EXPECT_EQ(review.Stations.size() + review.Cruise.Left.size(), stations.size());
-    const FinalData data = MakeFinalData(review.Cruise, {});
-    for (const FinalRow& row : data.Rows) ASSERT_EQ(row.Cells.size(), FinalColumns().size());
-    const auto lines = Lines(FinalCsv(data));
-    ASSERT_EQ(lines.size(), data.Rows.size() + 1);
-    std::vector<const Station*> shown;
-    for (const Station& station : review.Stations) shown.push_back(&station);
-    std::string page;
-    WriteHtmlReview(review, data, shown, [&](std::string_view text) { page += text; });
-    EXPECT_TRUE(page.ends_with("</html>\n"));
-    for (const std::string& line : TextReview(review, data, shown))
-      EXPECT_EQ(line.find_first_of("\x1b\r\n"), std::string::npos);
-  }
-  EXPECT_GT(read, 60U);
 }
 
 TEST(ReviewCommand, WritesOnePageThatNeedsNothingElseAndTheFinalData) {

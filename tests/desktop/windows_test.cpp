@@ -64,7 +64,10 @@ struct Checker {
   void Check(const QAbstractItemModel& cells, Grid& grid) {
     for (int row = 0; row < grid.Rows; ++row)
       for (int col = 0; col < grid.Cols; ++col) {
-        if (fill) grid.Text(row, col) = std::to_string(++count);
+        if (fill) {
+          grid.Text(row, col) = std::to_string(++count);
+          continue;
+        }
         const QVariant shown =
             row == 0 ? cells.headerData(col, Qt::Horizontal) : cells.index(row - 1, col).data();
         ASSERT_EQ(shown.toString().toStdString(), grid.Text(row, col)) << row << "," << col;
