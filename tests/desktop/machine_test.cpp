@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the desktop program: its dialogs, printer, editor, settings and the run of passes.
-#include <gtest/gtest.h>
 
 #include <QDir>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
-#include <QTimer>
 
 #include "acquire/read_loop.hpp"
 #include "desktop/machine/command_line.hpp"

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop program as a whole: real windows, keys and clicks, real files, and an instrument on a
 // pseudo-terminal.
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
