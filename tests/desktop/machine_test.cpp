@@ -207,6 +207,8 @@ TEST(CommandLine, HasOptionsOfItsOwn) {
       {{"a.ks"}, "unknown option \"a.ks\"; --help lists the options"},
       {{"--clock", "2026-11-24T03:00:00"}, "--clock goes with --script only"}};
   for (const auto& [words, problem] : rows) EXPECT_EQ(ReadCommandLine(words).Problem, problem);
+  EXPECT_EQ(ReadCommandLine({"--simulate"}).Instrument, InstrumentKind::Simulated);
+  EXPECT_EQ(ReadCommandLine({"--script=a.ks"}).Instrument, InstrumentKind::Script);
 }
 
 // A platform that counts the looks at its line, and whose message boxes stay open for a while.

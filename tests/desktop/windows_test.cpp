@@ -304,6 +304,9 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboardAndToldToScreenReaders) {
                       {"frmCreateBase", 9, 2}, {"frmWhatsNext", 12, 12}, {"frmChangeStep", 11, 2},
                       {"dlgRunRem", 7, 7},     {"frmRecalc", 8, 3},      {"frmEditCFG", 38, 4},
                       {"frmProgress", 0, 0}};
+  std::size_t screens = 0;
+  VisitScreens(desk.kelp, [&](std::string_view, auto&) { ++screens; });
+  ASSERT_EQ(std::size(rows), screens);
   for (int i = 0; i < 2; ++i) desk.Click("frmAcquire", "Command1");
   desk.Read(1.2345, 10);
   ASSERT_EQ(desk.caption(), "Save &Blank");
