@@ -48,7 +48,9 @@ std::optional<Cue> CueListener::Listen(bool typed, SaveState state) {
   if (caption != caption_ || typed) {
     caption_ = caption;
     std::vector<std::string> values = Values();
-    saved = values != values_ && !typed && station_ == kelp_.run.StationLoads;
+    // What was taken back is not saved: the night watch must hear the difference.
+    saved =
+        values != values_ && !typed && station_ == kelp_.run.StationLoads && kelp_.Note.Way != How::Undone;
     values_.swap(values);
     station_ = kelp_.run.StationLoads;
   }

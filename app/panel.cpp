@@ -25,16 +25,6 @@ int BoxOfItem(const Kelp& kelp, Item item) {
   }
 }
 
-// The step selector only says where a run starts; this says where it stands.
-std::string StepOf(const Kelp& kelp, const PanelState& panel) {
-  std::string step = StepUnderWay(kelp);
-  if (panel.Col >= 0)
-    step += " " + std::to_string(panel.Row) + ": " + kelp.frmAcquire.datalog.Text(0, panel.Col);
-  else if (panel.Box >= 0)
-    step += ": " + std::string(Trim(kelp.frmAcquire.lblBlank[panel.Box].Caption));
-  return step;
-}
-
 }  // namespace
 
 PanelState PanelOf(const Kelp& kelp) {
@@ -46,7 +36,6 @@ PanelState PanelOf(const Kelp& kelp) {
   // What stood before the line fell silent is no sign that a value may be saved now.
   panel.SdMet = panel.HasSd && SdIsMet(kelp) && ReadingAge(kelp) < 0;
   panel.MinReads = run.MinReads;
-  panel.ReadsMet = Val(form.txtStats[0].Text) >= run.MinReads && !form.txtStats[0].Text.empty();
   panel.Station = std::string(Trim(form.txtStaInfo[kStaProcNum].Text)) + "  " +
                   std::string(Trim(form.txtStaInfo[kStaLineSta].Text));
   panel.Samples = run.SampCount > 0 ? int{run.SampCount} : 0;
@@ -55,7 +44,6 @@ PanelState PanelOf(const Kelp& kelp) {
   if (panel.Row > 0 && item == Item::Rb) panel.Col = kColRb;
   if (panel.Row > 0 && item == Item::Ra) panel.Col = kColRa;
   panel.Box = BoxOfItem(kelp, item);
-  panel.Step = StepOf(kelp, panel);
   return panel;
 }
 

@@ -10,14 +10,12 @@
 namespace kelp {
 
 struct PanelState {
-  std::string Step;       ///< the running step and what it reads next
   std::string Criterion;  ///< the SD at or below which a value may be saved, as the SD is shown
   bool HasSd = false;     ///< an SD is shown
   bool SdMet = false;     ///< it belongs to a full average and meets the criterion
   int MinReads = 0;
-  bool ReadsMet = false;  ///< the minimum number of reads is in
-  std::string Station;    ///< processing number and station text
-  int Sample = 0;         ///< the current sample, 0 when the station has none
+  std::string Station;  ///< processing number and station text
+  int Sample = 0;       ///< the current sample, 0 when the station has none
   int Samples = 0;
   int Row = 0;   ///< grid row of the current sample, 0 for none
   int Col = -1;  ///< its column that the next value goes to, -1 when the step is no sample

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The acquisition screen as an instrument panel.
-#include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScrollArea>
-#include <QTest>
 #include <algorithm>
 
 #include "desktop/windows/focus_style.hpp"
@@ -16,6 +12,7 @@
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
 #include "tests/desktop/desk.hpp"
+#include "tests/desktop/modal.hpp"
 
 namespace kelp {
 namespace {
@@ -38,10 +35,10 @@ TEST(Panel, MarksWhereTheNextValueGoes) {
   auto* grid = CellsOf(desk);
   for (const Row& row : rows) {
     SCOPED_TRACE(row.caption);
-    desk.kelp.run.StepName = row.step;
-    desk.kelp.frmAcquire.Command1.Caption = row.caption;
-    desk.kelp.frmAcquire.Option1[kStepBlank].Caption = row.box == kBoxEndBlank ? "End Blank" : "Begin Blank";
-    desk.kelp.run.SampNum = row.sample;
+    desk.run().StepName = row.step;
+    desk.caption() = row.caption;
+    desk.form().Option1[kStepBlank].Caption = row.box == kBoxEndBlank ? "End Blank" : "Begin Blank";
+    desk.run().SampNum = row.sample;
     desk.windows.ShowChanges();
     EXPECT_EQ(grid->MarkedRow(), row.row);
     EXPECT_EQ(grid->MarkedCol(), row.col);
@@ -60,7 +57,7 @@ TEST(Cells, AreReadableInEveryScheme) {
     ApplyScheme(dark ? SchemeChoice::Dark : SchemeChoice::Light);
     Desk desk;
     desk.OpenStation(3);
-    desk.kelp.frmAcquire.datalog.Text(2, kColChla) = "88888";
+    desk.cell(2, kColChla) = "88888";
     desk.windows.ShowChanges();
     auto* grid = CellsOf(desk);
     const auto pictureOf = [&](int col) {
@@ -116,8 +113,8 @@ TEST(Layout, ShowsEveryTextWhole) {
     QApplication::setFont(Scaled(before, letters));
     Desk desk;
     desk.OpenStation(12);
-    desk.kelp.frmAcquire.Command1.Caption = "Reading Station Sample";
-    desk.kelp.frmAcquire.txtStaInfo[kStaFiltDate].Text = "11/23/2026";
+    desk.caption() = "Reading Station Sample";
+    desk.form().txtStaInfo[kStaFiltDate].Text = "11/23/2026";
     VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
       ShowScreen(desk.kelp, name);
       QWidget* window = desk.windows.WindowOf(std::string(name));
@@ -143,9 +140,9 @@ TEST(StripChart, DrawsTheLastValuesInTheTraceColour) {
   QWidget* chart = desk.windows.WidgetOf({"frmAcquire", "pctCanvas"});
   chart->setFixedSize(701, 351);
   QApplication::processEvents();
-  for (int i = 0; i < 101; ++i) desk.kelp.run.Chart.AddPoint(i < 100 ? 0.5F : 1.1F);
+  for (int i = 0; i < 101; ++i) desk.run().Chart.AddPoint(i < 100 ? 0.5F : 1.1F);
   for (const auto& [trace, shown] : {std::pair{kTraceRed, 0xFFFF0000}, {kTraceMagenta, 0xFFFF00FF}}) {
-    desk.kelp.run.TraceColor = trace;
+    desk.run().TraceColor = trace;
     desk.windows.ShowChanges();
     const QImage picture = chart->grab().toImage();
     // x and y from -0.2 to 1.2 on 701 x 351 pixels: 500 pixels to the unit across, 250 down.

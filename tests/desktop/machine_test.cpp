@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the desktop program: its dialogs, printer, editor, settings and the run of passes.
-#include <gtest/gtest.h>
 
 #include <QDir>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
-#include <QTimer>
 
 #include "acquire/read_loop.hpp"
 #include "desktop/machine/command_line.hpp"
@@ -211,6 +207,8 @@ TEST(CommandLine, HasOptionsOfItsOwn) {
       {{"a.ks"}, "unknown option \"a.ks\"; --help lists the options"},
       {{"--clock", "2026-11-24T03:00:00"}, "--clock goes with --script only"}};
   for (const auto& [words, problem] : rows) EXPECT_EQ(ReadCommandLine(words).Problem, problem);
+  EXPECT_EQ(ReadCommandLine({"--simulate"}).Instrument, InstrumentKind::Simulated);
+  EXPECT_EQ(ReadCommandLine({"--script=a.ks"}).Instrument, InstrumentKind::Script);
 }
 
 // A platform that counts the looks at its line, and whose message boxes stay open for a while.

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Windows show every control of their screens and report what the operator does.
-#include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <set>
 
 #include "desktop/windows/access_keys.hpp"
@@ -114,28 +110,6 @@ TEST(Windows, ShowEveryControlOfEveryScreen) {
   EXPECT_TRUE(desk.events.empty()) << "a widget that the program writes reports nothing";
 }
 
-// What the windows report while `act` runs, without moves of the focus.
-std::string Reported(Desk& desk, const std::function<void()>& act) {
-  static const char* const kKinds[] = {"click", "dblclick", "key",  "edit", "focus",
-                                       "paste", "escape",   "cell", "close"};
-  QApplication::processEvents();
-  desk.events.clear();
-  act();
-  QApplication::processEvents();
-  std::string all;
-  for (const Event& event : desk.events) {
-    if (event.Kind == EventKind::Focus) continue;
-    all += (all.empty() ? "" : "; ") + std::string(kKinds[static_cast<int>(event.Kind)]) + " " +
-           event.Place.Control;
-    if (event.Place.Control.empty()) all += event.Place.Screen;
-    if (event.Place.Index >= 0) all += "(" + std::to_string(event.Place.Index) + ")";
-    if (event.Kind == EventKind::Edit) all += "=" + event.Text;
-    if (event.Kind == EventKind::Key) all += " " + std::to_string(event.Key);
-    if (event.Row > 0) all += " " + std::to_string(event.Row) + "," + std::to_string(event.Col);
-  }
-  return all;
-}
-
 struct WindowedStation : ::testing::Test {
   Desk desk;
   QWidget* acquire = desk.windows.WindowOf("frmAcquire");
@@ -143,6 +117,7 @@ struct WindowedStation : ::testing::Test {
   void SetUp() override {
     desk.OpenStation(5);
     WaitFor("frmAcquire");
+    Reported([] {});
   }
   // A window counts as active in Qt's own wait already when the one that it belongs to is.
   void WaitFor(const std::string& screen) {
@@ -156,10 +131,26 @@ struct WindowedStation : ::testing::Test {
   /// Gives a widget the focus and presses a key there.
   std::string Press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     widget->setFocus();
-    return Reported(desk, [&] { QTest::keyClick(widget, Qt::Key(key), modifiers); });
+    return Reported([&] { QTest::keyClick(widget, Qt::Key(key), modifiers); });
   }
-  std::string Clicked(QWidget* widget) {
-    return Reported(desk, [&] { QTest::mouseClick(widget, Qt::LeftButton); });
+  /// What the windows report since the last time and while `act` runs, without moves of the focus.
+  std::string Reported(const std::function<void()>& act) {
+    static const char* const kKinds[] = {"click", "dblclick", "key",  "edit", "focus",
+                                         "paste", "escape",   "cell", "close"};
+    act();
+    QApplication::processEvents();
+    std::string all;
+    for (const Event& event : std::exchange(desk.events, {})) {
+      if (event.Kind == EventKind::Focus) continue;
+      const FocusPlace& place = event.Place;
+      all += (all.empty() ? "" : "; ") + std::string(kKinds[static_cast<int>(event.Kind)]) + " ";
+      all += place.Control.empty() ? place.Screen : place.Control;
+      if (place.Index >= 0) all += "(" + std::to_string(place.Index) + ")";
+      if (event.Kind == EventKind::Edit) all += "=" + event.Text;
+      if (event.Kind == EventKind::Key) all += " " + std::to_string(event.Key);
+      if (event.Row > 0) all += " " + std::to_string(event.Row) + "," + std::to_string(event.Col);
+    }
+    return all;
   }
   void Warn(const char* text) {
     SetWarning(desk.kelp, text);
@@ -168,45 +159,40 @@ struct WindowedStation : ::testing::Test {
 };
 
 TEST_F(WindowedStation, ReportsWhatTheOperatorDoes) {
-  EXPECT_EQ(Clicked(At("Command2")), "click Command2");
+  for (QWidget* button : {At("Command2"), At("Option1", 3), At("Option1", 3), At("Check1"), At("txtMean", 5)})
+    QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(Reported([] {}),
+            "click Command2; click Option1(3); click Option1(3); click Check1; click txtMean(5)");
   EXPECT_EQ(At<QPushButton>("Command2")->text(), "&Resume");
-  for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(Clicked(At("Option1", 3)), "click Option1(3)");
-    EXPECT_TRUE(At<QRadioButton>("Option1", 3)->isChecked()) << "a second click takes nothing back";
-  }
+  EXPECT_TRUE(At<QRadioButton>("Option1", 3)->isChecked()) << "a second click takes nothing back";
   EXPECT_FALSE(At<QRadioButton>("Option1", 0)->isChecked());
-  EXPECT_EQ(Clicked(At("Check1")), "click Check1");
-  EXPECT_TRUE(desk.kelp.frmAcquire.Check1.Value);
-  EXPECT_EQ(Clicked(At("txtMean", 5)), "click txtMean(5)") << "a single click is enough";
+  EXPECT_TRUE(desk.form().Check1.Value);
 
   auto* box = At<QLineEdit>("txtStaInfo", kStaLineSta);
-  box->setFocus();
-  box->selectAll();
-  EXPECT_EQ(Reported(desk, [&] { QTest::keyClicks(box, "9 "); }),
-            "edit txtStaInfo(1)=9; edit txtStaInfo(1)=9 ");
   auto* initials = At<QComboBox>("Combo1");
-  EXPECT_EQ(Reported(desk, [&] { emit initials->textActivated(initials->itemText(1)); }),
-            "edit Combo1=" + initials->itemText(1).toStdString());
-
   auto* grid = At<GridView>("datalog");
   const QPoint cell = grid->visualRect(grid->model()->index(2, kColRa)).center();
-  EXPECT_EQ(Reported(desk, [&] { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell); }),
+  box->setFocus();
+  box->selectAll();
+  EXPECT_EQ(Reported([&] { QTest::keyClicks(box, "9 "); }), "edit txtStaInfo(1)=9; edit txtStaInfo(1)=9 ");
+  EXPECT_EQ(Reported([&] { emit initials->textActivated("HNL"); }), "edit Combo1=HNL");
+  EXPECT_EQ(Reported([&] { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell); }),
             "cell datalog 3,4");
-  for (int i = 0; i < 2; ++i) desk.platform.QueueAnswer(Answer::No);
-  EXPECT_EQ(Reported(desk, [&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, cell); }),
+  desk.Answers({Answer::No, Answer::No});
+  EXPECT_EQ(Reported([&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, cell); }),
             "dblclick datalog 3,4");
 }
 
 TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   auto* start = At("Command1");
   auto* grid = At("datalog");
-  desk.kelp.frmAcquire.Command1.Caption = "S&tandby";
+  desk.caption() = "S&tandby";
   EXPECT_EQ(Press(start, Qt::Key_Space), "key frmAcquire 32");
-  EXPECT_EQ(desk.kelp.frmAcquire.Command1.Caption, "&Start") << "and the button was not clicked besides";
+  EXPECT_EQ(desk.caption(), "&Start") << "and the button was not clicked besides";
   EXPECT_EQ(Press(desk.windows.SoundSwitch(), Qt::Key_Return), "") << "not the run's button";
   for (QWidget* place : {start, At("Option1", 1), grid, At("txtStaInfo", 1), At("Combo1"),
                          static_cast<QWidget*>(desk.windows.SoundSwitch())}) {
-    desk.platform.QueueAnswer(Answer::No);
+    desk.Answers({Answer::No});
     EXPECT_EQ(Press(place, Qt::Key_F10), "key frmAcquire 1010");
   }
   // A space in a box or in a cell is a character.
@@ -214,11 +200,11 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(Press(At("txtStaInfo", 1), Qt::Key_Space), "edit txtStaInfo(1)= ");
   desk.Do({.Kind = EventKind::SelectCell, .Place = {"frmAcquire", "datalog"}, .Row = 1, .Col = kColFiltCom});
   for (const int key : {Qt::Key_A, Qt::Key_Space, Qt::Key_B, Qt::Key_Backspace}) Press(grid, key);
-  EXPECT_EQ(desk.kelp.frmAcquire.datalog.Text(1, kColFiltCom), "a ");
+  EXPECT_EQ(desk.cell(1, kColFiltCom), "a ");
   EXPECT_EQ(Press(grid, Qt::Key_Down), "cell datalog 2,12");
 
   // What the mouse does by a double click or on a mean box.
-  desk.platform.QueueAnswer(Answer::No);
+  desk.Answers({Answer::No});
   EXPECT_EQ(Press(grid, Qt::Key_Return, Qt::ControlModifier), "dblclick datalog 2,12");
   for (const int key : {Qt::Key_Enter, Qt::Key_Space})
     EXPECT_EQ(Press(At("txtMean", 4), key), "click txtMean(4)");
@@ -232,7 +218,7 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   // A key held down is pressed once.
   QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
   start->setFocus();
-  EXPECT_EQ(Reported(desk, [&] { QApplication::sendEvent(start, &held); }), "");
+  EXPECT_EQ(Reported([&] { QApplication::sendEvent(start, &held); }), "");
 }
 
 TEST_F(WindowedStation, ClosingAWindowAsksWhatQuitAsks) {
@@ -240,12 +226,12 @@ TEST_F(WindowedStation, ClosingAWindowAsksWhatQuitAsks) {
       {"frmMain", "Command1", 4}, {"frmAcquire", "Command3", -1}, {"frmWhatsNext", "StopButton", -1}};
   for (const auto& [screen, control, index] : rows) {
     ShowScreen(desk.kelp, screen);
-    for (int i = 0; i < 2; ++i) desk.platform.QueueAnswer(Answer::No);
+    desk.Answers({Answer::No, Answer::No});
     desk.Click(screen, control, index);
-    const std::string asked = desk.platform.Boxes.back().message.Text;
+    const std::string asked = desk.LastBox();
     QWidget* window = desk.windows.WindowOf(screen);
-    EXPECT_EQ(Reported(desk, [&] { window->close(); }), std::string("close ") + screen);
-    EXPECT_EQ(desk.platform.Boxes.back().message.Text, asked);
+    EXPECT_EQ(Reported([&] { window->close(); }), std::string("close ") + screen);
+    EXPECT_EQ(desk.LastBox(), asked);
     EXPECT_TRUE(window->isVisible() && desk.platform.AnswersWaiting() == 0) << screen;
   }
 }
@@ -322,9 +308,12 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboardAndToldToScreenReaders) {
                       {"frmCreateBase", 9, 2}, {"frmWhatsNext", 12, 12}, {"frmChangeStep", 11, 2},
                       {"dlgRunRem", 7, 7},     {"frmRecalc", 8, 3},      {"frmEditCFG", 38, 4},
                       {"frmProgress", 0, 0}};
+  std::size_t screens = 0;
+  VisitScreens(desk.kelp, [&](std::string_view, auto&) { ++screens; });
+  ASSERT_EQ(std::size(rows), screens);
   for (int i = 0; i < 2; ++i) desk.Click("frmAcquire", "Command1");
   desk.Read(1.2345, 10);
-  ASSERT_EQ(desk.kelp.frmAcquire.Command1.Caption, "Save &Blank");
+  ASSERT_EQ(desk.caption(), "Save &Blank");
   for (const auto& [screen, stops, letters] : rows) {
     SCOPED_TRACE(screen);
     ShowScreen(desk.kelp, screen);
@@ -397,12 +386,12 @@ TEST_F(WindowedStation, CellsAreCopiedAndPastedAsSpreadsheetsDo) {
   QApplication::clipboard()->setText("5\n10\n20\n");
   desk.Do({.Kind = EventKind::SelectCell, .Place = {"frmAcquire", "datalog"}, .Row = 2, .Col = kColDepth});
   EXPECT_EQ(Press(grid, Qt::Key_V, Qt::ControlModifier), "paste datalog 2,2");
-  EXPECT_EQ(desk.kelp.frmAcquire.datalog.Text(4, kColDepth), "20");
+  EXPECT_EQ(desk.cell(4, kColDepth), "20");
   for (int i = 0; i < 2; ++i) Press(grid, Qt::Key_Down, Qt::ShiftModifier);
   Press(grid, Qt::Key_Left, Qt::ShiftModifier);
   Press(grid, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "08\t5\n09\t10\n10\t20");
-  desk.kelp.frmAcquire.cmdUndo.Enabled = true;
+  desk.form().cmdUndo.Enabled = true;
   EXPECT_EQ(Press(grid, Qt::Key_Z, Qt::ControlModifier), "click cmdUndo");
   EXPECT_EQ(Press(At("txtStaInfo", 1), Qt::Key_Z, Qt::ControlModifier), "click cmdUndo");
 }

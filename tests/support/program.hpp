@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,12 +18,14 @@
 
 namespace kelp {
 
-struct Program {
+template <class PlatformUsed>
+struct ProgramOn {
   MemoryDisk disk = {};
-  ScriptedPlatform platform{disk};
+  PlatformUsed platform{disk};
   Kelp kelp{platform};
+  std::function<void()> Changed = [] {};  ///< called after each of the operator's doings and each pass
 
-  Program() {
+  ProgramOn() {
     using namespace std::chrono;
     platform.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
     SetDefaultConfig(kelp.run);
@@ -45,22 +48,25 @@ struct Program {
     for (const Answer answer : answers) platform.QueueAnswer(answer);
   }
 
+  bool Do(const Event& event) {
+    const bool done = Post(kelp, event);
+    Changed();
+    return done;
+  }
   bool Click(std::string_view screen, std::string_view control, int index = -1) {
-    return Post(kelp,
-                {.Kind = EventKind::Click, .Place = {std::string(screen), std::string(control), index}});
+    return Do({.Kind = EventKind::Click, .Place = {std::string(screen), std::string(control), index}});
   }
   bool DblClick(std::string_view screen, std::string_view control, int index = -1) {
-    return Post(kelp,
-                {.Kind = EventKind::DblClick, .Place = {std::string(screen), std::string(control), index}});
+    return Do({.Kind = EventKind::DblClick, .Place = {std::string(screen), std::string(control), index}});
   }
   bool Key(std::string_view screen, int key) {
-    return Post(kelp, {.Kind = EventKind::Key, .Place = {std::string(screen)}, .Key = key});
+    return Do({.Kind = EventKind::Key, .Place = {std::string(screen)}, .Key = key});
   }
   /// Replaces a control's text and leaves the control.
   void Type(std::string_view screen, std::string_view control, int index, const std::string& text) {
     const FocusPlace place{std::string(screen), std::string(control), index};
-    Post(kelp, {.Kind = EventKind::Focus, .Place = place});
-    Post(kelp, {.Kind = EventKind::Edit, .Place = place, .Text = text});
+    Do({.Kind = EventKind::Focus, .Place = place});
+    Do({.Kind = EventKind::Edit, .Place = place, .Text = text});
     Key(screen, kKeyTab);
   }
 
@@ -70,6 +76,7 @@ struct Program {
       platform.Feed("\r\nA =" + Padded(Fixed(value, 4), 7, "L", "S") + " (RAW)");
       platform.Advance(1000);
       Pass(kelp);
+      Changed();
     }
   }
 
@@ -93,5 +100,6 @@ struct Program {
   /// The text of the newest message box; "" when there was none.
   std::string LastBox() { return platform.Boxes.empty() ? "" : platform.Boxes.back().message.Text; }
 };
+using Program = ProgramOn<ScriptedPlatform>;
 
 }  // namespace kelp
