@@ -3,7 +3,7 @@
 
 #include "app/editor.hpp"
 #include "core/text.hpp"
-#include "workflow/create_base.hpp"
+#include "workflow/open_station.hpp"
 #include "workflow/run_controls.hpp"
 
 namespace kelp {

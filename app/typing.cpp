@@ -8,8 +8,8 @@
 #include "app/panel.hpp"
 #include "core/text.hpp"
 #include "record/record.hpp"
-#include "workflow/create_base.hpp"
 #include "workflow/keys.hpp"
+#include "workflow/open_station.hpp"
 #include "workflow/run_controls.hpp"
 #include "workflow/whats_next.hpp"
 

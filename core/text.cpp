@@ -2,6 +2,8 @@
 #include "core/text.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdio>
 
 namespace kelp {
 
@@ -104,6 +106,14 @@ std::string OneField(std::string_view text, bool alsoCommas) {
 
 std::string Counted(std::size_t count, std::string_view one) {
   return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
+}
+
+std::string MarkOf(const std::string& text) {
+  std::uint64_t hash = 14695981039346656037U;
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  char mark[40];
+  std::snprintf(mark, sizeof mark, "%zu-%016llx", text.size(), static_cast<unsigned long long>(hash));
+  return mark;
 }
 
 }  // namespace kelp

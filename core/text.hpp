@@ -42,4 +42,7 @@ std::string OneField(std::string_view text, bool alsoCommas);
 /// "1 file", "2 files".
 std::string Counted(std::size_t count, std::string_view one);
 
+/// A mark of a text by which a changed one is told.
+std::string MarkOf(const std::string& text);
+
 }  // namespace kelp

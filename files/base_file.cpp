@@ -10,6 +10,7 @@
 #include "files/kept_copy.hpp"
 #include "files/report.hpp"
 #include "files/table_field.hpp"
+#include "files/table_lines.hpp"
 
 namespace kelp {
 
@@ -75,6 +76,24 @@ void BeginStation(Kelp& kelp) {
   if (!prompts) SetButton(kelp, {.Caption = "&Start", .Text = FrmAcquire().Text4.Text});
 }
 
+// The loader splits on runs of blanks, so the spacing is part of the format.
+std::string TextOf(const RunState& run, const NewStation& station) {
+  const std::string count = OneField(Trim(station.Count), false);
+  std::string text =
+      OneField(Trim(station.LineSta), false) + "\r\n" + CfgValue(run, kCfgFluorometer) + "\r\n";
+  text += "0.0 0.0 0.0 0.0\r\n0.0 0.0 0.0 0.0\r\n";
+  text += NumberAndCount(run.ProcNum, count) + " " + CfgValue(run, kCfgMachineFactor) + " " +
+          CfgValue(run, kCfgAcidRatio) + "\r\n";
+  const double samples = Val(count);
+  const Counter16 firstBottle = ToInt16(Val(station.FirstBottle));
+  for (int i = 1; i <= samples; ++i) {
+    const Counter16 bottle = firstBottle - 1 + i;
+    text += "2 " + Padded(std::to_string(int{bottle}), 2, "L", "0") + "    3  " +
+            CfgValue(run, kCfgFiltrVol) + " " + CfgValue(run, kCfgExtractVol) + " \r\n";
+  }
+  return text;
+}
+
 }  // namespace
 
 void TakeHeaderOfConfig(Kelp& kelp) {
@@ -119,6 +138,15 @@ void TakeSavedValues(Kelp& kelp, const LoadedStation& loaded) {
   // What the operator saved stands above what the CTD files say.
   kelp.frmAcquire.txtStaInfo[kStaLineSta].Text = Trim(kelp.run.SampTbl(0, 0));
   TakeReportHeading(kelp, loaded.Text.Report);
+}
+
+void WriteNewBaseFile(Kelp& kelp, const NewStation& station) {
+  const RunState& run = kelp.run;
+  Disk& disk = kelp.platform.disk();
+  const std::string text = TextOf(run, station);
+  KeepResults(disk, run.BaseFile, kelp.platform.Now());
+  disk.MakeFolder(run.DataOutPath);
+  disk.Replace(run.BaseFile, text);
 }
 
 bool UsableProcNum(std::string_view procNum) {

@@ -36,6 +36,17 @@ LoadedStation ReadBaseFile(Kelp& kelp, const std::string& path);
 /// Puts blanks, copros and heading of a station that was saved into their boxes, over what came of CTD files.
 void TakeSavedValues(Kelp& kelp, const LoadedStation& loaded);
 
+/// What the sample log sheet says, as it was typed.
+struct NewStation {
+  std::string LineSta;
+  std::string Count;
+  std::string FirstBottle;
+};
+
+/// Writes the base file of the run's processing number; one that holds results is kept beside it. Throws
+/// FileError, or Overflow for a bottle that is no 16-bit number.
+void WriteNewBaseFile(Kelp& kelp, const NewStation& station);
+
 /// True for a processing number that can stand in a file name.
 bool UsableProcNum(std::string_view procNum);
 

@@ -2,7 +2,6 @@
 #include "files/result_writer.hpp"
 
 #include "core/config.hpp"
-#include "core/mark.hpp"
 #include "core/text.hpp"
 #include "files/database_csv.hpp"
 #include "files/grid_layout.hpp"

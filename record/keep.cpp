@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/date_time.hpp"
-#include "core/mark.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"
 #include "record/record.hpp"

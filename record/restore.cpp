@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "core/mark.hpp"
 #include "core/option.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"

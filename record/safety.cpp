@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writing what waits: the record, and while that can't be written a spare beside the temporary copy.
 #include <cstdint>
-#include <cstdio>
 #include <random>
 
 #include "core/date_time.hpp"

@@ -6,7 +6,6 @@
 
 #include "core/config.hpp"
 #include "core/date_time.hpp"
-#include "core/mark.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"
 #include "record/old_journal.hpp"

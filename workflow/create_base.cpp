@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "workflow/create_base.hpp"
-
+// The create screen's work: writes a base file from the sample log sheet's values.
 #include "core/config.hpp"
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
-#include "files/new_base_file.hpp"
 #include "workflow/keeping_station.hpp"
 #include "workflow/open_station.hpp"
 

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/dialogs.hpp"
 
+#include <algorithm>
+#include <utility>
+
+#include "calc/calc_samples.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
-#include "workflow/calculate.hpp"
 #include "workflow/open_station.hpp"
 
 namespace kelp {
@@ -108,6 +111,20 @@ void ReloadBaseFile(Kelp& kelp) {
 }
 
 }  // namespace
+
+void CalcAllSamples(Kelp& kelp) {
+  RunState& run = kelp.run;
+  MoveToSample(kelp, std::max(1, int{run.SampCount}));
+  AllRows all;
+  for (int row = 1; row <= run.SampCount; ++row) {
+    ShowScreen(kelp, "frmAcquire");
+    CalcRowGuarded(kelp, row, all);
+  }
+  SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) +
+                      " now.");
+  ShowScreen(kelp, "frmWhatsNext");
+  AppendAllRows(kelp, std::move(all));
+}
 
 void frmChangeStep_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) ResetToSelection(kelp);

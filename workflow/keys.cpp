@@ -5,7 +5,7 @@
 #include "calc/calc_samples.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
-#include "workflow/calculate.hpp"
+#include "workflow/dialogs.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
 #include "workflow/steps.hpp"

@@ -10,7 +10,6 @@
 #include "files/kept_copy.hpp"
 #include "files/station_lock.hpp"
 #include "record/record.hpp"
-#include "workflow/create_base.hpp"
 #include "workflow/keeping_station.hpp"
 
 namespace kelp {
@@ -67,16 +66,13 @@ bool AnySampleRead(const Kelp& kelp) {
   return false;
 }
 
-// What the recalculation will use, beside the two boxes that it takes.
-void TellStationIn(FrmRecalc& dialog, const Kelp& kelp) {
-  dialog.Text1[2].Text = kelp.frmAcquire.txtBlank[kBoxEndBlank].Text;
-  dialog.Text1[3].Text = kelp.frmAcquire.txtStaInfo[kStaFiltrVol].Text;
-  dialog.Text1[4].Text = kelp.frmAcquire.txtStaInfo[kStaExtractVol].Text;
-}
-
+// The dialog tells what the recalculation will use, beside the two boxes that it takes.
 void OfferRecalculation(Kelp& kelp) {
   UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
-  TellStationIn(kelp.frmRecalc, kelp);
+  auto& box = kelp.frmRecalc.Text1;
+  box[2].Text = kelp.frmAcquire.txtBlank[kBoxEndBlank].Text;
+  box[3].Text = kelp.frmAcquire.txtStaInfo[kStaFiltrVol].Text;
+  box[4].Text = kelp.frmAcquire.txtStaInfo[kStaExtractVol].Text;
   ShowScreen(kelp, "frmRecalc");
 }
 

@@ -18,6 +18,20 @@ bool MayOpenStation(Kelp& kelp, const std::string& baseFile);
 /// Throws what ReadBaseFile throws; the station that was open then stays open.
 bool LoadBaseFile(Kelp& kelp, std::string& path);
 
+/// Shows the create screen, with the processing number and the starting bottle and vial filled in.
+void ShowCreateBase(Kelp& kelp);
+
+/// A box of the create screen was left: date and time take the program's own form.
+void CreateBox_LostFocus(Kelp& kelp, int index);
+
+/// Marks the boxes of the create screen whose values deserve a second look: no samples, a date or time that
+/// can't be read. All of them are allowed.
+void CheckCreateBase(Kelp& kelp);
+
+/// "Create File" of the create screen: checks the boxes, writes the base file, copies the boxes to
+/// the acquisition screen and loads the station. Throws FileError when it can't be written.
+void CreateBaseFile(Kelp& kelp);
+
 /// Opens the station that follows the current one, and moves the end values to the beginning.
 void OpenNextStation(Kelp& kelp);
 

@@ -51,8 +51,6 @@ void NextStationByOk(Kelp& kelp) {
   ClearReadingDisplays(kelp.frmAcquire);
 }
 
-void AddSampleToStation(Kelp& kelp) { AddSample(kelp); }
-
 void EndBlankByOk(Kelp& kelp) {
   PromptBlank(kelp);
   // As the double-click does: an end blank never overwrites the begin blank.
@@ -75,7 +73,7 @@ void PrintSaveByOk(Kelp& kelp) {
 void CarryOut(Kelp& kelp, int choice) {
   switch (choice) {
     case kNextStation: NextStationByOk(kelp); break;
-    case kAddSample: AddSampleToStation(kelp); break;
+    case kAddSample: AddSample(kelp); break;
     case kEndBlank: EndBlankByOk(kelp); break;
     case kEndStandard:
       PromptStandards(kelp);
@@ -120,7 +118,7 @@ void CarryOutAtOnce(Kelp& kelp, int choice) {
       OpenNextStation(kelp);
       PromptNextStation(kelp);
       break;
-    case kAddSample: AddSampleToStation(kelp); break;
+    case kAddSample: AddSample(kelp); break;
     case kEndBlank: BlankAtOnce(kelp); break;
     case kEndStandard: PromptStandards(kelp); break;
     case kEndCopros: CoprosAtOnce(kelp); break;

@@ -22,7 +22,7 @@ const FocusPlace* Binder::PlaceOf(const QObject* widget) const {
 }
 
 void Binder::Pair(const std::string& label, int labelIndex, const std::string& box, int boxIndex) const {
-  static_cast<QLabel*>((*this)(label, labelIndex))->setBuddy((*this)(box, boxIndex));
+  As<QLabel>(label, labelIndex)->setBuddy((*this)(box, boxIndex));
 }
 
 void Binder::ShowChanges() {

@@ -35,6 +35,11 @@ class Binder {
 
   /// The widget of a control. A name that the screen's list does not hold is a fault of the program.
   [[nodiscard]] QWidget* operator()(const std::string& control, int index = -1) const;
+  /// The same as what it must be; another widget is a fault of the program too.
+  template <class Wanted>
+  [[nodiscard]] Wanted* As(const std::string& control, int index = -1) const {
+    return kelp::As<Wanted>((*this)(control, index), {screen_, control, index});
+  }
   /// The same, or null.
   [[nodiscard]] QWidget* Find(const std::string& control, int index) const;
   /// The place of the control that a widget shows, or null.

@@ -139,7 +139,7 @@ std::unique_ptr<ScreenWindow> MakeFrmRecalc(Kelp& kelp, const Report& report) {
   auto window = std::make_unique<ScreenWindow>(kelp, "frmRecalc", kelp.frmRecalc.Form, report);
   Binder& controls = window->Controls;
   controls.Bind(kelp.frmRecalc);
-  auto* explanation = static_cast<QLabel*>(controls("Label2"));
+  auto* explanation = controls.As<QLabel>("Label2");
   explanation->setWordWrap(true);
   explanation->setMinimumWidth(DigitsWidth(*window, 52));
   auto* fields = new QGridLayout;

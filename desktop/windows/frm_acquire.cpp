@@ -140,7 +140,7 @@ void FrmAcquireWindow::NameWidgets() const {
   Controls("pctCanvas")->setAccessibleName("Strip chart of the last readings");
   Controls("datalog")->setAccessibleName("Samples of the station");
   Controls("StatusBar1")->setAccessibleName("Status");
-  NameBox(static_cast<QComboBox*>(Controls("Combo1")), "Operator's initials");
+  NameBox(Controls.As<QComboBox>("Combo1"), "Operator's initials");
   for (int i = 0; i < kelp_.frmAcquire.txtStaInfo.kCount; ++i)
     Controls.Pair("lblStaInfo", i, "txtStaInfo", i);
   for (int i = 0; i < kelp_.frmAcquire.txtBlank.kCount; ++i) Controls.Pair("lblBlank", i, "txtBlank", i);

@@ -29,9 +29,9 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
   layout->setContentsMargins(6, 3, 6, 4);
   layout->setHorizontalSpacing(3);
   layout->setVerticalSpacing(3);
-  const auto place = [&](int at, QWidget* label, QWidget* box) {
+  const auto place = [&](int at, QLabel* label, QWidget* box) {
     const int col = at % kHeaderColumns * 2;
-    static_cast<QLabel*>(label)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(label, at / kHeaderColumns, col);
     layout->addWidget(box, at / kHeaderColumns, col + 1);
     SetLook(label, 0.93);
@@ -40,8 +40,8 @@ QWidget* FrmAcquireWindow::MakeHeader() const {
     layout->setColumnStretch(col + 1, 1);
   };
   for (int i = 0; i < kelp_.frmAcquire.txtStaInfo.kCount; ++i)
-    place(i, Controls("lblStaInfo", i), Controls("txtStaInfo", i));
-  place(kInitialsLabel, Controls("lblStaInfo", kInitialsLabel), Controls("Combo1"));
+    place(i, Controls.As<QLabel>("lblStaInfo", i), Controls("txtStaInfo", i));
+  place(kInitialsLabel, Controls.As<QLabel>("lblStaInfo", kInitialsLabel), Controls("Combo1"));
   return header_;
 }
 
@@ -54,7 +54,7 @@ QWidget* FrmAcquireWindow::MakeStandards() const {
   // Begin and end value side by side, a gap between the pairs; long labels take two lines.
   for (int i = 0; i < kBoxAutoCriterion; ++i) {
     const int col = i / 2 * 3 + i % 2;
-    auto* label = static_cast<QLabel*>(Controls("lblBlank", i));
+    auto* label = Controls.As<QLabel>("lblBlank", i);
     SetLook(label, 0.87);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);

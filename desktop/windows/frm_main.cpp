@@ -95,7 +95,7 @@ std::unique_ptr<ScreenWindow> MakeFrmLogin(Kelp& kelp, const Report& report) {
   auto* field = new QGridLayout;
   AddField(field, 0, 0, controls, "lblLabels", -1, "Combo1", -1);
   controls("Combo1")->setMinimumWidth(DigitsWidth(*window, 20));
-  NameBox(static_cast<QComboBox*>(controls("Combo1")), "Operator");
+  NameBox(controls.As<QComboBox>("Combo1"), "Operator");
   SetAccessKeys(controls, {{"cmdOK", -1, 'K'}, {"cmdCancel", -1, 'Q'}});
   field->setColumnStretch(1, 1);
   auto* layout = new QVBoxLayout(window.get());

@@ -83,7 +83,7 @@ std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report)
   chain.push_back(controls("PrinterSelect"));
   SetTabChain(chain);
 
-  auto* reminder = static_cast<QLabel*>(controls("Label1"));
+  auto* reminder = controls.As<QLabel>("Label1");
   SetLook(reminder, 1, true);
   SetInk(reminder, WarnInk);
 
@@ -100,7 +100,7 @@ std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report)
 std::unique_ptr<ScreenWindow> MakeFrmProgress(Kelp& kelp, const Report& report) {
   auto window = std::make_unique<ScreenWindow>(kelp, "frmProgress", kelp.frmProgress.Form, report);
   window->Controls.Bind(kelp.frmProgress);
-  auto* label = static_cast<QLabel*>(window->Controls("Label1"));
+  auto* label = window->Controls.As<QLabel>("Label1");
   SetLook(label, 1.15);
   label->setAlignment(Qt::AlignCenter);
   // The text changes while the window is up; the window keeps its size.

@@ -80,8 +80,7 @@ class LinkTo : public Link {
       : Link(std::move(place), widget), control_(control) {
     if constexpr (requires { control.List; }) PutList(Widget, control.List);
     PutText(Widget, FromProgram(TextOf(control)));
-    if constexpr (requires { control.Value; })
-      static_cast<QAbstractButton*>(widget)->setChecked(control.Value);
+    if constexpr (requires { control.Value; }) As<QAbstractButton>(Widget, Place)->setChecked(control.Value);
     PutRest();
     Shown = control;
   }
@@ -97,7 +96,7 @@ class LinkTo : public Link {
     if (differs(TextOf(control_), TextOf(Shown))) PutText(Widget, FromProgram(TextOf(control_)));
     if constexpr (requires { control_.Value; })
       if (differs(control_.Value, Shown.Value))
-        static_cast<QAbstractButton*>(Widget)->setChecked(control_.Value);
+        As<QAbstractButton>(Widget, Place)->setChecked(control_.Value);
     bool rest = differs(control_.ToolTipText, Shown.ToolTipText);
     rest |= differs(control_.Enabled, Shown.Enabled) || differs(control_.Visible, Shown.Visible);
     if constexpr (requires { control_.Problem; }) rest |= differs(control_.Problem, Shown.Problem);
@@ -168,7 +167,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, Label& control, QWidget* widget
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, Button& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* button = widget == nullptr ? new QPushButton(parent) : static_cast<QPushButton*>(widget);
+  auto* button = widget == nullptr ? new QPushButton(parent) : As<QPushButton>(widget, place);
   auto link = std::make_unique<LinkTo<Button>>(std::move(place), control, button);
   ReportClicks(link.get(), button, report);
   return link;
@@ -186,7 +185,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, TextBox& control, QWidget* widg
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, OptionButton& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* button = widget == nullptr ? new ChoiceButton(parent) : static_cast<QAbstractButton*>(widget);
+  auto* button = widget == nullptr ? new ChoiceButton(parent) : As<QAbstractButton>(widget, place);
   button->setCheckable(true);
   if (auto* option = qobject_cast<QRadioButton*>(button)) option->setAutoExclusive(false);
   auto link = std::make_unique<LinkTo<OptionButton>>(std::move(place), control, button);
@@ -196,7 +195,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, OptionButton& control, QWidget*
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, CheckBox& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* button = widget == nullptr ? new TickBox(parent) : static_cast<QAbstractButton*>(widget);
+  auto* button = widget == nullptr ? new TickBox(parent) : As<QAbstractButton>(widget, place);
   auto link = std::make_unique<LinkTo<CheckBox>>(std::move(place), control, button);
   ReportClicks(link.get(), button, report);
   return link;
@@ -204,7 +203,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, CheckBox& control, QWidget* wid
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, ComboBox& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* combo = widget == nullptr ? new QComboBox(parent) : static_cast<QComboBox*>(widget);
+  auto* combo = widget == nullptr ? new QComboBox(parent) : As<QComboBox>(widget, place);
   combo->setEditable(true);
   combo->setInsertPolicy(QComboBox::NoInsert);
   // Initials are taken as typed: nothing is completed to another analyst's.
@@ -220,8 +219,7 @@ std::unique_ptr<Link> MakeLink(FocusPlace place, ComboBox& control, QWidget* wid
 
 std::unique_ptr<Link> MakeLink(FocusPlace place, Grid& control, QWidget* widget, QWidget* parent,
                                const Report& report) {
-  auto* view =
-      widget == nullptr ? new GridView(control, place, report, parent) : static_cast<GridView*>(widget);
+  auto* view = widget == nullptr ? new GridView(control, place, report, parent) : As<GridView>(widget, place);
   return std::make_unique<GridLink>(std::move(place), view);
 }
 

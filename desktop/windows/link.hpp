@@ -16,6 +16,16 @@ namespace kelp {
 /// Takes an event to the program.
 using Report = std::function<void(const Event&)>;
 
+/// A widget as what its control takes it for. Another one is a fault of the program.
+template <class Wanted>
+Wanted* As(QWidget* widget, const FocusPlace& place) {
+  auto* wanted = dynamic_cast<Wanted*>(widget);
+  if (wanted == nullptr)
+    qFatal("%s.%s(%d) is no %s", place.Screen.c_str(), place.Control.c_str(), place.Index,
+           Wanted::staticMetaObject.className());
+  return wanted;
+}
+
 class Link {
  public:
   Link(FocusPlace place, QWidget* widget) : Place(std::move(place)), Widget(widget) {}

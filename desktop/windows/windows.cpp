@@ -102,8 +102,8 @@ void Windows::ShowChanges() {
 }
 
 void Windows::Show(const std::string& screen) {
-  auto* window = static_cast<ScreenWindow*>(WindowOf(screen));
-  if (window == nullptr) return;
+  if (WindowOf(screen) == nullptr) return;
+  ScreenWindow* window = Built(screen);
   if (!window->isVisible()) {
     window->ShowChanges();
     Place(*window);

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/program.hpp"
-#include "workflow/calculate.hpp"
+#include "workflow/dialogs.hpp"
 
 namespace kelp {
 
