@@ -161,7 +161,7 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
   std::string other = whole;
   other[71] = 'X';  // whose database it is
   std::vector<std::pair<std::string, std::string>> cases = {
-      {"a text", std::string(5000, 'x')}, {"newer", newer}, {"of another program", other}};
+      {"a text", std::string(5000, 'x')}, {"newer", newer}, {"of another program", other}, {"longer", whole + "x"}};
   for (std::size_t length = 1; length < whole.size(); length += whole.size() / 23)
     cases.emplace_back("cut at " + std::to_string(length), whole.substr(0, length));
   for (const auto& [what, content] : cases) {
@@ -174,6 +174,7 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
     EXPECT_TRUE(again.disk.Exists("c:\\kelp\\record-20261124-030000.db")) << what;
     EXPECT_TRUE(again.disk.Files["c:\\kelp\\record-20261124-030000.db"] == content) << what;
     EXPECT_EQ(again.platform.Boxes.front().message.Title, "The record was set aside") << what;
+    EXPECT_TRUE(what != "longer" || again.cell(3, kColRb) == "3.0000") << "what can be read is taken over";
     again.Click("frmAcquire", "Command1");
     TakeByHand(again, 0.006);
     EXPECT_FALSE(Unsafe(again)) << what;
