@@ -160,8 +160,10 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
   newer[63] = 9;  // the version of the record
   std::string other = whole;
   other[71] = 'X';  // whose database it is
-  std::vector<std::pair<std::string, std::string>> cases = {
-      {"a text", std::string(5000, 'x')}, {"newer", newer}, {"of another program", other}, {"longer", whole + "x"}};
+  std::vector<std::pair<std::string, std::string>> cases = {{"a text", std::string(5000, 'x')},
+                                                            {"newer", newer},
+                                                            {"of another program", other},
+                                                            {"longer", whole + "x"}};
   for (std::size_t length = 1; length < whole.size(); length += whole.size() / 23)
     cases.emplace_back("cut at " + std::to_string(length), whole.substr(0, length));
   for (const auto& [what, content] : cases) {
