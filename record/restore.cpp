@@ -33,7 +33,8 @@ ResumeAt PlaceToGoOn(const RunState& run, const std::string& rb, const std::stri
 int RowsOf(const Values& values) {
   int rows = 0;
   for (const auto& [place, value] : values) {
-    if (place == "SampCount") rows = std::max(rows, static_cast<int>(std::clamp<double>(Val(value), 0, kMaxSamples)));
+    if (place == "SampCount")
+      rows = std::max(rows, static_cast<int>(std::clamp<double>(Val(value), 0, kMaxSamples)));
     if (!value.empty()) rows = std::max(rows, SampleOf(place));
   }
   return rows;
