@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/station_file.hpp"
 
+#include <cmath>
+
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
@@ -26,10 +28,10 @@ StationSample SampleOfRow(const StationTable& table, int row) {
 
 // A base file is replaced in one step, but copies over a network and memory sticks break off.
 void RefuseHalf(const std::string& path, const StationText& text, const ReportHeading& heading) {
-  const int told = static_cast<int>(Val(text.Table(4, 1)));
+  const double told = std::trunc(Val(text.Table(4, 1)));
   const int found = text.Samples();
   if (told > found)
-    Refuse(path, "line 5 tells of " + std::to_string(told) + " samples but " + std::to_string(found) +
+    Refuse(path, "line 5 tells of " + Fixed(told, 0) + " samples but " + std::to_string(found) +
                      " follow: the file is not whole; take it from its backup");
   bool read = false;
   for (int row = StationTable::kFirstSampleRow; row < text.RowCount; ++row)

@@ -66,7 +66,8 @@ Database::Database(Disk& disk, std::string path, Opening opening) : disk_(disk),
   // A file that was cut off in its last page opens, and gives the rows there as if they had never been.
   const auto size =
       inMemory_ ? disk.Exists(path_) ? disk.Read(path_).size() : 0 : std::filesystem::file_size(place);
-  if (size % static_cast<std::size_t>(connection_->Number("PRAGMA page_size")) != 0)
+  if (opening != Opening::ToSalvage &&
+      size % static_cast<std::size_t>(connection_->Number("PRAGMA page_size")) != 0)
     throw RecordError(path_, "is damaged: its end is missing", true);
 }
 

@@ -13,7 +13,8 @@
 
 namespace kelp {
 
-enum class Opening { ToWrite, ToRead };
+/// To salvage takes a file whose end is missing as well.
+enum class Opening { ToWrite, ToRead, ToSalvage };
 
 class Database {
  public:

@@ -32,7 +32,8 @@ ResumeAt PlaceToGoOn(const RunState& run, const std::string& rb, const std::stri
 int RowsOf(const Values& values) {
   int rows = 0;
   for (const auto& [place, value] : values) {
-    if (place == "SampCount") rows = std::max(rows, static_cast<int>(Val(value)));
+    if (place == "SampCount")
+      rows = std::max(rows, static_cast<int>(std::clamp<double>(Val(value), 0, kMaxSamples)));
     if (!value.empty()) rows = std::max(rows, SampleOf(place));
   }
   return rows;
@@ -146,6 +147,27 @@ void OfferEach(Kelp& kelp) {
   }
 }
 
+// Damage that shows while the record is read: it is set aside, and what could be read of it is in the new
+// one.
+template <class Work>
+void OrAnew(Kelp& kelp, const Work& work) {
+  RecordBook& book = BookOf(kelp);
+  try {
+    try {
+      work();
+    } catch (const RecordError& error) {
+      if (!error.Unusable) throw;
+      book.Main.reset();
+      book.Unusable = true;
+      book.Notice = error.what();
+      work();
+    }
+  } catch (const FileError& error) {
+    book.Main.reset();
+    ReportError(kelp, error);
+  }
+}
+
 }  // namespace
 
 void FollowCells(Kelp& kelp) {
@@ -159,12 +181,7 @@ void FollowCells(Kelp& kelp) {
 
 void OfferUnfinished(Kelp& kelp) {
   kelp.record.Chosen.reset();
-  try {
-    OfferEach(kelp);
-  } catch (const FileError& error) {
-    BookOf(kelp).Main.reset();
-    ReportError(kelp, error);
-  }
+  OrAnew(kelp, [&] { OfferEach(kelp); });
 }
 
 bool OfferRestore(Kelp& kelp) {
@@ -172,25 +189,21 @@ bool OfferRestore(Kelp& kelp) {
   book.Restored.clear();
   const std::string station = kelp.run.PrnFile.substr(0, kelp.run.PrnFile.size() - 4);
   const auto chosen = std::exchange(kelp.record.Chosen, std::nullopt);
-  try {
+  OrAnew(kelp, [&] {
     WriteRecord(kelp);
     std::vector<RecordedEvent> events = UnsavedRun(kelp, station);
-    if (events.empty()) return false;
+    if (events.empty()) return;
     const RunSoFar run = FoldRun(events);
     if ((!chosen || !SameIgnoringCase(chosen->BaseFile, station)) && !AskToGoOn(kelp, run)) {
       PutAside(kelp, run);
-      return false;
+      return;
     }
     PutBack(kelp, run.Now);
     book.Restored = std::move(events);
     SetStatus(kelp, "Station " + kelp.run.ProcNum + " goes on at sample " +
                         std::to_string(int{kelp.run.SampNum}) + ": its values are back.");
-    return true;
-  } catch (const FileError& error) {
-    book.Main.reset();
-    ReportError(kelp, error);
-    return false;
-  }
+  });
+  return !book.Restored.empty();
 }
 
 }  // namespace kelp

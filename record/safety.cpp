@@ -50,7 +50,7 @@ void WriteWholeStation(Kelp& kelp) {
 // Takes what a damaged database still gives into the new one.
 void Salvage(Kelp& kelp, const std::string& aside) {
   try {
-    Database old(kelp.platform.disk(), aside);
+    Database old(kelp.platform.disk(), aside, Opening::ToSalvage);
     BookOf(kelp).Main->Write(old.AllEvents());
   } catch (const FileError&) {
     // Nothing of it can be read here; it is kept for somebody with other tools.

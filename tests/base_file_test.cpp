@@ -159,9 +159,11 @@ TEST(BaseFile, TheNextStationTakesTheNumberTypedAndNothingWhenItIsRefused) {
   EXPECT_EQ(program.run().BeginBlankText, "0.0050") << "without an end blank the begin blank is kept";
   EXPECT_EQ(program.form().StatusBar1.Text, "End values moved to beginning");
   const std::string grid = program.cell(1, kColVial);
+  program.form().txtBlank[kBoxLowStandard].Text = "0.5";
   EXPECT_THROW(OpenNextStation(program.kelp), RunTimeError);
   EXPECT_EQ(program.run().ProcNum + program.form().txtStaInfo[kStaProcNum].Text, "042042");
   EXPECT_EQ(program.cell(1, kColVial), grid);
+  EXPECT_EQ(program.form().txtBlank[kBoxLowStandard].Text, "0.5");
 }
 
 TEST(BaseFile, SamplesAreAddedUpTo100) {

@@ -148,6 +148,12 @@ TEST_F(Glancing, AlarmsAreToldWorstFirstAndCallUntilTheyAreSeen) {
   desk.Read(47.1);
   EXPECT_EQ(told(), "OFF SCALE;") << "from the first one on";
   EXPECT_TRUE(calls());
+  call.Seen();
+  desk.Read(46.9);
+  EXPECT_FALSE(calls());
+  desk.Answers({Answer::Ok});
+  desk.Read(47.1);
+  EXPECT_TRUE(calls()) << "mended, and there again";
   desk.kelp.run.LabCalRun = true;
   EXPECT_EQ(told(), "") << "a calibration may go beyond the limit";
 }

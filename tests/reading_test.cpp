@@ -37,6 +37,10 @@ TEST(Reading, TheNumberBehindTheFirstEqualsSignIsItAndTheChartScalesIt) {
   EXPECT_FLOAT_EQ(ChartValue(20), 1);
   EXPECT_FLOAT_EQ(ChartValue(20.001F), 20.001F / 30);
   EXPECT_FLOAT_EQ(ChartValue(50), 50.0F / 30) << "above the full scale";
+  Reading noise;
+  noise.platform.Feed(std::string(200'000, 'x'));
+  Pass(noise.kelp);
+  EXPECT_EQ(noise.kelp.loop.Accumulator.size(), 64U * 1024);
 }
 
 TEST(Averaging, TheMeanExistsOnceTheBufferIsFull) {

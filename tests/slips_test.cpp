@@ -88,6 +88,8 @@ TEST(Slips, N15_MissingIsNotZeroInReportAndDatabase) {
   for (int box = 0; box < kBoxAutoCriterion; ++box) program.form().txtBlank[box].Text = "0";
   program.run().BeginBlankText = program.run().EndBlankText = "";
   program.form().txtStaInfo[kStaFiltTime].Text = "25:00 PM";
+  program.Configure(kCfgBlankToSave, "AVE");
+  program.form().txtStaInfo[kStaAveBlank].Text.clear();
   program.Save();
   const std::string report = program.file("chl002.prn");
   EXPECT_TRUE(Contains(report, "begin/end: -99.00/-99.00"));

@@ -49,6 +49,9 @@ TEST(StartUp, ALoginNeedsInitialsAndLeadsToAStationThatIsSetUp) {
   Program program;
   program.Configure(kCfgProcNum, "9");
   Start(program.kelp);
+  program.Click("frmMain", "Command1", 1);
+  program.Click("frmEditCFG", "Command1", 1);
+  EXPECT_EQ(program.kelp.Shown.front(), "frmLogin") << "by the editor as by the button";
   program.Click("frmMain", "Command1", 0);
   EXPECT_EQ(program.kelp.frmLogin.Combo1.Text, "TQB");
   program.Type("frmLogin", "Combo1", -1, "");

@@ -97,6 +97,7 @@ TEST(LineFaults, UnpluggedInEveryStepAndPluggedInElsewhereItGoesOn) {
     bench.Click("frmAcquire", "Command1");
     ASSERT_TRUE(bench.Read(value, 3)) << next;
     bench.cable->Send("\r\nA =  9.9");
+    ASSERT_TRUE(bench.Until([&] { return Contains(bench.kelp.loop.Accumulator, "9.9"); })) << next;
     bench.Unplug();
     ASSERT_TRUE(bench.Says("Serial line lost, trying again every second: ")) << next;
     EXPECT_EQ(bench.kelp.run.ReadCount, 3);
