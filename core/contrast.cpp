@@ -20,7 +20,8 @@ double Luminance(Rgb color) {
 }  // namespace
 
 double Contrast(Rgb a, Rgb b) {
-  const auto [darker, lighter] = std::minmax(Luminance(a), Luminance(b));
+  // The list gives values; of two arguments it would give references to what is gone by then.
+  const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 
