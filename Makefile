@@ -68,6 +68,7 @@ test-windows:
 lint:
 	@tools/install-deps lint
 	tools/format --check
+	tools/mutants --check
 	tools/lint
 
 format:
