@@ -2,10 +2,16 @@
 // The serial line over Qt's SerialPort.
 #include "platform/serial_line.hpp"
 
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QSerialPort>
 #include <QSerialPortInfo>
+#include <QSocketNotifier>
 #include <QThread>
 #include <map>
 
@@ -63,11 +69,27 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
          error == QSerialPort::UnsupportedOperationError || error == QSerialPort::NotOpenError;
 }
 
+// The other end is gone, and everything that came from it has been read.
+bool HasHungUp(int line) {
+  pollfd look{line, POLLIN, 0};
+  int left = 0;
+  return line >= 0 && ::poll(&look, 1, 0) > 0 && (look.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0 &&
+         (::ioctl(line, FIONREAD, &left) != 0 || left == 0);
+}
+
+void HangUp(SerialLine& line) {
+  line.Close();
+  if (line.OnBytes) line.OnBytes();
+}
+
 }  // namespace
 
-// Qt's object asks for an application before it is made.
+// Qt's object asks for an application before it is made. Qt 6.8 reads nothing from a line that hung up, again
+// and again, and tells nobody; so the line is watched by a second descriptor beside Qt's.
 struct SerialLine::Port {
   QSerialPort Device;
+  int Watched = -1;
+  QSocketNotifier* Watch = nullptr;
 };
 
 SerialLine::SerialLine() {
@@ -80,9 +102,7 @@ SerialLine::SerialLine() {
     if (OnBytes) OnBytes();
   });
   QObject::connect(&device, &QSerialPort::errorOccurred, [this, &device](QSerialPort::SerialPortError error) {
-    if (IsHarmless(error) || !device.isOpen()) return;
-    Close();
-    if (OnBytes) OnBytes();
+    if (!IsHarmless(error) && device.isOpen()) HangUp(*this);
   });
 }
 
@@ -104,10 +124,22 @@ std::string SerialLine::Open(const std::string& device, const std::string& setti
   // Some instruments and most adapters talk only while these are up; a pseudo-terminal has neither.
   port.setDataTerminalReady(true);
   port.setRequestToSend(true);
+  port_->Watched = ::fcntl(port.handle(), F_DUPFD_CLOEXEC, 0);
+  port_->Watch = new QSocketNotifier(port_->Watched, QSocketNotifier::Read);
+  QObject::connect(port_->Watch, &QSocketNotifier::activated, [this] {
+    if (HasHungUp(port_->Watched)) HangUp(*this);
+  });
   return {};
 }
 
 void SerialLine::Close() {
+  if (port_->Watch != nullptr) {
+    port_->Watch->setEnabled(false);
+    port_->Watch->deleteLater();  // it may be the one that calls
+    ::close(port_->Watched);
+    port_->Watch = nullptr;
+    port_->Watched = -1;
+  }
   if (port_->Device.isOpen()) port_->Device.close();
   waiting_.clear();
 }
@@ -116,10 +148,11 @@ bool SerialLine::IsOpen() const { return port_->Device.isOpen(); }
 
 bool SerialLine::WaitForBytes(int milliseconds) {
   if (!waiting_.empty()) return true;
-  if (IsOpen())
-    port_->Device.waitForReadyRead(milliseconds);
-  else
+  if (!IsOpen())
     QThread::msleep(static_cast<unsigned long>(milliseconds));
+  else if (!HasHungUp(port_->Watched))
+    port_->Device.waitForReadyRead(milliseconds);
+  if (HasHungUp(port_->Watched)) HangUp(*this);
   return !waiting_.empty();
 }
 
