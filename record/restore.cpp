@@ -123,10 +123,11 @@ std::vector<RecordedEvent> EventsOf(Kelp& kelp, std::int64_t run) {
 std::vector<RecordedEvent> UnsavedRun(Kelp& kelp, const std::string& station) {
   Database& record = OpenRecord(kelp);
   std::vector<Database::Run> runs = record.Runs(station);
-  for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
-    if (run->Last.Kind == kSaved) return {};
-    if (run->Last.Kind == kLoad) continue;
-    std::vector<RecordedEvent> events = EventsOf(kelp, run->Begun.Uid);
+  std::reverse(runs.begin(), runs.end());
+  for (const Database::Run& run : runs) {
+    if (run.Last.Kind == kSaved) return {};
+    if (run.Last.Kind == kLoad) continue;
+    std::vector<RecordedEvent> events = EventsOf(kelp, run.Begun.Uid);
     if (FoldRun(events).Unsaved > 0) return events;
     for (const RecordedEvent& event : events)
       if (event.Kind == kSaved) return {};

@@ -79,7 +79,7 @@ SettingsDialog::SettingsDialog(QWidget* parent, const MachineSettings& settings,
   preview_->setChecked(settings.Preview);
   scheme_->button(static_cast<int>(settings.Scheme))->setChecked(true);
   for (const auto& [cue, box] : sounds_) {
-    box->setChecked(settings.SoundsOff.count(cue) == 0);
+    box->setChecked(!settings.SoundsOff.contains(cue));
     connect(box, &QCheckBox::clicked, this, [this, cue = cue](bool on) {
       if (on) Hear(cue);
     });

@@ -77,6 +77,7 @@ std::unique_ptr<ScreenWindow> MakeFrmWhatsNext(Kelp& kelp, const Report& report)
                            {"NextButton", -1, 'O'},
                            {"StopButton", -1, 'L'}});
   std::vector<QWidget*> chain;
+  chain.reserve(kelp.frmWhatsNext.Option1.kCount + kelp.frmWhatsNext.Check2.kCount + 3);
   for (int i = 0; i < kelp.frmWhatsNext.Option1.kCount; ++i) chain.push_back(controls("Option1", i));
   for (const char* button : {"NextButton", "StopButton"}) chain.push_back(controls(button));
   for (int i = 0; i < kelp.frmWhatsNext.Check2.kCount; ++i) chain.push_back(controls("Check2", i));

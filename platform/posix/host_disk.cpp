@@ -147,11 +147,16 @@ void HostDisk::AppendText(const std::string& path, const std::string& text, bool
   const long long size = OrdinarySize(path, file, Doing::Writing);
   int error = WriteAtOnce(file, MissingLineEnd(path, file, size) + text);
   if (error == 0) {
-    error = flush ? kelp::Flush(file) : 0;
-    if (error == 0 && isNew && flush) error = FlushFolder(place.parent_path());
-    if (error == 0 && flush) unflushed_.erase(path);
-    if (error == 0 && !flush && flushes_) unflushed_[path] = unflushed_[path] || isNew;
-    if (error == 0) return;
+    if (!flush) {
+      if (flushes_) unflushed_[path] = unflushed_[path] || isNew;
+      return;
+    }
+    error = kelp::Flush(file);
+    if (error == 0 && isNew) error = FlushFolder(place.parent_path());
+    if (error == 0) {
+      unflushed_.erase(path);
+      return;
+    }
     doubtful_.insert(place);
   }
   // No half line stays, and a line that is told as lost is not there twice when it is written again.
