@@ -2,7 +2,7 @@
 // One pass of the read loop, as it runs between two readings and with one.
 #include <benchmark/benchmark.h>
 
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

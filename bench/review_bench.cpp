@@ -4,7 +4,7 @@
 
 #include "review/html_review.hpp"
 #include "simulator/generated_cruise.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 
 namespace kelp {
 namespace {

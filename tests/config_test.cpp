@@ -3,7 +3,7 @@
 // writes back.
 #include <gtest/gtest.h>
 
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

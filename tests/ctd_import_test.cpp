@@ -6,7 +6,7 @@
 
 #include "core/date_time.hpp"
 #include "files/ctd_import.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

@@ -10,7 +10,7 @@
 #include "core/text.hpp"
 #include "platform/error.hpp"
 #include "review/final_files.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 
 namespace kelp {
 

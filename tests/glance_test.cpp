@@ -11,7 +11,7 @@
 #include "app/glance.hpp"
 #include "app/scheme.hpp"
 #include "core/screens/editor.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "calc/calc_samples.hpp"
 #include "calc/pigments.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

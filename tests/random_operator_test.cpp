@@ -12,7 +12,7 @@
 
 #include "record/database.hpp"
 #include "record/record.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 #include "tests/support/slip_watch.hpp"
 
 namespace kelp {

@@ -7,7 +7,7 @@
 #include "acquire/averaging.hpp"
 #include "acquire/parser.hpp"
 #include "acquire/strip_chart_drawing.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

@@ -13,7 +13,7 @@
 #include "review/review.hpp"
 #include "review/svg.hpp"
 #include "simulator/generated_cruise.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace kelp {

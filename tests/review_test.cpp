@@ -9,7 +9,7 @@
 #include "review/calibration.hpp"
 #include "review/review.hpp"
 #include "simulator/generated_cruise.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 
 namespace kelp {
 

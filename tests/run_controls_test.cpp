@@ -4,8 +4,8 @@
 
 #include <tuple>
 
+#include "stage/program.hpp"
 #include "tests/support/captions.hpp"
-#include "tests/support/program.hpp"
 
 namespace kelp {
 

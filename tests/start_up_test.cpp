@@ -2,7 +2,7 @@
 // Main window, login, create screen, set-up of the acquisition screen.
 #include <gtest/gtest.h>
 
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

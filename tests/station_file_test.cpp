@@ -14,51 +14,7 @@ namespace {
 
 const std::string kFolder = "q:\\c\\";
 
-void ExpectSame(const ValuePair& a, const ValuePair& b) {
-  EXPECT_EQ(a.Begin + "/" + a.End, b.Begin + "/" + b.End);
-}
-
 }  // namespace
-
-// What the screens hold when a station is saved is what its file tells the review, cell by cell.
-TEST(StationFile, TellsWhatWasSaved) {
-  FinishedStation program(3);
-  program.cell(2, kColRa) = "-99.000";
-  program.cell(2, kColReadCom) = "torn _ filter, 50% \\ left";
-  program.cell(3, kColDepth) = "";
-  program.form().txtBlank[kBoxHighStandard].Text = "20.1000";
-  program.form().txtBlank[kBoxHighStandard + 1].Text = "20.2000";
-  program.form().txtBlank[kBoxCopro2 + 1].Text = "-99.00";
-  const StationFile open = OpenStation(program.kelp);
-  program.Save();
-  const StationFile file = ReadStationFile(program.disk, kChl + "chl002");
-  EXPECT_EQ(file.ProcNum + file.Cruise + file.Ship + file.Station + file.Fluorometer + file.Analyst,
-            open.ProcNum + open.Cruise + open.Ship + open.Station + open.Fluorometer + open.Analyst);
-  EXPECT_EQ(file.F + file.Tau + file.FiltDate + file.FiltTime + file.ReadDate + file.ReadTime,
-            open.F + open.Tau + open.FiltDate + open.FiltTime + open.ReadDate + open.ReadTime);
-  for (const auto pair :
-       {&StationFile::Blank, &StationFile::Copro1, &StationFile::Copro2, &StationFile::HighStandard})
-    ExpectSame(file.*pair, open.*pair);
-  EXPECT_EQ(MeasuredBox(file.LowStandard.Begin), Measured());
-  EXPECT_EQ(file.CoproName1 + file.CoproName2, "3-12-5");
-  ASSERT_EQ(file.Samples.size(), 3U);
-  for (std::size_t i = 0; i < 3; ++i)
-    for (const auto cell :
-         {&StationSample::Bottle, &StationSample::Depth, &StationSample::FilV, &StationSample::ExV,
-          &StationSample::Tube, &StationSample::Rb, &StationSample::Ra, &StationSample::Chla,
-          &StationSample::Phaeo, &StationSample::AcidR, &StationSample::Flag, &StationSample::FiltererRemark,
-          &StationSample::ReaderRemark})
-      EXPECT_EQ(file.Samples[i].*cell, open.Samples[i].*cell) << i;
-
-  // Standards stand in no report: the file carries them, and the station opened again shows them.
-  StationFiles again;
-  again.Reopen(program);
-  EXPECT_EQ(again.form().txtBlank[kBoxHighStandard].Text, "20.1000");
-  // Filtered 23:30 PM of the day before, read at 02:59:58.
-  const auto lines = Lines(program.file("0707SL002Chldb1.csv"));
-  ASSERT_EQ(lines.size(), 4U);
-  EXPECT_NE(lines[1].find(",0.0052,,,,,,3.5,ROS,"), std::string::npos) << lines[1];
-}
 
 TEST(StationFile, HoursToRunNeedTwoWholeTimesInTheirOrder) {
   struct Row {

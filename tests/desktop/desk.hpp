@@ -3,7 +3,7 @@
 #pragma once
 
 #include "desktop/windows/windows.hpp"
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 

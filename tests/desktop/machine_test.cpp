@@ -19,8 +19,8 @@
 #include "desktop/machine/text_editor.hpp"
 #include "platform/host.hpp"
 #include "platform/scripted.hpp"
+#include "stage/program.hpp"
 #include "tests/desktop/modal.hpp"
-#include "tests/support/program.hpp"
 
 namespace kelp {
 namespace {

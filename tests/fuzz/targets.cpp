@@ -7,8 +7,6 @@
 #include <memory>
 #include <sstream>
 
-#include "app/door.hpp"
-#include "core/config.hpp"
 #include "core/text.hpp"
 #include "platform/scripted.hpp"
 #include "record/old_journal.hpp"
@@ -18,7 +16,7 @@
 #include "review/text_review.hpp"
 #include "script/own_time.hpp"
 #include "script/player.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/program.hpp"
 
 namespace kelp {
 
@@ -52,30 +50,14 @@ class Agreeable : public ScriptedPlatform {
   std::optional<std::string> AskFile(const FileQuestion& /*question*/) override { return std::nullopt; }
 };
 
-struct Stage {
-  MemoryDisk disk = {};
-  Agreeable machine{disk};
-  std::unique_ptr<Kelp> program = std::make_unique<Kelp>(machine);
-  Kelp& kelp = *program;
-
-  Stage() {
-    SetDefaultConfig(kelp.run);
-    SaveConfig(kelp);
-    disk.Files[kChl + std::string("chl002")] = kBase;
-  }
+struct Stage : ProgramOn<Agreeable> {
+  Stage() { disk.Files[kChl + std::string("chl002")] = kBase; }
   explicit Stage(const MemoryDisk& before) { disk.Files = before.Files, disk.Folders = before.Folders; }
 
-  void Click(const char* screen, const char* control, int index = -1) {
-    Post(kelp, {.Kind = EventKind::Click, .Place = {screen, control, index}});
-  }
-  void Open() {
-    Start(kelp);
-    Click("frmMain", "Command1", 0);
-    Click("frmLogin", "cmdOK");
-  }
-  void Save() { Post(kelp, {.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 1}); }
+  void Open() { LogIn({}); }
+  void Save() { Key("frmAcquire", kKeyF1 + 1); }
   void TypeBlank(const char* text) {
-    Post(kelp, {.Kind = EventKind::Edit, .Place = {"frmAcquire", "txtBlank", 0}, .Text = text});
+    Do({.Kind = EventKind::Edit, .Place = {"frmAcquire", "txtBlank", 0}, .Text = text});
   }
   std::string& Blank() { return kelp.frmAcquire.txtBlank[0].Text; }
   [[nodiscard]] std::string Readings() const {
@@ -101,8 +83,8 @@ void FuzzInstrument(std::string_view data) {
   stage.Click("frmAcquire", "Command1");
   for (std::string rest(data); !rest.empty();) {
     auto [piece, more] = Halves(rest);
-    stage.machine.Feed(piece);
-    stage.machine.Advance(500);
+    stage.platform.Feed(piece);
+    stage.platform.Advance(500);
     Pass(stage.kelp);
     Tick(stage.kelp);
     Promise(stage.kelp.loop.Accumulator.size() <= 64 * 1024 + piece.size(), "the accumulator is bounded");

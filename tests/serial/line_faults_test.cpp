@@ -14,7 +14,7 @@
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace kelp {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/program.hpp"
+#include "stage/program.hpp"
 #include "workflow/dialogs.hpp"
 
 namespace kelp {

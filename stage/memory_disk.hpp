@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A disk in memory for tests: names without regard to letter case, and an operation that fails on
+// A disk in memory: names without regard to letter case, and an operation that fails on
 // demand.
 #pragma once
 

@@ -14,7 +14,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "platform/scripted.hpp"
-#include "tests/support/memory_disk.hpp"
+#include "stage/memory_disk.hpp"
 
 namespace kelp {
 
