@@ -29,6 +29,7 @@
 #include "console/posix/pseudo_terminal.hpp"
 #include "core/numbers.hpp"
 #include "desktop/machine/desktop_run.hpp"
+#include "desktop/machine/early_fonts.hpp"
 
 namespace {
 
@@ -189,6 +190,7 @@ int Measure(int argc, char** argv) {
   QDir(drives.path()).mkpath("drive_c/kelp");
   QFile::copy(KELP_SOURCE_DIR "/demo/kelp.cfg", drives.filePath("drive_c/kelp/kelp.cfg"));
   QFile::setPermissions(drives.filePath("drive_c/kelp/kelp.cfg"), QFile::ReadOwner | QFile::WriteOwner);
+  const EarlyFonts fonts;
   Watcher watcher(argc, argv);
   Figures figures(watcher, drives, std::atof(argv[2]));
   figures.Start();

@@ -74,7 +74,8 @@ void AcceptedValue(benchmark::State& state) {
   bench.Open("100");
   int count = 0;
   for (auto _ : state) {
-    bench.kelp.frmAcquire.datalog.Text(1 + count % 100, kColRb) = std::to_string(++count);
+    const auto row = 1 + count % 100;
+    bench.kelp.frmAcquire.datalog.Text(row, kColRb) = std::to_string(++count);
     KeepRecord(bench.kelp);
   }
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // kelp: the desktop program.
 #include <QApplication>
-#include <QIcon>
 #include <cstdlib>
 #include <iostream>
 
 #include "desktop/machine/command_line.hpp"
 #include "desktop/machine/desktop_run.hpp"
+#include "desktop/machine/early_fonts.hpp"
 #include "desktop/machine/message_box.hpp"
 #include "desktop/machine/window_script_host.hpp"
 #include "platform/arguments.hpp"
@@ -57,7 +57,6 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("kelp"));
   QApplication::setDesktopFileName(QStringLiteral("org.kelp.Kelp"));
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/kelp.png")));
   try {
     return options.Script.empty() ? Run(options) : Play(options);
   } catch (const std::exception& error) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "record/database.hpp"
 
+#include <algorithm>
+
 #include "record/schema.hpp"
 
 namespace kelp {
@@ -91,6 +93,12 @@ void Database::CheckVersion() {
                       true);
   }
   has_.emplace(*connection_, "SELECT 1 FROM event WHERE uid = ?");
+  hasBegun_.emplace(
+      *connection_,
+      "SELECT 1 FROM event WHERE kind IN ('load', 'carry', 'whole') AND station = ? AND +uid = ?");
+  ofRun_.emplace(*connection_,
+                 ("SELECT " + std::string(kColumns) + " FROM event WHERE run = ? ORDER BY id DESC").c_str());
+  values_.emplace(*connection_, kValues);
   addEvent_.emplace(*connection_,
                     "INSERT INTO event (uid, run, step, undoes, kind, at, machine, analyst, station, number, "
                     "name, cruise, how, reads, sd, mark, rows) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
@@ -99,11 +107,36 @@ void Database::CheckVersion() {
       "INSERT INTO value (event, place, what, before, after, moved) VALUES (last_insert_rowid(),?,?,?,?,?)");
 }
 
-bool Database::Has(std::int64_t uid) {
-  has_->Bind(1, uid);
-  if (!has_->Row()) return false;
-  while (has_->Row()) continue;
-  return true;
+namespace {
+
+// To the end, so that the statement is ready again.
+bool FindsARow(Statement& rows) {
+  bool found = false;
+  while (rows.Row()) found = true;
+  return found;
+}
+
+}  // namespace
+
+bool Database::Has(std::int64_t uid) { return FindsARow(has_->Bind(1, uid)); }
+
+bool Database::HasBegun(std::int64_t run, const std::string& station) {
+  return FindsARow(hasBegun_->Bind(1, station).Bind(2, run));
+}
+
+// By the same ways that a station is brought back.
+bool Database::GivesBack(const RecordedEvent& event) {
+  std::vector<RecordedValue> wanted = event.Values;
+  std::sort(wanted.begin(), wanted.end(), [](const auto& a, const auto& b) { return a.Place < b.Place; });
+  bool same = false;
+  ofRun_->Bind(1, event.Run);
+  while (!same && ofRun_->Row()) {
+    const RecordedEvent found = EventAt(*ofRun_, 0);
+    same = found.Uid == event.Uid && found.Kind == event.Kind && found.Step == event.Step &&
+           found.Undoes == event.Undoes && ValuesOf(*values_, ofRun_->Number(0)) == wanted;
+  }
+  ofRun_->Reset();
+  return same;
 }
 
 void Database::WriteOne(const RecordedEvent& event) {
@@ -133,6 +166,8 @@ void Database::Write(const std::vector<RecordedEvent>& events) {
   connection_->Run("BEGIN IMMEDIATE");
   try {
     for (const RecordedEvent& event : events) WriteOne(event);
+    if (!events.empty() && !GivesBack(events.back()))
+      throw RecordError(path_, "is damaged: what is written can't be read from it again", true);
     connection_->Run("COMMIT");
   } catch (...) {
     sqlite3_exec(connection_->handle(), "ROLLBACK", nullptr, nullptr, nullptr);

@@ -24,10 +24,14 @@ class Database {
   Database(Disk& disk, std::string path, Opening opening = Opening::ToWrite);
 
   /// Writes events in one transaction, on the disk before this returns. Events that are there already are
-  /// left out. Throws RecordError; then none of them is there.
+  /// left out. The last one is read again before the transaction ends: damage that SQLite does not see can
+  /// swallow what is written. Throws RecordError; then none of them is there.
   void Write(const std::vector<RecordedEvent>& events);
 
   [[nodiscard]] bool Has(std::int64_t uid);
+
+  /// True where a run is found by the station it began with, as a start of the program looks for it.
+  [[nodiscard]] bool HasBegun(std::int64_t run, const std::string& station);
 
   /// The event that began each run, oldest first, of one station or ("") of all; and the run's last one.
   struct Run {
@@ -53,6 +57,7 @@ class Database {
  private:
   void CheckVersion();
   void WriteOne(const RecordedEvent& event);
+  [[nodiscard]] bool GivesBack(const RecordedEvent& event);
   std::vector<Run> RunsWhere(const std::string& condition, const std::string& station);
 
   Disk& disk_;
@@ -60,6 +65,9 @@ class Database {
   bool inMemory_;
   std::unique_ptr<Connection> connection_;
   std::optional<Statement> has_ = {};
+  std::optional<Statement> hasBegun_ = {};
+  std::optional<Statement> ofRun_ = {};
+  std::optional<Statement> values_ = {};
   std::optional<Statement> addEvent_ = {};
   std::optional<Statement> addValue_ = {};
 };

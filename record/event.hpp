@@ -15,6 +15,7 @@ struct RecordedValue {
   std::string Before;
   std::string After;
   bool Moved = false;  ///< it moved since the event before, not by this one: no undo goes back behind that
+  bool operator==(const RecordedValue& other) const = default;
 };
 
 /// Kinds of event. A run of a station begins with one of the first three.

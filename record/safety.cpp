@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writing what waits: the record, and while that can't be written a spare beside the temporary copy.
+#include <algorithm>
 #include <cstdint>
 #include <random>
 
@@ -47,6 +48,14 @@ void WriteWholeStation(Kelp& kelp) {
   book.Pending.insert(book.Pending.begin(), events.begin(), events.end());
 }
 
+// Damage can hide a run from the search for it although the database takes events of it without a word.
+bool RunIsLost(RecordBook& book, Database& record) {
+  const auto begins = [&](const RecordedEvent& event) { return event.Uid == book.Run; };
+  return book.Run != 0 && book.LastWritten != 0 &&
+         std::none_of(book.Pending.begin(), book.Pending.end(), begins) &&
+         !record.HasBegun(book.Run, book.Station);
+}
+
 // Takes what a damaged database still gives into the new one.
 void Salvage(Kelp& kelp, const std::string& aside) {
   try {
@@ -73,6 +82,7 @@ void Write(Kelp& kelp) {
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {
       Database& record = OpenRecord(kelp);
+      if (RunIsLost(book, record)) WriteWholeStation(kelp);
       kelp.platform.Aside([&] { record.Write(book.Pending); });
       if (!book.Pending.empty()) book.LastWritten = book.Pending.back().Uid;
       return;

@@ -63,6 +63,8 @@ class Statement {
   Statement& BindNull(int at);
   /// The next row; false behind the last one, after which it can be bound anew.
   bool Row();
+  /// Leaves the rows that are left: it can be bound anew.
+  void Reset() { sqlite3_reset(statement_); }
   /// Runs a statement without rows.
   void Run() { static_cast<void>(Row()); }
   [[nodiscard]] std::string Text(int column) const;

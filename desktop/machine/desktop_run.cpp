@@ -10,6 +10,7 @@
 #include "desktop/machine/first_start.hpp"
 #include "desktop/machine/paths.hpp"
 #include "desktop/machine/settings_dialog.hpp"
+#include "desktop/windows/look.hpp"
 #include "platform/host.hpp"
 
 namespace kelp {
@@ -92,6 +93,7 @@ void DesktopRun::Start() {
 }
 
 void DesktopRun::WelcomeFirst() {
+  ShowProgramIcon();
   FirstStart page(settings_, options_);
   const bool taken = page.exec() == QDialog::Accepted;
   if (taken) TakeSettings(page.Settings(), page.Simulate());

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "desktop/windows/look.hpp"
+
 namespace kelp {
 
 namespace {
@@ -113,6 +115,7 @@ void SetUpBox(QMessageBox& box, const Message& message) {
 QAbstractButton* ButtonOf(const QMessageBox& box, Answer answer) { return box.button(ButtonFor(answer)); }
 
 Answer ShowMessage(QWidget* parent, const Message& message) {
+  ShowProgramIcon();
   QMessageBox box(parent);
   SetUpBox(box, message);
   const BoxKeys keys(box);

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
+#include <QIcon>
 #include <QTextDocument>
 #include <QWidget>
 
@@ -88,6 +89,10 @@ QFont Scaled(const QFont& font, double factor, bool bold) {
 
 int DigitsWidth(const QWidget& widget, int digits) {
   return QFontMetrics(widget.font()).horizontalAdvance('0') * digits;
+}
+
+void ShowProgramIcon() {
+  if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(QIcon(":/kelp.png"));
 }
 
 void SetLook(QWidget* widget, double factor, bool bold) {

@@ -43,6 +43,9 @@ QFont Scaled(const QFont& font, double factor, bool bold = false);
 /// The width of `digits` digits in the widget's font.
 int DigitsWidth(const QWidget& widget, int digits);
 
+/// Reads the program's icon and gives it to every window, once.
+void ShowProgramIcon();
+
 /// Gives a widget another font size.
 void SetLook(QWidget* widget, double factor, bool bold = false);
 /// Gives its text a colour that follows the desktop's scheme.

@@ -4,7 +4,6 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QGridLayout>
-#include <QIcon>
 #include <QScrollArea>
 #include <algorithm>
 
@@ -15,8 +14,6 @@ namespace kelp {
 ScreenWindow::ScreenWindow(const Kelp& kelp, std::string screen, const Window& form, Report report)
     : Controls(this, std::move(screen), std::move(report)), kelp_(kelp), form_(form) {
   setObjectName(FromProgram(Screen()));
-  static const QIcon icon(":/kelp.png");
-  setWindowIcon(icon);
 }
 
 void ScreenWindow::ShowChanges() {

@@ -2,6 +2,9 @@
 // Draws the last N reads so that their unrest fills the height: with their mean, and the band of their SD.
 #pragma once
 
+#include <QPixmap>
+#include <vector>
+
 #include "acquire/stability.hpp"
 #include "desktop/windows/value_widget.hpp"
 
@@ -21,7 +24,11 @@ class StabilityView : public ValueWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void PaintReads(QPainter& painter, const std::vector<QPointF>& dots);
+
   const Kelp& kelp_;
+  QPixmap dot_ = {};  ///< one read, in the colour and at the scale it was drawn for
+  QColor dotColor_ = {};
   StabilityTrace trace_ = {};
 };
 

@@ -38,13 +38,16 @@ QPointF StripChartView::At(double x, double y) const {
           static_cast<double>(qRound((y - kChartTop) / kChartHeight * (height() - 1)))};
 }
 
-void StripChartView::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
+// Ground, axes and labels are the same at every reading: they are drawn once for a size and a scheme.
+void StripChartView::DrawGround() {
   const Scheme& scheme = SchemeFor(palette());
+  ground_ = QPixmap(size() * devicePixelRatioF());
+  ground_.setDevicePixelRatio(devicePixelRatioF());
+  QPainter painter(&ground_);
   painter.fillRect(rect(), Paint(scheme.ChartGround));
   painter.setPen(Paint(scheme.ChartInk));
   for (const ChartLine& line : ChartAxes()) painter.drawLine(At(line.X1, line.Y1), At(line.X2, line.Y2));
-  QFont font = painter.font();
+  QFont font = this->font();
   font.setPointSize(kChartFontSize);
   painter.setFont(font);
   const QFontMetricsF metrics(font, this);
@@ -53,6 +56,17 @@ void StripChartView::paintEvent(QPaintEvent* /*event*/) {
                                                    metrics.ascent() - metrics.height() / 2);
     painter.drawText(place, label.Text);
   }
+}
+
+void StripChartView::changeEvent(QEvent* event) {
+  ground_ = QPixmap();
+  ValueWidget::changeEvent(event);
+}
+
+void StripChartView::paintEvent(QPaintEvent* /*event*/) {
+  if (ground_.size() != size() * devicePixelRatioF()) DrawGround();
+  QPainter painter(this);
+  painter.drawPixmap(0, 0, ground_);
   PaintBars(painter);
   PaintScales(painter);
 }

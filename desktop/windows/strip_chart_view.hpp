@@ -3,6 +3,8 @@
 // colour of the run's step.
 #pragma once
 
+#include <QPixmap>
+
 #include "core/run_state.hpp"
 #include "desktop/windows/value_widget.hpp"
 
@@ -20,13 +22,16 @@ class StripChartView : public ValueWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void DrawGround();
   [[nodiscard]] QPointF At(double x, double y) const;
   void PaintBars(QPainter& painter) const;
   void PaintScales(QPainter& painter) const;
 
   const RunState& run_;
+  QPixmap ground_ = {};  ///< what is the same at every reading; null when it has to be drawn again
   unsigned long shownPoints_ = 0;
   std::uint32_t shownColor_ = 0;
 };
