@@ -15,7 +15,7 @@ namespace kelp {
 /// All that the screens show, as one text.
 inline std::string Shown(Kelp& kelp) {
   std::string all;
-  const auto add = [&](const auto& control) {
+  const auto add = [&](std::string_view /*name*/, int /*index*/, const auto& control) {
     if constexpr (requires { control.Caption; }) all += control.Caption + (control.Enabled ? "|" : "-");
     if constexpr (requires { control.Text; }) {
       if constexpr (requires { control.Cells; })
@@ -25,15 +25,9 @@ inline std::string Shown(Kelp& kelp) {
     }
     if constexpr (requires { control.Value; }) all += control.Value ? "1" : "0";
   };
-  const auto visit = [&](std::string_view /*name*/, auto& control, int /*alias*/ = -1) {
-    if constexpr (requires { control.Items; })
-      for (const auto& item : control.Items) add(item);
-    else
-      add(control);
-  };
   VisitScreens(kelp, [&](std::string_view name, auto& screen) {
     all += std::string(name) + (screen.Form.Visible ? "+" : "-");
-    screen.VisitControls(screen, visit);
+    VisitEach(screen, add);
   });
   for (const std::string& screen : kelp.Shown) all += screen + ">";
   return all;
