@@ -225,9 +225,7 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   EXPECT_EQ(desk.cell(1, kColReadCom), " ");
 
   const auto paste = [&](int row, int col, const std::string& text) {
-    Post(
-        desk.kelp,
-        {.Kind = EventKind::Paste, .Place = {"frmAcquire", "datalog"}, .Text = text, .Row = row, .Col = col});
+    desk.Do({EventKind::Paste, {"frmAcquire", "datalog"}, text, 0, row, col});
     return desk.kelp.Status;
   };
   EXPECT_EQ(

@@ -72,11 +72,10 @@ TEST(RunControls, EveryButtonHasItsHandlerAndAClickThatNobodyKnowsIsTold) {
   VisitScreens(program.kelp, [&](const std::string& screen, auto& form) {
     names.insert(screen + ".");
     VisitEach(form, [&]<class Control>(std::string_view control, int index, const Control&) {
-      const std::string name(control);
-      names.insert(screen + "." + name);
+      const FocusPlace place{screen, std::string(control), index};
+      names.insert(screen + "." + place.Control);
       const bool clicked = std::is_same_v<Control, Button> || requires(Control it) { it.Value; };
-      const bool known = HandlerOf(Doing::Click, {screen, name, index}) != nullptr;
-      EXPECT_TRUE(known || !clicked) << screen << "." << name;
+      EXPECT_TRUE(!clicked || HandlerOf(Doing::Click, place) != nullptr) << screen << "." << control;
     });
   });
   for (const HandlerRow& row : Handlers())

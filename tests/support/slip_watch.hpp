@@ -5,8 +5,8 @@
 #include <string>
 
 #include "app/door.hpp"
+#include "app/focus.hpp"
 #include "core/config.hpp"
-#include "core/find_control.hpp"
 #include "core/numbers.hpp"
 #include "tests/support/invariants.hpp"
 
@@ -96,9 +96,7 @@ class SlipWatch {
   bool IsButtonClick() {
     if (event_ == nullptr || event_->Kind != EventKind::Click) return false;
     const Window* window = FindWindow(*kelp_, event_->Place.Screen);
-    const ControlRef control =
-        FindControl(*kelp_, event_->Place.Screen, event_->Place.Control,
-                    event_->Place.Index < 0 ? std::nullopt : std::optional(event_->Place.Index));
+    const ControlRef control = ControlAt(*kelp_, event_->Place);
     const auto* const* button = std::get_if<Button*>(&control);
     // These start a dialog of the machine, which no control shows.
     const bool machine = event_->Place.Control == "PrinterSelect" || event_->Place.Screen == "frmMain";
