@@ -154,9 +154,10 @@ bool ClaimDrives(Kelp& kelp) {
 
 void frmAcquire_Load(Kelp& kelp) {
   // A dialog of the run before would stay as a window that nothing belongs to.
-  for (const char* screen : {"frmAcquire", "frmWhatsNext", "dlgRunRem", "frmChangeStep", "frmRecalc",
-                             "frmCreateBase", "frmProgress"})
-    HideScreen(kelp, screen);
+  for (Window* window :
+       {&kelp.frmAcquire.Form, &kelp.frmWhatsNext.Form, &kelp.dlgRunRem.Form, &kelp.frmChangeStep.Form,
+        &kelp.frmRecalc.Form, &kelp.frmCreateBase.Form, &kelp.frmProgress.Form})
+    HideScreen(kelp, *window);
   kelp.frmAcquire = FrmAcquire();
   kelp.frmAcquire.Form.Loaded = true;
   SetStatus(kelp, "");  // an alarm outlives the screen's set-up

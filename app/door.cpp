@@ -6,7 +6,7 @@
 #include "acquire/read_loop.hpp"
 #include "app/clicks.hpp"
 #include "app/focus.hpp"
-#include "app/leaving.hpp"
+#include "app/handlers.hpp"
 #include "app/main_window.hpp"
 #include "app/pasting.hpp"
 #include "app/typing.hpp"
@@ -68,7 +68,7 @@ void Handle(Kelp& kelp, const Event& event) {
     case EventKind::Click: ClickControl(kelp, event.Place); break;
     case EventKind::DblClick:
       SelectCell(kelp, event);
-      DblClickControl(kelp, event.Place);
+      RunHandler(kelp, Doing::DblClick, event.Place);
       break;
     case EventKind::Key: PressKey(kelp, event.Place.Screen, event.Key); break;
     case EventKind::Edit: EditControl(kelp, event.Place, event.Text); break;
@@ -77,9 +77,9 @@ void Handle(Kelp& kelp, const Event& event) {
       SelectCell(kelp, event);
       PasteCells(kelp, event.Text);
       break;
-    case EventKind::Escape: LeaveDialog(kelp, event.Place.Screen); break;
+    case EventKind::Escape: RunHandler(kelp, Doing::Escape, event.Place); break;
     case EventKind::SelectCell: SelectCell(kelp, event); break;
-    case EventKind::Close: CloseWindow(kelp, event.Place.Screen); break;
+    case EventKind::Close: RunHandler(kelp, Doing::Close, event.Place); break;
   }
 }
 
@@ -92,19 +92,14 @@ StoreNote ReadNote(const Kelp& kelp, How way) {
 
 // How a value comes that this event stores, where its handler does not say that better.
 StoreNote NoteOf(const Kelp& kelp, const Event& event) {
-  const auto on = [&](const char* control) { return IsAt(event.Place, "frmAcquire", control); };
-  if (event.Kind == EventKind::Click && on("Command1")) return ReadNote(kelp, How::Hand);
-  if (event.Kind == EventKind::Key && event.Key == kKeySpace) return ReadNote(kelp, How::Hand);
-  if (event.Kind == EventKind::Click && on("txtMean")) return {.Way = How::MeanBox};
-  if (event.Kind == EventKind::Click && on("Command5")) return {.Way = How::Skipped};
-  if (event.Kind == EventKind::Click && IsAt(event.Place, "dlgRunRem", "OKButton"))
-    return {.Way = How::Remark};
-  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 4) return {.Way = How::F5};
-  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 5) return {.Way = How::Calculated};
-  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 6) return {.Way = How::F7};
-  if (event.Kind == EventKind::Click && IsAt(event.Place, "frmRecalc", "Command1"))
-    return {.Way = How::Calculated};
-  return {};
+  How way = How::Typed;
+  if (event.Kind == EventKind::Click)
+    if (const HandlerRow* row = HandlerOf(Doing::Click, event.Place)) way = row->Way;
+  if (event.Kind == EventKind::Key && event.Key == kKeySpace) way = How::Hand;
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 4) way = How::F5;
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 5) way = How::Calculated;
+  if (event.Kind == EventKind::Key && event.Key == kKeyF1 + 6) way = How::F7;
+  return way == How::Hand ? ReadNote(kelp, way) : StoreNote{.Way = way};
 }
 
 // What an event stored goes into the record; then the log's lines follow it to the disk, also when reading

@@ -59,15 +59,15 @@ void UpdateConfig(Kelp& kelp) {
 }
 
 void CancelToAcquisition(Kelp& kelp) {
-  UnloadScreen(kelp, "frmEditCFG", kelp.frmEditCFG);
+  UnloadScreen(kelp, kelp.frmEditCFG);
   // From the main window this loads the acquisition screen, which starts its station set-up: the login
   // stays in front, since no station is open yet.
   const bool loaded = kelp.frmAcquire.Form.Loaded;
   if (!loaded && !ClaimDrives(kelp)) return;
   if (!loaded) frmAcquire_Load(kelp);
-  ShowScreen(kelp, "frmAcquire");
+  ShowScreen(kelp, kelp.frmAcquire.Form);
   // Whoever has not logged in yet finds the login in front.
-  if (!loaded || kelp.frmLogin.Form.Visible) ShowScreen(kelp, "frmLogin");
+  if (!loaded || kelp.frmLogin.Form.Visible) ShowScreen(kelp, kelp.frmLogin.Form);
 }
 
 }  // namespace
@@ -81,12 +81,12 @@ void frmEditCFG_Load(Kelp& kelp) {
   // Line 18 is looked at, while the save writes line 17: the two are kept as they are.
   const bool average = Contains(Upper(BoxValue(kelp.run, 18)), "AVE");
   SelectOption(form.Option1, average ? kAveBlank : kCurrentBlank);
-  ShowScreen(kelp, "frmEditCFG");
+  ShowScreen(kelp, kelp.frmEditCFG.Form);
 }
 
 void LeaveEditor(Kelp& kelp) {
-  UnloadScreen(kelp, "frmEditCFG", kelp.frmEditCFG);
-  ShowScreen(kelp, kelp.Shown.empty() ? "frmMain" : std::string(kelp.Shown.front()));
+  UnloadScreen(kelp, kelp.frmEditCFG);
+  ShowScreen(kelp, kelp.Shown.empty() ? kelp.frmMain.Form : *FindWindow(kelp, kelp.Shown.front()));
 }
 
 void frmEditCFG_CruiseLostFocus(Kelp& kelp) {

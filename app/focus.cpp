@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/focus.hpp"
 
-#include "app/editor.hpp"
+#include "app/handlers.hpp"
 #include "core/text.hpp"
-#include "workflow/open_station.hpp"
-#include "workflow/run_controls.hpp"
 
 namespace kelp {
 
@@ -12,37 +10,22 @@ namespace {
 
 void Leave(Kelp& kelp, const FocusPlace& place) {
   const Window* window = FindWindow(kelp, place.Screen);
-  if (window == nullptr || !window->Visible) return;
-  if (IsAt(place, "frmAcquire", "txtStaInfo")) txtStaInfo_LostFocus(kelp, place.Index);
-  if (IsAt(place, "frmCreateBase", "Text1")) CreateBox_LostFocus(kelp, place.Index);
-  if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox &&
-      kelp.frmEditCFG.CruiseEdited) {
-    kelp.frmEditCFG.CruiseEdited = false;
-    frmEditCFG_CruiseLostFocus(kelp);
-  }
+  if (window != nullptr && window->Visible) RunHandler(kelp, Doing::Leave, place);
 }
 
-// Collects the controls of a screen that can take the focus, in the order of its list.
-struct TabOrder {
-  std::vector<FocusPlace> places = {};
-  std::string screen;
-
-  template <class Control>
-  void Add(std::string_view name, const Control& control, int index) {
-    if (control.Enabled && control.Visible) places.push_back({screen, std::string(name), index});
-  }
-  void operator()(std::string_view /*name*/, const Label& /*label*/, int /*alias*/ = -1) {}
-  template <int Count, int First>
-  void operator()(std::string_view /*name*/, const ControlArray<Label, Count, First>& /*labels*/) {}
-  template <class Control>
-  void operator()(std::string_view name, const Control& control, int /*alias*/ = -1) {
-    Add(name, control, -1);
-  }
-  template <class Control, int Count, int First>
-  void operator()(std::string_view name, const ControlArray<Control, Count, First>& controls) {
-    for (int i = First; i <= controls.kLast; ++i) Add(name, controls[i], i);
-  }
-};
+// The controls of a screen that can take the focus, in the order of its list.
+std::vector<FocusPlace> TabOrder(Kelp& kelp, std::string_view screen) {
+  std::vector<FocusPlace> places;
+  const auto add = [&](std::string_view name, int index, const auto& control) {
+    const bool label = std::is_same_v<std::decay_t<decltype(control)>, Label>;
+    if (!label && control.Enabled && control.Visible)
+      places.push_back({std::string(screen), std::string(name), index});
+  };
+  VisitScreens(kelp, [&](std::string_view name, auto& candidate) {
+    if (SameIgnoringCase(name, screen)) VisitEach(candidate, add);
+  });
+  return places;
+}
 
 }  // namespace
 
@@ -79,17 +62,13 @@ void MoveFocus(Kelp& kelp, const FocusPlace& place) {
 }
 
 void TabOn(Kelp& kelp, std::string_view screen) {
-  TabOrder order{.screen = std::string(screen)};
-  VisitScreens(kelp, [&](std::string_view name, auto& candidate) {
-    if (SameIgnoringCase(name, screen)) candidate.VisitControls(candidate, order);
-  });
-  if (order.places.empty()) return;
+  const std::vector<FocusPlace> places = TabOrder(kelp, screen);
+  if (places.empty()) return;
   const FocusPlace now = FocusOn(kelp, screen);
   std::size_t next = 0;
-  for (std::size_t i = 0; i < order.places.size(); ++i)
-    if (IsAt(now, screen, order.places[i].Control) && now.Index == order.places[i].Index)
-      next = (i + 1) % order.places.size();
-  MoveFocus(kelp, order.places[next]);
+  for (std::size_t i = 0; i < places.size(); ++i)
+    if (IsAt(now, screen, places[i].Control) && now.Index == places[i].Index) next = (i + 1) % places.size();
+  MoveFocus(kelp, places[next]);
 }
 
 ControlRef ControlAt(Kelp& kelp, const FocusPlace& place) {

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Leaving a window: by its frame, or with Esc.
+// The ways out of a window: by its frame, or with Esc, which stores, changes and ends nothing, and asks
+// nothing. The screen that a dialog was opened from comes up.
 #pragma once
-
-#include <string_view>
 
 #include "core/kelp.hpp"
 
 namespace kelp {
 
-/// A window is closed by its frame: the same question, or the same way out, as its own button.
-void CloseWindow(Kelp& kelp, std::string_view screen);
-
-/// Esc: a dialog goes away, nothing is stored, changed or ended, and nothing is asked. The screen that it was
-/// opened from comes up. Does nothing on the main window and the acquisition screen.
-void LeaveDialog(Kelp& kelp, std::string_view screen);
+/// Back to the main window: no station is open yet, "Run Samples" begins anew.
+void LeaveLogin(Kelp& kelp);
+void LeaveCreateBase(Kelp& kelp);
+/// The run stands where it stood: the button opens the chooser again.
+void LeaveChooser(Kelp& kelp);
+void CloseChangeStep(Kelp& kelp);
+void CloseRemarks(Kelp& kelp);
+void CloseRecalc(Kelp& kelp);
 
 }  // namespace kelp

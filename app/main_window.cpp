@@ -49,7 +49,7 @@ void TakeChosenStation(Kelp& kelp) {
 
 void RunSamples(Kelp& kelp) {
   if (!ClaimDrives(kelp)) return;
-  HideScreen(kelp, "frmMain");
+  HideScreen(kelp, kelp.frmMain.Form);
   frmAcquire_Load(kelp);
 }
 
@@ -73,7 +73,7 @@ void FrmMain_Load(Kelp& kelp) {
   FillBoxes(kelp, 20);
   TakeLastStation(kelp.run);
   TellConfigTroubles(kelp);
-  ShowScreen(kelp, "frmMain");
+  ShowScreen(kelp, kelp.frmMain.Form);
 }
 
 void QuitFromMain(Kelp& kelp) {
@@ -96,8 +96,8 @@ void FrmMain_Command1_Click(Kelp& kelp, int index) {
 }
 
 void frmLogin_Load(Kelp& kelp) {
-  HideScreen(kelp, "frmAcquire");
-  ShowScreen(kelp, "frmLogin");
+  HideScreen(kelp, kelp.frmAcquire.Form);
+  ShowScreen(kelp, kelp.frmLogin.Form);
   kelp.Focus = {"frmLogin", "Combo1"};
 }
 
@@ -118,7 +118,7 @@ void cmdOK_Click(Kelp& kelp) {
   LoadBaseFile(kelp, run.BaseFile);
   kelp.frmAcquire.Combo1.Text = initials;
   SetButton(kelp, {.Caption = "&Start"});
-  UnloadScreen(kelp, "frmLogin", kelp.frmLogin);
+  UnloadScreen(kelp, kelp.frmLogin);
 }
 
 void cmdCancel_Click(Kelp& kelp) {

@@ -1,76 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/typing.hpp"
 
-#include "app/acquire_load.hpp"
-#include "app/clicks.hpp"
 #include "app/door.hpp"
 #include "app/focus.hpp"
-#include "app/panel.hpp"
+#include "app/handlers.hpp"
 #include "core/text.hpp"
-#include "record/record.hpp"
 #include "workflow/keys.hpp"
-#include "workflow/open_station.hpp"
 #include "workflow/run_controls.hpp"
-#include "workflow/whats_next.hpp"
 
 namespace kelp {
 
 namespace {
 
-void ResetProgram(Kelp& kelp) {
-  if (!AskRisky(kelp, "This will reset the program! Y/N?", "Reset Program?") || !MayLeave(kelp)) return;
-  frmAcquire_Load(kelp);
-}
-
-// Grid and Autoread are used at every sample: each has a key of its own.
-void GoToGrid(Kelp& kelp) {
-  Grid& grid = kelp.frmAcquire.datalog;
-  const PanelState panel = PanelOf(kelp);
-  if (panel.Row > 0 && !IsAt(kelp.Focus, "frmAcquire", "datalog")) {
-    grid.Row = panel.Row;
-    grid.Col = panel.Col < 0 ? kColRb : panel.Col;
-  }
-  MoveFocus(kelp, {"frmAcquire", "datalog"});
-}
-
-void ToggleAutoread(Kelp& kelp) {
-  bool& on = kelp.frmAcquire.Check1.Value;
-  on = !on;
-  SetStatus(kelp, on ? "Autoread is on: values are saved by themselves." : "Autoread is off.");
-}
-
-void PressAcquireKey(Kelp& kelp, int number) {
-  switch (number) {
-    case 10: ResetProgram(kelp); break;
-    case 11: GoToGrid(kelp); break;
-    case 12: ToggleAutoread(kelp); break;
-    default: FunctionKey(kelp, number); break;
-  }
-}
-
-void PressFunctionKey(Kelp& kelp, const std::string& screen, int number) {
-  if (SameIgnoringCase(screen, "frmAcquire"))
-    PressAcquireKey(kelp, number);
-  else if (SameIgnoringCase(screen, "frmWhatsNext"))
-    frmWhatsNext_KeyDown(kelp, number);
-}
-
-// Enter leads to the next box of a form that is filled in; elsewhere to the button that goes on.
 void PressEnter(Kelp& kelp, const FocusPlace& focus) {
-  const bool inBox = IsAt(focus, "frmAcquire", "txtStaInfo") || IsAt(focus, "frmCreateBase", "Text1") ||
-                     (IsAt(focus, "frmAcquire", "txtBlank") && focus.Index <= 3);
-  if (inBox)
-    TabOn(kelp, focus.Screen);
-  else if (SameIgnoringCase(focus.Screen, "frmAcquire"))
-    MoveFocus(kelp, {"frmAcquire", "Command1"});
-  else if (IsAt(focus, "dlgRunRem", "Text1"))
-    Post(kelp, {.Kind = EventKind::Click, .Place = {"dlgRunRem", "OKButton"}});
-  else if (std::holds_alternative<Button*>(ControlAt(kelp, focus)))
+  if (RunHandler(kelp, Doing::Enter, focus)) return;
+  if (std::holds_alternative<Button*>(ControlAt(kelp, focus)))
     Post(kelp, {.Kind = EventKind::Click, .Place = focus});
-  else if (SameIgnoringCase(focus.Screen, "frmLogin"))
-    Post(kelp, {.Kind = EventKind::Click, .Place = {"frmLogin", "cmdOK"}});
-  else if (SameIgnoringCase(focus.Screen, "frmWhatsNext"))
-    Post(kelp, {.Kind = EventKind::Click, .Place = {"frmWhatsNext", "NextButton"}});
 }
 
 std::string TypedText(std::string text, int key) {
@@ -99,7 +44,7 @@ void PressKey(Kelp& kelp, const std::string& screen, int key) {
   const FocusPlace focus = FocusOn(kelp, screen);
   kelp.Focus = focus;
   if (key >= kKeyF1 && key <= kKeyF12) {
-    PressFunctionKey(kelp, screen, key - kKeyF1 + 1);
+    RunHandler(kelp, Doing::FunctionKey, {screen, "", key - kKeyF1 + 1});
   } else if (key == kKeyTab) {
     TabOn(kelp, screen);
   } else if (key == kKeyEnter) {
@@ -126,24 +71,10 @@ void EditControl(Kelp& kelp, const FocusPlace& place, const std::string& text) {
     SetStatus(kelp, "This value is shown for reading only.");
     return;
   }
-  if (IsAt(place, "frmAcquire", "Text4") || IsAt(place, "frmAcquire", "StatusBar1")) {
-    SetStatus(kelp, "This box holds the program's own words: nothing can be typed there.");
-    return;
-  }
-  if (IsAt(place, "frmAcquire", "txtBlank")) {
-    txtBlank_Change(kelp, place.Index, text);
-    return;
-  }
-  if (IsAt(place, "frmAcquire", "txtStaInfo")) {
-    txtStaInfo_Change(kelp, place.Index, text);
-    return;
-  }
+  if (RunHandler(kelp, Doing::Edit, place, text)) return;
   if (const auto* box = std::get_if<TextBox*>(&control)) (*box)->Text = text;
   if (const auto* combo = std::get_if<ComboBox*>(&control)) (*combo)->Text = text;
-  if (IsAt(place, "frmEditCFG", "Text1") && place.Index == FrmEditCFG::kFirstBox)
-    kelp.frmEditCFG.CruiseEdited = true;
-  if (IsAt(place, "frmCreateBase", "Text1")) CheckCreateBase(kelp);
-  if (IsAt(place, "frmMain", "Text1") && place.Index == 4) kelp.frmMain.LastTube = text;
+  RunHandler(kelp, Doing::Edited, place, text);
 }
 
 }  // namespace kelp

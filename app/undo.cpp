@@ -31,7 +31,7 @@ void ReadAgain(Kelp& kelp) {
   run.Resume = ResumeAt::Nothing;
   kelp.loop.Running = false;
   ClearRawReads(run);
-  HideScreen(kelp, "frmWhatsNext");
+  HideScreen(kelp, kelp.frmWhatsNext.Form);
   if (row.What == Item::Ra || (row.What == Item::Rb && row.Does != Phase::Load)) {
     PromptSample(kelp, row.What == Item::Ra);
     return;

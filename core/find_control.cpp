@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/date_time.hpp"
+#include "core/run_fields.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -49,6 +50,22 @@ std::string Shown(float value) {
   return {buffer, result.ptr};
 }
 
+std::optional<std::string> At(const StationTable& table, RunIndex index) {
+  if (!index.First || !index.Second || *index.First < 0 || *index.First >= StationTable::kRows ||
+      *index.Second < 0 || *index.Second >= StationTable::kCols)
+    return {};
+  return table(*index.First, *index.Second);
+}
+template <class Field>
+std::optional<std::string> At(const Field& field, RunIndex index) {
+  if constexpr (requires { Shown(field); }) {
+    return index.First ? std::nullopt : std::optional(Shown(field));
+  } else {
+    if (!index.First || index.Second || static_cast<std::size_t>(*index.First) >= field.size()) return {};
+    return Shown(field[static_cast<std::size_t>(*index.First)]);
+  }
+}
+
 }  // namespace
 
 ControlRef FindControl(Kelp& kelp, std::string_view screen, std::string_view name, std::optional<int> index) {
@@ -62,73 +79,10 @@ ControlRef FindControl(Kelp& kelp, std::string_view screen, std::string_view nam
 std::string ValueOf(const ControlRef& control) { return std::visit(TextOf{}, control); }
 
 std::optional<std::string> RunValue(const Kelp& kelp, std::string_view name, RunIndex index) {
-  const RunState& run = kelp.run;
-  const auto is = [&](std::string_view candidate) { return SameIgnoringCase(candidate, name); };
-  if (index.First && index.Second) {
-    const bool inside = *index.First >= 0 && *index.First < StationTable::kRows && *index.Second >= 0 &&
-                        *index.Second < StationTable::kCols;
-    if (!is("SampTbl") || !inside) return {};
-    return run.SampTbl(*index.First, *index.Second);
-  }
-  if (index.First) {
-    const auto at = static_cast<std::size_t>(*index.First);
-    if (is("CfgLines") && at < run.CfgLines.size()) return run.CfgLines[at];
-    if (is("RawReads") && at < run.RawReads.size()) return Shown(run.RawReads[at]);
-    return {};
-  }
   std::optional<std::string> value;
-  const auto field = [&](std::string_view candidate, const auto& member) {
-    if (is(candidate)) value = Shown(member);
-  };
-  field("SampCount", run.SampCount);
-  field("SampNum", run.SampNum);
-  field("TubeNum", run.TubeNum);
-  field("ProcNum", run.ProcNum);
-  field("CruiseID", run.CruiseID);
-  field("ShipName", run.ShipName);
-  field("DataOutPath", run.DataOutPath);
-  field("BackupDir", run.BackupDir);
-  field("BaseFile", run.BaseFile);
-  field("CsvFile", run.CsvFile);
-  field("RawFile", run.RawFile);
-  field("PrnFile", run.PrnFile);
-  field("TmpFile", run.TmpFile);
-  field("PrnBackupFile", run.PrnBackupFile);
-  field("DbCsvFile", run.DbCsvFile);
-  field("MarkTime", run.MarkTime);
-  field("CastType", run.CastType);
-  field("CtdDate", run.CtdDate);
-  field("CtdTime", run.CtdTime);
-  field("RunDate", run.RunDate);
-  field("ReportStr", run.ReportStr);
-  field("StepName", run.StepName);
-  field("CoproLowStd", run.CoproLowStd);
-  field("CoproHighStd", run.CoproHighStd);
-  field("ReadsToAverage", run.ReadsToAverage);
-  field("MinReads", run.MinReads);
-  field("ReadInterval", run.ReadInterval);
-  field("TraceColor", run.TraceColor);
-  field("LabCalRun", run.LabCalRun);
-  field("ResultsSaved", run.ResultsSaved);
-  field("ProcNumEdited", run.ProcNumEdited);
-  field("BottleEdited", run.BottleEdited);
-  field("VialEdited", run.VialEdited);
-  field("RunStarted", run.RunStarted);
-  field("StartUp", run.StartUp);
-  field("ReadIndex", run.ReadIndex);
-  field("ReadCount", run.ReadCount);
-  field("CurReading", run.CurReading);
-  field("LastRawText", run.LastRawText);
-  field("RbReading", run.RbReading);
-  field("RaReading", run.RaReading);
-  field("RaAccepted", run.RaAccepted);
-  field("ReadFlag", run.ReadFlag);
-  field("ReadInProgress", run.ReadInProgress);
-  field("BeginBlankText", run.BeginBlankText);
-  field("EndBlankText", run.EndBlankText);
-  field("LowStdText", run.LowStdText);
-  field("HighStdText", run.HighStdText);
-  field("PauseStore", run.PauseStore);
+  VisitRunState(kelp.run, [&](const RunField& field, const auto& member) {
+    if (field.Told && SameIgnoringCase(field.Name, name)) value = At(member, index);
+  });
   return value;
 }
 

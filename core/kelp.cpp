@@ -7,6 +7,19 @@
 
 namespace kelp {
 
+namespace {
+
+// The name under which scripts and front ends know a screen.
+std::string NameOf(Kelp& kelp, const Window& window) {
+  std::string found;
+  VisitScreens(kelp, [&](std::string_view name, auto& candidate) {
+    if (&candidate.Form == &window) found = name;
+  });
+  return found;
+}
+
+}  // namespace
+
 Window* FindWindow(Kelp& kelp, std::string_view screen) {
   Window* found = nullptr;
   VisitScreens(kelp, [&](std::string_view name, auto& candidate) {
@@ -15,28 +28,28 @@ Window* FindWindow(Kelp& kelp, std::string_view screen) {
   return found;
 }
 
-void ShowScreen(Kelp& kelp, std::string_view screen) {
-  Window* window = FindWindow(kelp, screen);
-  const bool wasVisible = window->Visible;
-  window->Loaded = true;
-  window->Visible = true;
+void ShowScreen(Kelp& kelp, Window& window) {
+  const std::string screen = NameOf(kelp, window);
+  const bool wasVisible = window.Visible;
+  window.Loaded = true;
+  window.Visible = true;
   std::erase(kelp.Shown, screen);
-  kelp.Shown.emplace(kelp.Shown.begin(), screen);
+  kelp.Shown.insert(kelp.Shown.begin(), screen);
   if (wasVisible)
-    kelp.platform.ScreenRaised(std::string(screen));
+    kelp.platform.ScreenRaised(screen);
   else
-    kelp.platform.ScreenShown(std::string(screen));
+    kelp.platform.ScreenShown(screen);
 }
 
-void HideScreen(Kelp& kelp, std::string_view screen) {
-  Window* window = FindWindow(kelp, screen);
-  if (!window->Visible) return;
-  window->Visible = false;
+void HideScreen(Kelp& kelp, Window& window) {
+  if (!window.Visible) return;
+  window.Visible = false;
+  const std::string screen = NameOf(kelp, window);
   std::erase(kelp.Shown, screen);
-  kelp.platform.ScreenHidden(std::string(screen));
+  kelp.platform.ScreenHidden(screen);
 }
 
-void RaiseScreen(Kelp& kelp, std::string_view screen) { ShowScreen(kelp, screen); }
+void RaiseScreen(Kelp& kelp, Window& window) { ShowScreen(kelp, window); }
 
 void SetStatus(Kelp& kelp, std::string_view text) {
   kelp.Status = text;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "core/record_state.hpp"
@@ -86,18 +87,32 @@ void VisitScreens(Program& kelp, Visitor&& visit) {
   visit("frmEditCFG", kelp.frmEditCFG);
 }
 
+/// Calls visit(name, index, control) for every control of a screen; the index is -1 for one that is no member
+/// of an array.
+template <class Screen, class Visitor>
+void VisitEach(Screen& screen, Visitor&& visit) {
+  screen.VisitControls(screen, [&](std::string_view name, auto& control, int /*alias*/ = -1) {
+    using Control = std::remove_cvref_t<decltype(control)>;
+    if constexpr (requires { Control::kFirst; })
+      for (int i = Control::kFirst; i <= Control::kLast; ++i) visit(name, i, control[i]);
+    else
+      visit(name, -1, control);
+  });
+}
+
 /// The window of a screen by name, or null.
 Window* FindWindow(Kelp& kelp, std::string_view screen);
 
-/// Show a screen (it comes to the front), hide it, or bring it to the front.
-void ShowScreen(Kelp& kelp, std::string_view screen);
-void HideScreen(Kelp& kelp, std::string_view screen);
-void RaiseScreen(Kelp& kelp, std::string_view screen);
+/// Show a screen (it comes to the front), hide it, or bring it to the front; each by its own window, so that
+/// no name can be wrong.
+void ShowScreen(Kelp& kelp, Window& window);
+void HideScreen(Kelp& kelp, Window& window);
+void RaiseScreen(Kelp& kelp, Window& window);
 
 /// Unloads a screen: it is hidden and its controls go back to what they are when it is loaded anew.
 template <class Screen>
-void UnloadScreen(Kelp& kelp, std::string_view name, Screen& screen) {
-  HideScreen(kelp, name);
+void UnloadScreen(Kelp& kelp, Screen& screen) {
+  HideScreen(kelp, screen.Form);
   screen = Screen();
 }
 

@@ -10,16 +10,9 @@
 
 #include "core/kelp.hpp"
 #include "core/numbers.hpp"
+#include "core/run_fields.hpp"
 
 namespace kelp {
-
-/// What the change of a place means.
-enum class Weight {
-  Counted,  ///< an accepted value that somebody would miss: Rb, Ra, remark, blank, standard, copro, header
-  Stored,   ///< goes with a value: results, the table's copy, the initials
-  State,    ///< where the run stands
-  Screen,   ///< what the screen shows at that moment: undone, but not restored after a crash
-};
 
 struct Place {
   std::string_view Name;
@@ -68,25 +61,10 @@ template <class Program, class Visit>
 void VisitPlaces(Program& kelp, Visit&& visit) {
   auto& run = kelp.run;
   auto& form = kelp.frmAcquire;
-  visit(Place{"SampCount", Weight::Stored}, run.SampCount);
-  visit(Place{"SampNum"}, run.SampNum);
-  visit(Place{"TubeNum"}, run.TubeNum);
-  visit(Place{"StepName"}, run.StepName);
-  visit(Place{"RunDate"}, run.RunDate);
-  visit(Place{"LabCalRun"}, run.LabCalRun);
-  visit(Place{"CtdDate"}, run.CtdDate);
-  visit(Place{"CtdTime"}, run.CtdTime);
-  visit(Place{"CastType"}, run.CastType);
-  visit(Place{"BeginBlankText", Weight::Stored}, run.BeginBlankText);
-  visit(Place{"EndBlankText", Weight::Stored}, run.EndBlankText);
-  visit(Place{"LowStdText", Weight::Stored}, run.LowStdText);
-  visit(Place{"HighStdText", Weight::Stored}, run.HighStdText);
-  visit(Place{"RbReading", Weight::Screen}, run.RbReading);
-  visit(Place{"RaReading", Weight::Screen}, run.RaReading);
-  visit(Place{"ReadFlag", Weight::Screen}, run.ReadFlag);
-  visit(Place{"RaAccepted", Weight::Screen}, run.RaAccepted);
-  visit(Place{"SecondCopro", Weight::Screen}, run.SecondCopro);
-  visit(Place{"TraceColor", Weight::Screen}, run.TraceColor);
+  VisitRunState(run, [&](const RunField& field, auto& value) {
+    if constexpr (requires { ValueText(value); })
+      if (field.Kept) visit(Place{field.Name, *field.Kept}, value);
+  });
   visit(Place{"Command1", Weight::Screen}, form.Command1.Caption);
   for (int i = 0; i < form.Option1.kCount; ++i) {
     visit(Place{"Option1.Caption", Weight::State, i}, form.Option1[i].Caption);

@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "app/door.hpp"
+#include "app/focus.hpp"
 #include "core/config.hpp"
 #include "core/find_control.hpp"
 #include "core/numbers.hpp"
@@ -49,6 +51,11 @@ struct ProgramOn {
   }
 
   bool Do(const Event& event) {
+    // A mistyped name would pass for an event that does nothing.
+    const FocusPlace& place = event.Place;
+    const bool wrong = place.Control.empty() ? FindWindow(kelp, place.Screen) == nullptr
+                                             : ControlAt(kelp, place).index() == 0;
+    if (wrong) throw std::logic_error("there is no " + place.Screen + "." + place.Control);
     const bool done = Post(kelp, event);
     Changed();
     return done;
@@ -83,9 +90,9 @@ struct ProgramOn {
   /// Start-up and login, with the answers to what is asked then; on another program's disk if one is given.
   void LogIn(std::initializer_list<Answer> answers, const MemoryDisk* other = nullptr) {
     if (other != nullptr) disk.Files = other->Files, disk.Folders = other->Folders;
+    Answers(answers);
     Start(kelp);
     Click("frmMain", "Command1", 0);
-    Answers(answers);
     Click("frmLogin", "cmdOK");
   }
 

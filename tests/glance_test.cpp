@@ -225,9 +225,7 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   EXPECT_EQ(desk.cell(1, kColReadCom), " ");
 
   const auto paste = [&](int row, int col, const std::string& text) {
-    Post(
-        desk.kelp,
-        {.Kind = EventKind::Paste, .Place = {"frmAcquire", "datalog"}, .Text = text, .Row = row, .Col = col});
+    desk.Do({EventKind::Paste, {"frmAcquire", "datalog"}, text, 0, row, col});
     return desk.kelp.Status;
   };
   EXPECT_EQ(
@@ -252,7 +250,7 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   const std::string before = desk.caption();
   for (const char* screen :
        {"dlgRunRem", "frmChangeStep", "frmRecalc", "frmWhatsNext", "frmEditCFG", "frmCreateBase"}) {
-    ShowScreen(desk.kelp, screen);
+    ShowScreen(desk.kelp, *FindWindow(desk.kelp, screen));
     const std::size_t boxes = desk.platform.Boxes.size();
     Post(desk.kelp, {.Kind = EventKind::Escape, .Place = {screen}});
     EXPECT_FALSE(FindWindow(desk.kelp, screen)->Visible) << screen;
@@ -261,7 +259,7 @@ TEST_F(Glancing, GridAutoreadAndDialogsAreAStrokeAway) {
   }
   EXPECT_EQ(desk.caption(), before);
   for (const char* screen : {"frmAcquire", "frmMain"}) {
-    ShowScreen(desk.kelp, screen);
+    ShowScreen(desk.kelp, *FindWindow(desk.kelp, screen));
     Post(desk.kelp, {.Kind = EventKind::Escape, .Place = {screen}});
     EXPECT_TRUE(FindWindow(desk.kelp, screen)->Visible) << screen;
   }

@@ -69,7 +69,7 @@ TEST(Record, Finding14OverwritingABaseFileKeepsItsResults) {
   program.Save();
   const std::string results = program.file("chl002");
   program.kelp.frmCreateBase = {};
-  ShowScreen(program.kelp, "frmCreateBase");
+  ShowScreen(program.kelp, program.kelp.frmCreateBase.Form);
   program.Type("frmCreateBase", "Text1", 0, "2");
   program.Type("frmCreateBase", "Text1", 2, "1");
   program.Answers({Answer::Yes});

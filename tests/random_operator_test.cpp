@@ -53,22 +53,6 @@ class RandomPlatform : public ScriptedPlatform {
   Random& random_;
 };
 
-// All controls of the visible screens that an operator can reach.
-struct Reach {
-  std::vector<FocusPlace> places = {};
-  std::string screen;
-
-  void Add(std::string_view name, int index) { places.push_back({screen, std::string(name), index}); }
-  template <class Control>
-  void operator()(std::string_view name, const Control& /*control*/, int /*alias*/ = -1) {
-    Add(name, -1);
-  }
-  template <class Control, int Count, int First>
-  void operator()(std::string_view name, const ControlArray<Control, Count, First>& /*controls*/) {
-    for (int i = First; i < First + Count; ++i) Add(name, i);
-  }
-};
-
 class Operator {
  public:
   explicit Operator(std::uint64_t seed) : random_(seed) { Restart(); }
@@ -184,11 +168,15 @@ class Operator {
 
   void Meddle() {
     if (kelp_->Shown.empty()) return;
-    Reach reach{.screen = kelp_->Shown[random_() % kelp_->Shown.size()]};
+    const std::string front = kelp_->Shown[random_() % kelp_->Shown.size()];
+    std::vector<FocusPlace> reach;  // all its controls
     VisitScreens(*kelp_, [&](std::string_view name, auto& screen) {
-      if (name == reach.screen) screen.VisitControls(screen, reach);
+      const auto add = [&](auto control, int index, auto&) {
+        reach.push_back({front, std::string(control), index});
+      };
+      if (name == front) VisitEach(screen, add);
     });
-    const FocusPlace place = reach.places[random_() % reach.places.size()];
+    const FocusPlace place = reach[random_() % reach.size()];
     static constexpr EventKind kKinds[] = {EventKind::Click, EventKind::Click,     EventKind::DblClick,
                                            EventKind::Key,   EventKind::Key,       EventKind::Edit,
                                            EventKind::Focus, EventKind::SelectCell};

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "app/take_calibration.hpp"
+#include "record/database.hpp"
 #include "record/old_journal.hpp"
+#include "record/places.hpp"
+#include "record/run_so_far.hpp"
 #include "tests/support/interrupted_station.hpp"
 
 namespace kelp {
@@ -12,8 +15,7 @@ namespace kelp {
 TEST(Record, APowerCutLosesNothingAndTheRunGoesOnAtTheAcid) {
   Program program;
   RunUntilPowerCut(program);
-  Program again;
-  GoOn(again, program.disk);
+  Resumed again(program.disk);
   EXPECT_EQ(again.LastBox(),
             "Station 002 (93.3 70) has 9 values that are not saved, the last of 11/24/2026 03:01:00. "
             "Go on with it? Y/N");
@@ -29,8 +31,7 @@ TEST(Record, APowerCutLosesNothingAndTheRunGoesOnAtTheAcid) {
   TakeByHand(again, 2.5);
   TakeByHand(again, 1.5);
   ASSERT_EQ(again.caption(), "What's Next");
-  Program third;
-  GoOn(third, again.disk);
+  Resumed third(again.disk);
   ExpectSameValues(third, again);
   third.Click("frmAcquire", "Command1");
   EXPECT_EQ(third.caption(), "What's Next");
@@ -86,10 +87,9 @@ TEST(Record, UndoGoesBackStepByStepToTheLoadAlsoAfterACrash) {
     for (const int key : {'1', '0'}) program.Key("frmAcquire", key);
   });
   ASSERT_EQ(program.cell(2, kColDepth), "310");
-  Program again;
-  GoOn(again, program.disk);
+  Resumed again(program.disk);
   EXPECT_EQ(again.form().cmdUndo.ToolTipText, program.form().cmdUndo.ToolTipText);
-  for (Program* one : {&program, &again})
+  for (Program* one : {&program, static_cast<Program*>(&again)})
     for (std::size_t i = states.size(); i-- > 0;) {
       ASSERT_TRUE(one->Click("frmAcquire", "cmdUndo")) << i;
       EXPECT_EQ(values(*one), states[i]) << i << one->form().StatusBar1.Text;
@@ -99,8 +99,7 @@ TEST(Record, UndoGoesBackStepByStepToTheLoadAlsoAfterACrash) {
   EXPECT_FALSE(again.form().cmdUndo.Enabled);
   EXPECT_EQ(again.form().cmdUndo.ToolTipText, "Nothing to take back");
   // All is taken back: there is nothing to go on with.
-  Program third;
-  GoOn(third, again.disk, {});
+  Resumed third(again.disk, {});
   EXPECT_TRUE(third.platform.Boxes.empty()) << third.LastBox();
 }
 
@@ -138,10 +137,9 @@ TEST(Record, Finding01ACutOffSectionOfAnOldJournalDoesNotHideTheWholeOneAndItIsT
   const std::string cut = section("2.0000", "3");
   for (std::size_t length = 0; length < cut.size(); length += 17) {
     const std::string journal = section("2.0000", "2") + cut.substr(0, length);
-    Program again;
     MemoryDisk disk = program.disk;
     disk.Files["d:\\backup\\chl002.jnl"] = journal;
-    GoOn(again, disk);
+    Resumed again(disk);
     EXPECT_EQ(again.LastBox(),
               "Station 002 () has 2 values that are not saved, the last of 11/23/2026 02:10:31. "
               "Go on with it? Y/N");
@@ -150,6 +148,34 @@ TEST(Record, Finding01ACutOffSectionOfAnOldJournalDoesNotHideTheWholeOneAndItIsT
     EXPECT_EQ(again.disk.Files["d:\\backup\\chl002.jnl.taken"], journal);
     EXPECT_FALSE(again.disk.Exists("d:\\backup\\chl002.jnl"));
   }
+}
+
+TEST(Record, ARecordOfAnOlderKelpGivesEveryPlaceBackByItsName) {
+  Program program;
+  program.OpenStation(2);
+  Database record(program.disk, kRecordPath);
+  RecordedEvent event = record.AllEvents().back();
+  event.Step = ++event.Uid;
+  event.Kind = kStore;
+  event.Values.clear();
+  // These names are on the disks of ships.
+  for (const std::string& word :
+       Words("SampCount=2 SampNum=2 TubeNum=77 StepName=COPROS RunDate=11/23/2026 LabCalRun=1 "
+             "CtdDate=11/22/2026 "
+             "CtdTime=01:02:03 CastType=CTD BeginBlankText=.5 EndBlankText=.6 LowStdText=1.1 HighStdText=9.9 "
+             "RbReading=2.5 RaReading=1.5 ReadFlag=1 RaAccepted=1 SecondCopro=1 TraceColor=255 "
+             "Command1=Acidify "
+             "Option1.Caption(1)=EndStnd Option1.Value(1)=1 Combo1=XY txtBlank(6)=1.53 txtStaInfo(3)=0.5 "
+             "datalog(2,3)=2.5000 SampTbl(6,7)=2.5000")) {
+    const std::string value = word.substr(word.find('=') + 1);
+    event.Values.push_back({word.substr(0, word.find('=')), "", value, value});
+  }
+  record.Write({event});
+  Resumed again(program.disk);
+  UndoLast(again.kelp);
+  Values now;
+  VisitPlaces(again.kelp, [&](const Place& at, const auto& field) { now[TextOf(at)] = ValueText(field); });
+  for (const RecordedValue& value : event.Values) EXPECT_EQ(now[value.Place], value.After) << value.Place;
 }
 
 TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
@@ -168,10 +194,9 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
     cases.emplace_back("cut at " + std::to_string(length), whole.substr(0, length));
   for (const auto& [what, content] : cases) {
     // It is so at the start, and it becomes so while the station runs.
-    Program again;
     MemoryDisk disk = program.disk;
     disk.Files[kRecord] = content;
-    GoOn(again, disk);
+    Resumed again(disk);
     EXPECT_TRUE(again.disk.Exists("c:\\kelp\\record-20261124-030000.db")) << what;
     EXPECT_TRUE(again.disk.Files["c:\\kelp\\record-20261124-030000.db"] == content) << what;
     EXPECT_EQ(again.platform.Boxes.back().message.Title, "The record was set aside") << what;
@@ -179,16 +204,14 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
     again.Click("frmAcquire", "Command1");
     TakeByHand(again, 0.006);
     EXPECT_FALSE(Unsafe(again)) << what;
-    Program third;
-    GoOn(third, again.disk);
+    Resumed third(again.disk);
     EXPECT_EQ(third.form().txtBlank[0].Text, again.form().txtBlank[0].Text) << what;
   }
   // A folder of that name; and a database that vanishes in the middle of a station.
-  Program folder;
   MemoryDisk disk = program.disk;
   disk.Files.erase(kRecord);
   disk.Folders.insert(kRecord);
-  GoOn(folder, disk, {Answer::Ok});
+  Resumed folder(disk, {Answer::Ok});
   folder.Click("frmAcquire", "Command1");
   TakeByHand(folder, 0.006);
   EXPECT_TRUE(Unsafe(folder)) << "a folder in memory can't be moved: the spare has the value";

@@ -2,8 +2,11 @@
 // What steers a run: keys, buttons, value transfer, relocation, change step, remarks.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
 
+#include "app/clicks.hpp"
+#include "app/handlers.hpp"
 #include "stage/program.hpp"
 #include "tests/support/captions.hpp"
 
@@ -44,7 +47,7 @@ TEST(RunControls, EveryCaptionSendsAValueToItsPlaceAndHasItsWayBack) {
   for (const CaptionRow& row : kCaptions) {
     for (const char* screen : {"frmAcquire", "frmWhatsNext", "mean"}) {
       Steering program(row.caption);
-      ShowScreen(program.kelp, "frmWhatsNext");
+      ShowScreen(program.kelp, program.kelp.frmWhatsNext.Form);
       program.form().txtReading.Text = program.form().txtMean[7].Text = kValue;
       const bool mean = screen == std::string("mean");
       mean ? program.Click("frmAcquire", "txtMean", 7) : program.Key(screen, kKeyF1 + 6);
@@ -63,13 +66,31 @@ TEST(RunControls, EveryCaptionSendsAValueToItsPlaceAndHasItsWayBack) {
   }
 }
 
+TEST(RunControls, EveryButtonHasItsHandlerAndAClickThatNobodyKnowsIsTold) {
+  Program program;
+  std::set<std::string> names;
+  VisitScreens(program.kelp, [&](const std::string& screen, auto& form) {
+    names.insert(screen + ".");
+    VisitEach(form, [&]<class Control>(std::string_view control, int index, const Control&) {
+      const FocusPlace place{screen, std::string(control), index};
+      names.insert(screen + "." + place.Control);
+      const bool clicked = std::is_same_v<Control, Button> || requires(Control it) { it.Value; };
+      EXPECT_TRUE(!clicked || HandlerOf(Doing::Click, place) != nullptr) << screen << "." << control;
+    });
+  });
+  for (const HandlerRow& row : Handlers())
+    EXPECT_TRUE(names.contains(std::string(row.Screen) + "." + std::string(row.Control))) << row.Control;
+  EXPECT_THROW(ClickControl(program.kelp, {"frmMain", "Command9", 0}), RunTimeError);
+  EXPECT_THROW(program.Click("frmMain", "Command1"), std::logic_error) << "there are six";
+}
+
 TEST(RunControls, F5TakesTheRawReadingAndTheChoosersF5TheBox) {
   Steering program("Acidify");
   program.run().LastRawText = kValue;
   program.form().txtStats[1].Text = "typed over";
   program.Key("frmAcquire", kKeyF1 + 4);
   EXPECT_EQ(program.Place() + program.form().txtStats[1].Text, std::string("Rb") + kValue);
-  ShowScreen(program.kelp, "frmWhatsNext");
+  ShowScreen(program.kelp, program.kelp.frmWhatsNext.Form);
   program.form().txtStats[1].Text = "1.111";
   program.Key("frmWhatsNext", kKeyF1 + 4);
   EXPECT_EQ(program.cell(3, kColRb), "1.111");
@@ -184,7 +205,7 @@ TEST(RunControls, ChangeStepKeepsItsNumberingOfTen) {
     program.Key("frmAcquire", kKeyF1 + 3);
     program.Click("frmChangeStep", "Command1", 0);
     EXPECT_EQ(program.caption(), "Acidify") << "nothing selected, nothing changed";
-    ShowScreen(program.kelp, "frmChangeStep");
+    ShowScreen(program.kelp, program.kelp.frmChangeStep.Form);
     program.Click("frmChangeStep", "Option1", option);
     program.Click("frmChangeStep", "Command1", 0);
     EXPECT_EQ(program.caption(), caption);

@@ -11,8 +11,7 @@ TEST(Record, Finding03LeavingAsksWhileSomethingIsNotOnTheDiskAndAnotherStationCl
   Program program;
   RunUntilPowerCut(program);
   for (const char* place : {"c:\\kelp\\record", "d:"}) {
-    Program again;
-    GoOn(again, program.disk);
+    Resumed again(program.disk);
     again.disk.FailBelow = place;
     again.Click("frmAcquire", "Command1");
     TakeByHand(again, 1.5);
@@ -43,16 +42,14 @@ TEST(Record, Finding03LeavingAsksWhileSomethingIsNotOnTheDiskAndAnotherStationCl
 TEST(Record, Finding04NoSetsAsideAndTheStationCanBeRestoredLaterByItsNumber) {
   Program program;
   RunUntilPowerCut(program);
-  Program again;
   // No where it is offered, and No again where it is opened.
-  GoOn(again, program.disk, {Answer::No, Answer::No});
+  Resumed again(program.disk, {Answer::No, Answer::No});
   EXPECT_EQ(again.cell(1, kColRb), "");
-  Program third;
-  GoOn(third, again.disk, {Answer::Yes});
+  Resumed third(again.disk, {Answer::Yes});
   EXPECT_EQ(third.platform.Boxes.size(), 1U) << "it is not offered at the start, only where it is opened";
   ExpectSameValues(third, program);
   // F2 after a No saves an empty station; what was accepted is in the record for good.
-  GoOn(again, program.disk, {Answer::No, Answer::No, Answer::Yes});
+  again.LogIn({Answer::No, Answer::No, Answer::Yes}, &program.disk);
   again.Key("frmAcquire", kKeyF1 + 1);
   std::string history;
   for (const std::string& line : ListRecord(again.disk, "002")) history += line + "\n";
@@ -70,10 +67,9 @@ TEST(Record, Finding05And06CarriedValuesComeBackForTheSecondStationThatTheConfig
   for (const bool moved : {false, true}) {
     if (moved) elsewhere.Configure(kCfgDataPath, "Q:\\vault\\2026\\");
     if (moved) elsewhere.Configure(kCfgCruise, "2611XX");
-    Program again;
     MemoryDisk disk = program.disk;
     disk.Files[Lower(kConfigPath)] = elsewhere.disk.Files[Lower(kConfigPath)];
-    GoOn(again, disk);
+    Resumed again(disk);
     EXPECT_EQ(again.LastBox(),
               "Station 003 (90.90 80) has 3 values that are not saved, the last of 11/24/2026 03:00:50. "
               "Go on with it? Y/N");
@@ -90,8 +86,7 @@ TEST(Record, Finding05And06CarriedValuesComeBackForTheSecondStationThatTheConfig
   four.LogIn({Answer::No});
   four.Click("frmAcquire", "Command1");
   TakeByHand(four, 0.006);
-  Program again;
-  GoOn(again, four.disk);
+  Resumed again(four.disk);
   EXPECT_EQ(again.form().txtBlank[0].Text, "0.0060");
   EXPECT_EQ(Lower(again.run().CsvFile), kChl + "chl1234.csv");
 }
@@ -101,8 +96,7 @@ TEST(Record, Finding07And08ANewerBaseFileIsToldAndAnotherMachinesReadingsAreNotO
   RunUntilPowerCut(program);
   MemoryDisk shared = program.disk;
   shared.Files[kBase002] += "2 11    3  138 8 \r\n";
-  Program again;
-  GoOn(again, shared, {Answer::No, Answer::No});
+  Resumed again(shared, {Answer::No, Answer::No});
   const Message& question = again.platform.Boxes.front().message;
   EXPECT_TRUE(Contains(question.Text, "Its base file was written after that, by another machine"))
       << question.Text;
@@ -113,10 +107,7 @@ TEST(Record, Finding07And08ANewerBaseFileIsToldAndAnotherMachinesReadingsAreNotO
   other.platform.Machine = "LAB2";
   for (const auto& [path, text] : program.disk.Files)
     if (path[0] != 'c') other.disk.Files[path] = text;
-  other.Answers({Answer::No});
-  Start(other.kelp);
-  other.Click("frmMain", "Command1", 0);
-  other.Click("frmLogin", "cmdOK");
+  other.LogIn({Answer::No});
   EXPECT_TRUE(Contains(other.LastBox(), "chl002 is open on bench (user analyst, 11/24/2026 03:0"))
       << other.LastBox();
   EXPECT_TRUE(other.platform.Boxes.back().message.DefaultNo);
@@ -126,7 +117,7 @@ TEST(Record, Finding07And08ANewerBaseFileIsToldAndAnotherMachinesReadingsAreNotO
   late.platform.Machine = "LAB2";
   late.disk.Files = other.disk.Files;
   late.platform.Advance(12 * 60'000);
-  GoOn(late, late.disk, {});
+  late.LogIn({});
   EXPECT_EQ(late.cell(1, kColRb), "");
   EXPECT_NE(late.run().CsvFile, "");
 }
@@ -142,8 +133,7 @@ TEST(Record, Finding09WhileTheRecordCanNotBeWrittenTheValuesAreBesideTheTemporar
       << program.kelp.Warning;
   SetStatus(program.kelp, "something else");
   EXPECT_TRUE(Unsafe(program));
-  Program again;
-  GoOn(again, program.disk);
+  Resumed again(program.disk);
   ExpectSameValues(again, program);
   EXPECT_TRUE(again.disk.Exists("d:\\backup\\record-bench.db.taken"));
   // The same program goes on: it mends itself, and nothing is there twice afterwards.
@@ -151,23 +141,20 @@ TEST(Record, Finding09WhileTheRecordCanNotBeWrittenTheValuesAreBesideTheTemporar
   Tick(program.kelp);
   EXPECT_FALSE(Unsafe(program));
   EXPECT_TRUE(StartsWith(program.form().StatusBar1.Text, "Readings are safe on the disk again"));
-  Program third;
-  GoOn(third, program.disk);
+  Resumed third(program.disk);
   int found = 0;
   for (const std::string& line : ListRecord(third.disk, "2"))
     found += Contains(line, "empty -> 1.5000") ? 1 : 0;
   EXPECT_EQ(found, 1);
   // The database vanishes in the middle: it is begun anew with the whole station.
-  Program fourth;
-  GoOn(fourth, program.disk);
+  Resumed fourth(program.disk);
   fourth.disk.Files.erase(kRecord);
   fourth.disk.FailBelow = kRecord;
   fourth.Click("frmAcquire", "Command5");
   fourth.disk.FailBelow.clear();
   fourth.disk.Files.erase("d:\\backup\\record-bench.db");
   fourth.Key("frmAcquire", kKeyTab);
-  Program fifth;
-  GoOn(fifth, fourth.disk);
+  Resumed fifth(fourth.disk);
   ExpectSameValues(fifth, fourth);
 }
 

@@ -44,8 +44,8 @@ void CreateStation(Kelp& kelp, const std::string& procNum) {
   const auto& box = kelp.frmCreateBase.Text1;
   WriteNewBaseFile(kelp, {box[kLineSta].Text, box[kCount].Text, box[kBottle].Text});
   CopyToHeaderBoxes(kelp);
-  ShowScreen(kelp, "frmAcquire");
-  UnloadScreen(kelp, "frmCreateBase", kelp.frmCreateBase);
+  ShowScreen(kelp, kelp.frmAcquire.Form);
+  UnloadScreen(kelp, kelp.frmCreateBase);
   LoadBaseFile(kelp, run.BaseFile);
 }
 
@@ -59,7 +59,7 @@ void ShowCreateBase(Kelp& kelp) {
   box[kBottle].Text = CfgValue(kelp.run, kCfgStartBottle);
   box[kVial].Text = std::to_string(kelp.run.TubeNum + 1);
   CheckCreateBase(kelp);
-  ShowScreen(kelp, "frmCreateBase");
+  ShowScreen(kelp, kelp.frmCreateBase.Form);
 }
 
 void CreateBox_LostFocus(Kelp& kelp, int index) {

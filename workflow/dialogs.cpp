@@ -87,8 +87,8 @@ void RecalculateData(Kelp& kelp) {
   // The blank typed is that of the station: box, table and average follow.
   if (!blank.empty()) PutValue(kelp, {.Box = kBoxBeginBlank}, blank, {.Way = How::Typed});
   const auto close = [&] {
-    HideScreen(kelp, "frmRecalc");
-    RaiseScreen(kelp, "frmWhatsNext");
+    HideScreen(kelp, kelp.frmRecalc.Form);
+    RaiseScreen(kelp, kelp.frmWhatsNext.Form);
   };
   try {
     CalcAllSamples(kelp);
@@ -106,8 +106,8 @@ void ReloadBaseFile(Kelp& kelp) {
   run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
   run.BaseFile = run.DataOutPath + "chl" + run.ProcNum + "Base";
   LoadBaseFile(kelp, run.BaseFile);
-  HideScreen(kelp, "frmRecalc");
-  RaiseScreen(kelp, "frmAcquire");
+  HideScreen(kelp, kelp.frmRecalc.Form);
+  RaiseScreen(kelp, kelp.frmAcquire.Form);
 }
 
 }  // namespace
@@ -117,18 +117,18 @@ void CalcAllSamples(Kelp& kelp) {
   MoveToSample(kelp, std::max(1, int{run.SampCount}));
   AllRows all;
   for (int row = 1; row <= run.SampCount; ++row) {
-    ShowScreen(kelp, "frmAcquire");
+    ShowScreen(kelp, kelp.frmAcquire.Form);
     CalcRowGuarded(kelp, row, all);
   }
   SetStatus(kelp, "All samples are calculated. The run stands at sample " + std::to_string(int{run.SampNum}) +
                       " now.");
-  ShowScreen(kelp, "frmWhatsNext");
+  ShowScreen(kelp, kelp.frmWhatsNext.Form);
   AppendAllRows(kelp, std::move(all));
 }
 
 void frmChangeStep_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) ResetToSelection(kelp);
-  UnloadScreen(kelp, "frmChangeStep", kelp.frmChangeStep);
+  UnloadScreen(kelp, kelp.frmChangeStep);
 }
 
 void dlgRunRem_OKButton_Click(Kelp& kelp) {
@@ -155,7 +155,7 @@ void dlgRunRem_OKButton_Click(Kelp& kelp) {
 void frmRecalc_Command1_Click(Kelp& kelp, int index) {
   if (index == 0) RecalculateData(kelp);
   if (index == 1) ReloadBaseFile(kelp);
-  if (index == 2) UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
+  if (index == 2) UnloadScreen(kelp, kelp.frmRecalc);
 }
 
 }  // namespace kelp

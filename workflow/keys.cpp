@@ -44,7 +44,7 @@ void ChangeStep(Kelp& kelp) {
               Icon::Critical))
     return;
   kelp.frmChangeStep = FrmChangeStep();
-  ShowScreen(kelp, "frmChangeStep");
+  ShowScreen(kelp, kelp.frmChangeStep.Form);
 }
 
 void Recalculate(Kelp& kelp) {
@@ -87,7 +87,7 @@ void FunctionKey(Kelp& kelp, int number) {
     case 6: Recalculate(kelp); break;
     case 7: PutIntoSlot(kelp, KeySlot(kelp), std::string(form.txtReading.Text), How::F7); break;
     case 8: StartOver(kelp); break;
-    case 9: ShowScreen(kelp, "dlgRunRem"); break;
+    case 9: ShowScreen(kelp, kelp.dlgRunRem.Form); break;
     default: SetStatus(kelp, "F" + std::to_string(number) + " has no meaning here."); break;
   }
 }

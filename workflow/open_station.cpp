@@ -68,12 +68,12 @@ bool AnySampleRead(const Kelp& kelp) {
 
 // The dialog tells what the recalculation will use, beside the two boxes that it takes.
 void OfferRecalculation(Kelp& kelp) {
-  UnloadScreen(kelp, "frmRecalc", kelp.frmRecalc);
+  UnloadScreen(kelp, kelp.frmRecalc);
   auto& box = kelp.frmRecalc.Text1;
   box[2].Text = kelp.frmAcquire.txtBlank[kBoxEndBlank].Text;
   box[3].Text = kelp.frmAcquire.txtStaInfo[kStaFiltrVol].Text;
   box[4].Text = kelp.frmAcquire.txtStaInfo[kStaExtractVol].Text;
-  ShowScreen(kelp, "frmRecalc");
+  ShowScreen(kelp, kelp.frmRecalc.Form);
 }
 
 // True for a station that brings values of its own.
@@ -86,7 +86,7 @@ bool OpenBaseFile(Kelp& kelp, const std::string& path) {
   const bool restored = OfferRestore(kelp);
   // The step that was restored goes on from "&Start", whatever prompt stood there.
   if (restored) SetButton(kelp, {.Caption = "&Start"});
-  ShowScreen(kelp, "frmAcquire");
+  ShowScreen(kelp, kelp.frmAcquire.Form);
   if (loaded.HasResults && !restored && AnySampleRead(kelp)) OfferRecalculation(kelp);
   return loaded.WasSaved() || restored;
 }
@@ -145,7 +145,7 @@ bool LoadBaseFile(Kelp& kelp, std::string& path) {
     }
     if (found == Found::Nothing) {
       TellNoStation(kelp);
-      ShowScreen(kelp, "frmAcquire");
+      ShowScreen(kelp, kelp.frmAcquire.Form);
     }
     RefreshStandardDisplays(kelp);
   });

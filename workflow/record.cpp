@@ -54,7 +54,7 @@ void RecordSampleReading(Kelp& kelp, int code, const StoreNote& note) {
   else
     ++run.SampNum;
   LogSample(kelp, line, ",**");
-  if (last) ShowScreen(kelp, "frmWhatsNext");
+  if (last) ShowScreen(kelp, kelp.frmWhatsNext.Form);
 }
 
 }  // namespace kelp

@@ -59,7 +59,7 @@ void Command3_Click(Kelp& kelp) {
       !MayLeave(kelp))
     return;
   if (kelp.platform.PortIsOpen()) kelp.platform.ClosePort();
-  HideScreen(kelp, "frmAcquire");
+  HideScreen(kelp, kelp.frmAcquire.Form);
   EndProgram(kelp);
 }
 
@@ -84,7 +84,7 @@ void Command4_Click(Kelp& kelp) {
 
 void Command6_Click(Kelp& kelp) {
   SetStatus(kelp, "Choose what's next in the chooser.");
-  ShowScreen(kelp, "frmWhatsNext");
+  ShowScreen(kelp, kelp.frmWhatsNext.Form);
 }
 
 void Option1_Click(Kelp& kelp, int index) {

@@ -96,7 +96,7 @@ void SkipSample(Kelp& kelp) {
     SetButton(kelp, {.Caption = "What's Next", .Text = "All samples are read.", .Trace = kTraceRed});
     RenumberRemainingVials(kelp);
     LogSample(kelp, line, ",*");
-    ShowScreen(kelp, "frmWhatsNext");
+    ShowScreen(kelp, kelp.frmWhatsNext.Form);
   }
 }
 

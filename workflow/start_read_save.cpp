@@ -57,7 +57,7 @@ bool SampleIsThere(Kelp& kelp) {
   if (run.SampNum >= 1 && run.SampNum <= run.SampCount) return true;
   SetStatus(kelp, "This station has no sample " + std::to_string(int{run.SampNum}) +
                       ": add one in the chooser, or double-click the cell of another.");
-  ShowScreen(kelp, "frmWhatsNext");
+  ShowScreen(kelp, kelp.frmWhatsNext.Form);
   return false;
 }
 
@@ -117,7 +117,7 @@ void ReadItem(Kelp& kelp, const CaptionRow& row) {
 void AskForStationAgain(Kelp& kelp) {
   if (kelp.frmCreateBase.Form.Visible) {
     SetStatus(kelp, "No station is open: create its base file first.");
-    ShowScreen(kelp, "frmCreateBase");
+    ShowScreen(kelp, kelp.frmCreateBase.Form);
     return;
   }
   SetStatus(kelp, "No station is open: nothing can be measured.");
@@ -139,7 +139,7 @@ bool ReadsEndValues(const Kelp& kelp, int stepOption) {
 void GoToStandby(Kelp& kelp) {
   SetButton(kelp, {.Caption = "What's Next?", .Text = "Choose what's next."});
   kelp.run.StepName = "STANDBY";
-  ShowScreen(kelp, "frmWhatsNext");
+  ShowScreen(kelp, kelp.frmWhatsNext.Form);
 }
 
 bool ResumeRestored(Kelp& kelp) {
@@ -155,7 +155,7 @@ bool ResumeRestored(Kelp& kelp) {
   if (resume != ResumeAt::Chooser) return false;
   SetStep(kelp, "SAMPLE");
   SetPrompt(kelp, "What's Next", "Click to choose what's next", "All samples are read.");
-  ShowScreen(kelp, "frmWhatsNext");
+  ShowScreen(kelp, kelp.frmWhatsNext.Form);
   return true;
 }
 

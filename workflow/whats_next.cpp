@@ -22,12 +22,12 @@ class Progress {
  public:
   explicit Progress(Kelp& kelp) : kelp_(kelp) {
     kelp_.frmProgress = FrmProgress();
-    ShowScreen(kelp_, "frmProgress");
+    ShowScreen(kelp_, kelp_.frmProgress.Form);
     kelp_.frmWhatsNext.NextButton.Enabled = false;
   }
   ~Progress() {
     kelp_.frmWhatsNext.NextButton.Enabled = true;
-    UnloadScreen(kelp_, "frmProgress", kelp_.frmProgress);
+    UnloadScreen(kelp_, kelp_.frmProgress);
   }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -133,7 +133,7 @@ class HideAtEnd {
  public:
   explicit HideAtEnd(Kelp& kelp) : kelp_(kelp) {}
   ~HideAtEnd() {
-    if (!kelp_.Ended) HideScreen(kelp_, "frmWhatsNext");
+    if (!kelp_.Ended) HideScreen(kelp_, kelp_.frmWhatsNext.Form);
   }
   HideAtEnd(const HideAtEnd&) = delete;
   HideAtEnd& operator=(const HideAtEnd&) = delete;
@@ -177,8 +177,8 @@ void StopButton_Click(Kelp& kelp) {
   if (!AskYes(kelp, "ARE YOU SURE YOU WANT TO CANCEL/ABORT?! Y/N?", "DUMPING DATA!!!", Icon::Critical,
               Buttons::YesNoCancel))
     return;
-  HideScreen(kelp, "frmWhatsNext");
-  ShowScreen(kelp, "frmAcquire");
+  HideScreen(kelp, kelp.frmWhatsNext.Form);
+  ShowScreen(kelp, kelp.frmAcquire.Form);
 }
 
 void frmWhatsNext_KeyDown(Kelp& kelp, int number) {

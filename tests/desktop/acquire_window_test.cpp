@@ -115,8 +115,8 @@ TEST(Layout, ShowsEveryTextWhole) {
     desk.OpenStation(12);
     desk.caption() = "Reading Station Sample";
     desk.form().txtStaInfo[kStaFiltDate].Text = "11/23/2026";
-    VisitScreens(desk.kelp, [&](std::string_view name, auto& /*screen*/) {
-      ShowScreen(desk.kelp, name);
+    VisitScreens(desk.kelp, [&](std::string_view name, auto& screen) {
+      ShowScreen(desk.kelp, screen.Form);
       QWidget* window = desk.windows.WindowOf(std::string(name));
       window->resize(name == "frmAcquire" ? QSize(1024, 744) : window->sizeHint());
       QApplication::processEvents();
@@ -128,7 +128,7 @@ TEST(Layout, ShowsEveryTextWhole) {
                   grid->columnViewportPosition(kColReadCom) + grid->columnWidth(kColReadCom) <=
                       grid->viewport()->width());
       ExpectTextsWhole(*window);
-      HideScreen(desk.kelp, name);
+      HideScreen(desk.kelp, screen.Form);
     });
     QApplication::setFont(before);
   }

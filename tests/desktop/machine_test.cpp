@@ -247,7 +247,7 @@ TEST(Running, PassesRunOnlyWhenWanted) {
   int ended = 0;
   runner.End = [&] { ++ended; };
   runner.Start();
-  ShowScreen(kelp, "frmAcquire");
+  ShowScreen(kelp, kelp.frmAcquire.Form);
   EXPECT_EQ(platform.LooksIn(1150), 0) << "idle";
   StartReadLoop(kelp);
   kelp.frmAcquire.Command1.Caption = "Reading Blank";

@@ -35,15 +35,7 @@ struct Checker {
   int count = 0;
   std::set<QWidget*> seen = {};
 
-  template <class Control>
-  void operator()(std::string_view name, Control& control, int /*alias*/ = -1) {
-    if constexpr (requires { Control::kLast; }) {
-      for (int i = Control::kFirst; i <= Control::kLast; ++i) Visit(name, i, control[i]);
-    } else {
-      Visit(name, -1, control);
-    }
-  }
-  void Visit(std::string_view name, int index, auto& control) {
+  void operator()(std::string_view name, int index, auto& control) {
     const FocusPlace place{screen, std::string(name), index};
     SCOPED_TRACE(screen + "." + place.Control + "(" + std::to_string(index) + ")");
     QWidget* widget = desk.windows.WidgetOf(place);
@@ -95,16 +87,16 @@ struct Checker {
 TEST(Windows, ShowEveryControlOfEveryScreen) {
   Desk desk;
   VisitScreens(desk.kelp, [&](std::string_view name, auto& screen) {
-    ShowScreen(desk.kelp, name);
+    ShowScreen(desk.kelp, screen.Form);
     const QWidget* window = desk.windows.WindowOf(std::string(name));
     EXPECT_TRUE(window->isVisible()) << name;
     screen.Form.Caption = "title of " + std::string(name);
     for (const bool fill : {true, false}) {
-      screen.VisitControls(screen, Checker{desk, std::string(name), fill});
+      VisitEach(screen, Checker{desk, std::string(name), fill});
       desk.windows.ShowChanges();
     }
     EXPECT_EQ(window->windowTitle().toStdString(), screen.Form.Caption);
-    HideScreen(desk.kelp, name);
+    HideScreen(desk.kelp, screen.Form);
     EXPECT_FALSE(window->isVisible()) << name;
   });
   EXPECT_TRUE(desk.events.empty()) << "a widget that the program writes reports nothing";
@@ -208,7 +200,7 @@ TEST_F(WindowedStation, TakesItsKeysBeforeTheWidgets) {
   EXPECT_EQ(Press(grid, Qt::Key_Return, Qt::ControlModifier), "dblclick datalog 2,12");
   for (const int key : {Qt::Key_Enter, Qt::Key_Space})
     EXPECT_EQ(Press(At("txtMean", 4), key), "click txtMean(4)");
-  ShowScreen(desk.kelp, "frmWhatsNext");
+  ShowScreen(desk.kelp, desk.kelp.frmWhatsNext.Form);
   WaitFor("frmWhatsNext");
   EXPECT_EQ(Press(At("Option1", 5, "frmWhatsNext"), Qt::Key_Space), "key frmWhatsNext 32");
   EXPECT_TRUE(desk.kelp.frmWhatsNext.Option1[5].Value);
@@ -225,7 +217,7 @@ TEST_F(WindowedStation, ClosingAWindowAsksWhatQuitAsks) {
   const std::tuple<const char*, const char*, int> rows[] = {
       {"frmMain", "Command1", 4}, {"frmAcquire", "Command3", -1}, {"frmWhatsNext", "StopButton", -1}};
   for (const auto& [screen, control, index] : rows) {
-    ShowScreen(desk.kelp, screen);
+    ShowScreen(desk.kelp, *FindWindow(desk.kelp, screen));
     desk.Answers({Answer::No, Answer::No});
     desk.Click(screen, control, index);
     const std::string asked = desk.LastBox();
@@ -316,14 +308,14 @@ TEST_F(WindowedStation, EveryWindowIsRunByTheKeyboardAndToldToScreenReaders) {
   ASSERT_EQ(desk.caption(), "Save &Blank");
   for (const auto& [screen, stops, letters] : rows) {
     SCOPED_TRACE(screen);
-    ShowScreen(desk.kelp, screen);
+    ShowScreen(desk.kelp, *FindWindow(desk.kelp, screen));
     QWidget* window = desk.windows.WindowOf(screen);
     desk.windows.ShowChanges();
     EXPECT_EQ(TabStops(*window), stops);
     EXPECT_EQ(LettersOnce(*window), letters);
     ExpectTold(*QAccessible::queryAccessibleInterface(window), screen);
     EXPECT_FALSE(window->windowIcon().isNull());
-    if (window != acquire) HideScreen(desk.kelp, screen);
+    if (window != acquire) HideScreen(desk.kelp, *FindWindow(desk.kelp, screen));
   }
   const auto told = [&](const char* control, int index) {
     QAccessibleInterface* element = QAccessible::queryAccessibleInterface(At(control, index));
@@ -364,7 +356,7 @@ TEST_F(WindowedStation, AnAlarmStandsAcrossTheScreenUntilItsCauseIsMended) {
 
 TEST_F(WindowedStation, TheChooserStandsBesideTheReadingsOnItsChoice) {
   desk.windows.KeyRest = 300;
-  ShowScreen(desk.kelp, "frmWhatsNext");
+  ShowScreen(desk.kelp, desk.kelp.frmWhatsNext.Form);
   WaitFor("frmWhatsNext");
   QWidget* chooser = desk.windows.WindowOf("frmWhatsNext");
   EXPECT_FALSE(
@@ -397,14 +389,14 @@ TEST_F(WindowedStation, CellsAreCopiedAndPastedAsSpreadsheetsDo) {
 }
 
 TEST_F(WindowedStation, KeepsWindowsWhereTheyWere) {
-  ShowScreen(desk.kelp, "dlgRunRem");
+  ShowScreen(desk.kelp, desk.kelp.dlgRunRem.Form);
   desk.windows.WindowOf("dlgRunRem")->setGeometry(40, 60, 500, 300);
   const QByteArray kept = desk.windows.Geometry();
   Desk later;
   later.windows.RestoreGeometry(kept);
   later.windows.RestoreGeometry("no geometry at all");
   later.OpenStation(1);
-  ShowScreen(later.kelp, "dlgRunRem");
+  ShowScreen(later.kelp, later.kelp.dlgRunRem.Form);
   EXPECT_EQ(later.windows.WindowOf("dlgRunRem")->size(), QSize(500, 300));
 }
 

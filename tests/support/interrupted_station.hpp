@@ -35,14 +35,12 @@ inline void RunUntilPowerCut(Program& program) {
   ASSERT_EQ(program.caption(), "Acidify");
 }
 
-inline void GoOn(Program& again, const MemoryDisk& disk,
-                 std::initializer_list<Answer> answers = {Answer::Yes}) {
-  again.disk.Files = disk.Files, again.disk.Folders = disk.Folders;
-  again.Answers(answers);
-  Start(again.kelp);
-  again.Click("frmMain", "Command1", 0);
-  again.Click("frmLogin", "cmdOK");
-}
+// The program that starts again on this disk.
+struct Resumed : Program {
+  explicit Resumed(const MemoryDisk& left, std::initializer_list<Answer> answers = {Answer::Yes}) {
+    LogIn(answers, &left);
+  }
+};
 
 inline void ExpectSameValues(Program& again, Program& before) {
   ExpectSameGrid(again, before);

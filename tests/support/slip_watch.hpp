@@ -5,8 +5,8 @@
 #include <string>
 
 #include "app/door.hpp"
+#include "app/focus.hpp"
 #include "core/config.hpp"
-#include "core/find_control.hpp"
 #include "core/numbers.hpp"
 #include "tests/support/invariants.hpp"
 
@@ -15,7 +15,7 @@ namespace kelp {
 /// All that the screens show, as one text.
 inline std::string Shown(Kelp& kelp) {
   std::string all;
-  const auto add = [&](const auto& control) {
+  const auto add = [&](std::string_view /*name*/, int /*index*/, const auto& control) {
     if constexpr (requires { control.Caption; }) all += control.Caption + (control.Enabled ? "|" : "-");
     if constexpr (requires { control.Text; }) {
       if constexpr (requires { control.Cells; })
@@ -25,15 +25,9 @@ inline std::string Shown(Kelp& kelp) {
     }
     if constexpr (requires { control.Value; }) all += control.Value ? "1" : "0";
   };
-  const auto visit = [&](std::string_view /*name*/, auto& control, int /*alias*/ = -1) {
-    if constexpr (requires { control.Items; })
-      for (const auto& item : control.Items) add(item);
-    else
-      add(control);
-  };
   VisitScreens(kelp, [&](std::string_view name, auto& screen) {
     all += std::string(name) + (screen.Form.Visible ? "+" : "-");
-    screen.VisitControls(screen, visit);
+    VisitEach(screen, add);
   });
   for (const std::string& screen : kelp.Shown) all += screen + ">";
   return all;
@@ -102,9 +96,7 @@ class SlipWatch {
   bool IsButtonClick() {
     if (event_ == nullptr || event_->Kind != EventKind::Click) return false;
     const Window* window = FindWindow(*kelp_, event_->Place.Screen);
-    const ControlRef control =
-        FindControl(*kelp_, event_->Place.Screen, event_->Place.Control,
-                    event_->Place.Index < 0 ? std::nullopt : std::optional(event_->Place.Index));
+    const ControlRef control = ControlAt(*kelp_, event_->Place);
     const auto* const* button = std::get_if<Button*>(&control);
     // These start a dialog of the machine, which no control shows.
     const bool machine = event_->Place.Control == "PrinterSelect" || event_->Place.Screen == "frmMain";
