@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquire/captions.hpp"
 
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
 
@@ -44,16 +45,20 @@ void UpdateSaveCaption(Kelp& kelp) {
     SetButton(kelp, {.Caption = caption, .Tip = tip, .SecondCopro = row.What == Item::Copro2});
   };
   switch (row.What) {
-    case Item::HighStandard: set("Save High Standard", "Click to Save High Standard"); break;
-    case Item::LowStandard: set("Save Low Standard", "Click to Save Low Standard"); break;
-    case Item::Copro1: set("Save " + run.CoproLowStd, "Click to Save Reading of " + run.CoproLowStd); break;
-    case Item::Copro2: set("Save " + run.CoproHighStd, "Click to Save Reading of " + run.CoproHighStd); break;
+    case Item::HighStandard: set(captions::kSaveHighStandard, "Click to Save High Standard"); break;
+    case Item::LowStandard: set(captions::kSaveLowStandard, "Click to Save Low Standard"); break;
+    case Item::Copro1:
+      set(WithNames(run, captions::kSaveFirstCopro), "Click to Save Reading of " + run.CoproLowStd);
+      break;
+    case Item::Copro2:
+      set(WithNames(run, captions::kSaveSecondCopro), "Click to Save Reading of " + run.CoproHighStd);
+      break;
     case Item::Rb:
-      set("Save Rb", "Click to Save Rb");
+      set(captions::kSaveRb, "Click to Save Rb");
       run.ReadFlag = true;
       break;
-    case Item::Ra: set("Save Ra", "Click to Save Ra"); break;
-    case Item::Blank: set("Save &Blank", "Click to Save Blank"); break;
+    case Item::Ra: set(captions::kSaveRa, "Click to Save Ra"); break;
+    case Item::Blank: set(captions::kSaveBlank, "Click to Save Blank"); break;
     case Item::None: break;
   }
 }
@@ -73,8 +78,8 @@ void UpdateInstruction(Kelp& kelp) {
     case Item::Copro1: say(kelp.run.CoproLowStd + "..."); break;
     case Item::Copro2: say(kelp.run.CoproHighStd + "..."); break;
     case Item::Rb:
-      if (caption == "Reading Station Sample") say("initial sample signal...");
-      if (caption == "Reading Sample") say("sample signal...Wait.");
+      if (caption == captions::kReadingStationSample) say("initial sample signal...");
+      if (caption == captions::kReadingSample) say("sample signal...Wait.");
       kelp.frmAcquire.Command1.ToolTipText = kWaitTip;
       break;
     case Item::Ra:

@@ -7,6 +7,7 @@
 #include "acquire/captions.hpp"
 #include "acquire/line_watch.hpp"
 #include "acquire/parser.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -55,7 +56,7 @@ void StartReadLoop(Kelp& kelp) {
 
 bool ReadPass(Kelp& kelp) {
   ReadLoopState& loop = kelp.loop;
-  if (kelp.frmAcquire.Command1.Caption == "&Start" || loop.StopFlag) {
+  if (kelp.frmAcquire.Command1.Caption == captions::kStart || loop.StopFlag) {
     loop.Running = false;
     return false;
   }

@@ -5,15 +5,14 @@
 
 #include "acquire/offscale.hpp"
 #include "core/numbers.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
 
 namespace {
 
-bool Watched(const Kelp& kelp) {
-  return kelp.loop.Running && !kelp.Ended && kelp.frmAcquire.Command2.Caption != "&Resume";
-}
+bool Watched(const Kelp& kelp) { return kelp.loop.Running && !kelp.Ended && !IsPaused(kelp); }
 
 bool LineIsLost(const Kelp& kelp) {
   return Watched(kelp) && kelp.loop.PortOpened && !kelp.platform.PortIsOpen();

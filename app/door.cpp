@@ -10,6 +10,8 @@
 #include "app/main_window.hpp"
 #include "app/pasting.hpp"
 #include "app/typing.hpp"
+#include "core/captions.hpp"
+#include "core/start_button.hpp"
 #include "files/read_log.hpp"
 #include "files/station_lock.hpp"
 #include "record/record.hpp"
@@ -36,8 +38,6 @@ void Guarded(Kelp& kelp, const Handler& handler, const Before& before) {
   before();
   if (failure) ReportError(kelp, *failure);
 }
-
-bool Paused(const Kelp& kelp) { return kelp.frmAcquire.Command2.Caption == "&Resume"; }
 
 bool CanBeUsed(Kelp& kelp, const FocusPlace& place) {
   const Window* window = FindWindow(kelp, place.Screen);
@@ -83,7 +83,7 @@ void Handle(Kelp& kelp, const Event& event) {
   }
 }
 
-bool Logs(const Kelp& kelp) { return kelp.loop.Running && !Paused(kelp); }
+bool Logs(const Kelp& kelp) { return kelp.loop.Running && !IsPaused(kelp); }
 
 // A value that is read: how many readings it is the mean of, and how far those lie apart.
 StoreNote ReadNote(const Kelp& kelp, How way) {
@@ -133,7 +133,7 @@ bool Post(Kelp& kelp, const Event& event) {
   return true;
 }
 
-bool WantsPasses(const Kelp& kelp) { return kelp.loop.Running && !Paused(kelp) && !kelp.Ended; }
+bool WantsPasses(const Kelp& kelp) { return kelp.loop.Running && !IsPaused(kelp) && !kelp.Ended; }
 
 void Pass(Kelp& kelp) {
   if (!WantsPasses(kelp)) return;
@@ -161,12 +161,12 @@ void Care(Kelp& kelp) {
   RefreshStationLock(kelp);
 }
 
-bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !Paused(kelp) && !kelp.Ended; }
+bool WantsTicks(const Kelp& kelp) { return kelp.Timer1.Enabled && !IsPaused(kelp) && !kelp.Ended; }
 
 void Tick(Kelp& kelp) {
   if (!WantsTicks(kelp)) return;
   // The log runs from the first click until the run stands on "&Start".
-  if (kelp.frmAcquire.Command1.Caption == "&Start") {
+  if (kelp.frmAcquire.Command1.Caption == captions::kStart) {
     kelp.Timer1.Enabled = false;
     FlushReadLog(kelp);
     return;

@@ -4,6 +4,8 @@
 #include "acquire/averaging.hpp"
 #include "app/alarms.hpp"
 #include "app/panel.hpp"
+#include "core/captions.hpp"
+#include "core/start_button.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -11,8 +13,6 @@ namespace kelp {
 namespace {
 
 bool IsMissing(const std::string& reading) { return StartsWith(reading, "-99"); }
-
-bool AsksForAcid(const std::string& caption) { return caption == "Acidify" || caption == "Acidified"; }
 
 bool IsRa(const std::string& caption) { return EndsWith(caption, " Ra"); }
 
@@ -67,8 +67,8 @@ SaveState ReadingState(const Kelp& kelp, const PanelState& panel, const Glance& 
 
 SaveState StateOf(const Kelp& kelp, const PanelState& panel, const Glance& glance) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  if (kelp.frmAcquire.Command2.Caption == "&Resume") return SaveState::Paused;
-  if (AsksForAcid(caption)) return SaveState::Acid;
+  if (IsPaused(kelp)) return SaveState::Paused;
+  if (captions::WaitsForAcid(caption)) return SaveState::Acid;
   if (StartsWith(caption, "Read") || StartsWith(caption, "Save")) return ReadingState(kelp, panel, glance);
   const bool done = StartsWith(caption, "Load") || StartsWith(caption, "What");
   if (done && kelp.run.TraceColor == kTraceRed && !WasSkipped(kelp)) return SaveState::Saved;
@@ -86,7 +86,7 @@ std::string WordsOf(const Kelp& kelp, const Glance& glance) {
                  : "WAIT " + std::to_string(int{kelp.run.ReadCount}) + "/" + std::to_string(glance.Needed);
     case SaveState::NotSteady: return "NOT STEADY";
     case SaveState::CanSave: return kelp.frmAcquire.Check1.Value ? "STEADY" : "CAN BE SAVED";
-    case SaveState::Acid: return caption == "Acidified" ? "ACID SEEN" : "ACIDIFY";
+    case SaveState::Acid: return caption == captions::kAcidified ? "ACID SEEN" : "ACIDIFY";
     case SaveState::Paused: return "PAUSED";
     case SaveState::Idle: break;
   }
@@ -96,7 +96,8 @@ std::string WordsOf(const Kelp& kelp, const Glance& glance) {
 // The number that the screen shows large is the value of what is in the holder, or it is marked.
 void JudgeReading(const Kelp& kelp, Glance& glance) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  const bool itemIsIn = StartsWith(caption, "Read") || StartsWith(caption, "Save") || AsksForAcid(caption);
+  const bool itemIsIn =
+      StartsWith(caption, "Read") || StartsWith(caption, "Save") || captions::WaitsForAcid(caption);
   if (const int age = ReadingAge(kelp); age >= 0) {
     glance.Faint = true;
     glance.Beside = std::to_string(age) + " s old";
@@ -177,12 +178,12 @@ std::string UnreadSamples(const Kelp& kelp) {
 std::string AcidClock::Listen(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
   const std::int64_t now = kelp.platform.Milliseconds();
-  if (caption == "Acidify" && caption_ == "Save Rb") {
+  if (caption == captions::kAcidify && caption_ == captions::kSaveRb) {
     since_ = now;
     sample_ = kelp.run.SampNum;
   }
   caption_ = caption;
-  const bool acidIsIn = AsksForAcid(caption) || IsRa(caption);
+  const bool acidIsIn = captions::WaitsForAcid(caption) || IsRa(caption);
   if (!acidIsIn || sample_ != kelp.run.SampNum) since_ = -1;
   if (since_ < 0) return {};
   const std::int64_t seconds = (now - since_) / 1000;

@@ -3,6 +3,7 @@
 
 #include "app/acquire_load.hpp"
 #include "app/editor.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
@@ -117,7 +118,7 @@ void cmdOK_Click(Kelp& kelp) {
   run.LoginInitials = initials;
   LoadBaseFile(kelp, run.BaseFile);
   kelp.frmAcquire.Combo1.Text = initials;
-  SetButton(kelp, {.Caption = "&Start"});
+  SetButton(kelp, {.Caption = captions::kStart});
   UnloadScreen(kelp, kelp.frmLogin);
 }
 

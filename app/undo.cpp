@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/undo.hpp"
 
+#include "core/captions.hpp"
 #include "core/start_button.hpp"
 #include "record/record.hpp"
 #include "workflow/run_controls.hpp"
@@ -11,11 +12,11 @@ namespace {
 
 std::string LoadCaption(const RunState& run, Item item) {
   switch (item) {
-    case Item::LowStandard: return "Load Low Standard";
-    case Item::HighStandard: return "Load High Standard";
-    case Item::Copro1: return "Load Copro " + run.CoproLowStd;
-    case Item::Copro2: return "Load Copro " + run.CoproHighStd;
-    default: return "Load Blank";
+    case Item::LowStandard: return captions::kLoadLowStandard;
+    case Item::HighStandard: return captions::kLoadHighStandard;
+    case Item::Copro1: return WithNames(run, captions::kLoadFirstCopro);
+    case Item::Copro2: return WithNames(run, captions::kLoadSecondCopro);
+    default: return captions::kLoadBlank;
   }
 }
 

@@ -27,6 +27,7 @@
 #include "bench/neighbour.hpp"
 #include "bench/watcher.hpp"
 #include "console/posix/pseudo_terminal.hpp"
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "desktop/machine/desktop_run.hpp"
 #include "desktop/machine/early_fonts.hpp"
@@ -127,14 +128,14 @@ class Figures {
   void Station() {
     FrmAcquire& form = run_.program().frmAcquire;
     Click("frmAcquire", "Check1");
-    while (form.Command1.Caption != "What's Next") {
+    while (form.Command1.Caption != captions::kWhatsNext) {
       const std::string caption = form.Command1.Caption;
       if (caption.starts_with("Load")) Click("frmAcquire", "Command1");
-      const bool acid = caption == "Acidify" || caption == "Acidified" || caption.ends_with("Ra");
+      const bool acid = captions::WaitsForAcid(caption) || caption.ends_with("Ra");
       const auto asks = [&](const char* what) { return caption.find(what) != std::string::npos; };
       const double level = asks("Blank") ? 0.005 : asks("3-1") ? 1.54 : asks("2-5") ? 5.04 : acid ? 1.1 : 2.1;
       const auto points = run_.program().run.Chart.PointsAdded();
-      if (form.Command1.Caption == "What's Next") break;
+      if (form.Command1.Caption == captions::kWhatsNext) break;
       // Reads that are all the same have no SD.
       line_.Send(InstrumentLine(Fixed(level + 0.0002 * static_cast<double>(points % 2), 4)));
       watcher_.Until([&] { return run_.program().run.Chart.PointsAdded() > points; });

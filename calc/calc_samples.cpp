@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "calc/pigments.hpp"
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/results_line.hpp"
 #include "core/start_button.hpp"
@@ -53,7 +54,7 @@ void AppendResults(Kelp& kelp, const std::string& lines) {
 int CurrentRow(Kelp& kelp) {
   RunState& run = kelp.run;
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  const int adjustment = caption != "&Start" && caption != "What's Next" ? -1 : 0;
+  const int adjustment = caption != captions::kStart && caption != captions::kWhatsNext ? -1 : 0;
   int row = run.SampNum + adjustment;
   if (row < 1) {
     row = kelp.frmAcquire.datalog.Row;

@@ -10,6 +10,7 @@
 #include "record/record.hpp"
 #include "script/own_time.hpp"
 #include "script/player.hpp"
+#include "script/this_machine.hpp"
 #include "simulator/simulated_operator.hpp"
 #ifdef KELP_SERIAL
 #include "console/device_host.hpp"
@@ -18,8 +19,6 @@
 namespace kelp {
 
 namespace {
-
-void PrintLine(const std::string& line) { std::cout << line << std::endl; }
 
 DriveMap MapDrives(const ConsoleOptions& options) {
   const auto data = options.Drives ? std::filesystem::absolute(*options.Drives) : HostDataFolder();
@@ -33,14 +32,9 @@ DriveMap MapDrives(const ConsoleOptions& options) {
 }
 
 // Plays the script on a machine and a host, watched where that is asked for.
-template <class Machine, class Host>
-ScriptResult PlayOn(Machine& machine, Kelp& kelp, Host& host, const ConsoleOptions& options,
+ScriptResult PlayOn(ScriptedPlatform& machine, Kelp& kelp, ProgramHost& host, const ConsoleOptions& options,
                     const NotingDisk& disk) {
-  machine.Echo = PrintLine;
-  machine.SetClock(options.Clock.value_or(HostNow()));
-  machine.Machine = HostMachineName();
-  machine.User = HostUserName();
-  host.Printer = PrintLine;
+  PutOnThisMachine(machine, host, options);
   Watch watch(kelp, PrintLine);
   if (options.Watch) host.Changed = [&] { watch.Look(); };
   ScriptResult result = ScriptPlayer(host).Play(options.Script, std::cin);

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "core/captions.hpp"
 #include "core/screens/acquire.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -37,7 +39,7 @@ constexpr const char* kAcid =
     "higher|Sample ";
 
 constexpr CaptionRow kRows[] = {
-    {"&Start",
+    {captions::kStart,
      Phase::Idle,
      Item::None,
      "",
@@ -45,72 +47,80 @@ constexpr CaptionRow kRows[] = {
      {kTraceMagenta, kTraceRed, kTraceBlack},
      "Click to Start|Press Start to begin",
      "Click [Start] or press <Spacebar>.|Click [Start] |1: Load Blank|Saving Station |No station is open"},
-    {"S&tandby", Phase::Idle, Item::None, "", -1, kLoad, "Click to Start",
+    {captions::kStandby, Phase::Idle, Item::None, "", -1, kLoad, "Click to Start",
      "Click [Start] or press <Spacebar>."},
-    {"Load Blank", Phase::Load, Item::Blank, "BLANK", kStepBlank, kLoad,
+    {captions::kLoadBlank, Phase::Load, Item::Blank, steps::kBlank, kStepBlank, kLoad,
      "Load Blank then click here when stable|Click to start reading the blank",
      "Load the blank and click [Start] or press <Spacebar>.|Load Blank then|Reload blank and click"},
-    {"Read Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
+    {captions::kReadBlank, Phase::Read, Item::Blank, steps::kBlank, kStepBlank, kGreen, kWait,
      "Averaging blank readings..."},
-    {"Reading Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
+    {captions::kReadingBlank, Phase::Read, Item::Blank, steps::kBlank, kStepBlank, kGreen, kWait,
      "Averaging blank readings..."},
-    {"Reading Begin Blank", Phase::Read, Item::Blank, "BLANK", kStepBlank, kGreen, kWait,
+    {captions::kReadingBeginBlank, Phase::Read, Item::Blank, steps::kBlank, kStepBlank, kGreen, kWait,
      "Averaging blank readings..."},
-    {"Save &Blank", Phase::Save, Item::Blank, "BLANK", kStepBlank, kGreen, "Click to Save Blank",
+    {captions::kSaveBlank, Phase::Save, Item::Blank, steps::kBlank, kStepBlank, kGreen, "Click to Save Blank",
      "Averaging blank readings..."},
-    {"Load Low Standard", Phase::Load, Item::LowStandard, "STANDARD", kStepStandard, kLoad,
+    {captions::kLoadLowStandard, Phase::Load, Item::LowStandard, steps::kStandard, kStepStandard, kLoad,
      "Load Standard then click here when stable|Click to start reading the low standard",
      "Load the Standard and click [Start] or press <Spacebar>.|Load Standard then"},
-    {"Reading Low Standard", Phase::Read, Item::LowStandard, "STANDARD", kStepStandard, kGreen, kWait,
-     "Reading and averaging low standard signal..."},
-    {"Save Low Standard", Phase::Save, Item::LowStandard, "STANDARD", kStepStandard, kGreen,
+    {captions::kReadingLowStandard, Phase::Read, Item::LowStandard, steps::kStandard, kStepStandard, kGreen,
+     kWait, "Reading and averaging low standard signal..."},
+    {captions::kSaveLowStandard, Phase::Save, Item::LowStandard, steps::kStandard, kStepStandard, kGreen,
      "Click to Save Low Standard", "Reading and averaging low standard signal..."},
-    {"Load High Standard", Phase::Load, Item::HighStandard, "STANDARD", kStepStandard, kLoad,
+    {captions::kLoadHighStandard, Phase::Load, Item::HighStandard, steps::kStandard, kStepStandard, kLoad,
      "Click to Start reading the high standard", "Flip the standard 180deg to High..."},
-    {"Reading High Standard", Phase::Read, Item::HighStandard, "STANDARD", kStepStandard, kGreen, kWait,
-     "Reading and averaging high standard signal..."},
-    {"Save High Standard", Phase::Save, Item::HighStandard, "STANDARD", kStepStandard, kGreen,
+    {captions::kReadingHighStandard, Phase::Read, Item::HighStandard, steps::kStandard, kStepStandard, kGreen,
+     kWait, "Reading and averaging high standard signal..."},
+    {captions::kSaveHighStandard, Phase::Save, Item::HighStandard, steps::kStandard, kStepStandard, kGreen,
      "Click to Save High Standard", "Reading and averaging high standard signal..."},
-    // The space bar's prompt for the first copro names it by its number.
-    {"Load Copro 1", Phase::Load, Item::Copro1, "COPROS", kStepCopros, kLoad,
+    {captions::kLoadCopros, Phase::Load, Item::Copro1, steps::kCopros, kStepCopros, kLoad,
      "Load Copro {1} then click here when stable", "Load Copro {1} and click [Start] or press <Spacebar>."},
-    {"Load Copro {1}", Phase::Load, Item::Copro1, "COPROS", kStepCopros, kLoad,
+    {captions::kLoadFirstCopro, Phase::Load, Item::Copro1, steps::kCopros, kStepCopros, kLoad,
      "Load Copro {1} then click here when stable|Click to start reading the copro standard",
      "Load Copro {1} and click [Start] or press <Spacebar>.|Load Copro {1} and click|Load Copro {1} "
      "then|Load Copro then"},
-    {"Reading {1}", Phase::Read, Item::Copro1, "COPROS", kStepCopros, kGreen, kWait,
+    {captions::kReadingFirstCopro, Phase::Read, Item::Copro1, steps::kCopros, kStepCopros, kGreen, kWait,
      "Reading and averaging {1}..."},
-    {"Save {1}", Phase::Save, Item::Copro1, "COPROS", kStepCopros, kGreen, "Click to Save Reading of {1}",
-     "Reading and averaging {1}..."},
-    {"Load Copro {2}", Phase::Load, Item::Copro2, "COPROS", kStepCopros, kLoad, "Click to Start reading {2}",
+    {captions::kSaveFirstCopro, Phase::Save, Item::Copro1, steps::kCopros, kStepCopros, kGreen,
+     "Click to Save Reading of {1}", "Reading and averaging {1}..."},
+    {captions::kLoadSecondCopro, Phase::Load, Item::Copro2, steps::kCopros, kStepCopros, kLoad,
+     "Click to Start reading {2}",
      "Load Copro {2} and click [Start] or press <Spacebar>.|Insert 2nd Copro Standard."},
-    {"Reading {2}", Phase::Read, Item::Copro2, "COPROS", kStepCopros, kGreen, kWait,
+    {captions::kReadingSecondCopro, Phase::Read, Item::Copro2, steps::kCopros, kStepCopros, kGreen, kWait,
      "Reading and averaging {2}..."},
-    {"Save {2}", Phase::Save, Item::Copro2, "COPROS", kStepCopros, kGreen, "Click to Save Reading of {2}",
-     "Reading and averaging {2}..."},
-    {"Load 1st Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
+    {captions::kSaveSecondCopro, Phase::Save, Item::Copro2, steps::kCopros, kStepCopros, kGreen,
+     "Click to Save Reading of {2}", "Reading and averaging {2}..."},
+    {captions::kLoad1stSample, Phase::Load, Item::Rb, steps::kSample, kStepSamples, kLoad, kLoadSampleTip,
      "Load the first Station Sample and click [Start] or press <Spacebar>."},
-    {"Load Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip, kLoadSample},
-    {"Load Station Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
+    {captions::kLoadSample, Phase::Load, Item::Rb, steps::kSample, kStepSamples, kLoad, kLoadSampleTip,
      kLoadSample},
-    {"Load Next Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip, kLoadSample},
-    {"Load Added Sample", Phase::Load, Item::Rb, "SAMPLE", kStepSamples, kLoad, kLoadSampleTip,
+    {captions::kLoadStationSample, Phase::Load, Item::Rb, steps::kSample, kStepSamples, kLoad, kLoadSampleTip,
+     kLoadSample},
+    {captions::kLoadNextSample, Phase::Load, Item::Rb, steps::kSample, kStepSamples, kLoad, kLoadSampleTip,
+     kLoadSample},
+    {captions::kLoadAddedSample, Phase::Load, Item::Rb, steps::kSample, kStepSamples, kLoad, kLoadSampleTip,
      "Load Sample, when stable <Click>"},
-    {"Reading Station Sample", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
-    {"Reading Sample", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
-    {"Reading Rb", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
-    {"Read Rb", Phase::Read, Item::Rb, "SAMPLE", kStepSamples, kGreen, kWait, kReadSample},
-    {"Save Rb", Phase::Save, Item::Rb, "SAMPLE", kStepSamples, kGreen, "Click to Save Rb", kReadSample},
-    {"Acidify", Phase::Acid, Item::Ra, "SAMPLE", kStepSamples, kBlue, "Click to Start reading Ra", kAcid},
-    {"Acidified", Phase::Acid, Item::Ra, "SAMPLE", kStepSamples, kBlue, "Click to Start reading Ra", kAcid},
-    {"Reading Ra", Phase::Read, Item::Ra, "SAMPLE", kStepSamples, kBlue, kWait, kReadRa},
-    {"Read Ra", Phase::Read, Item::Ra, "SAMPLE", kStepSamples, kBlue, kWait, kReadRa},
-    {"Save Ra", Phase::Save, Item::Ra, "SAMPLE", kStepSamples, kBlue, "Click to Save Ra", kReadRa},
+    {captions::kReadingStationSample, Phase::Read, Item::Rb, steps::kSample, kStepSamples, kGreen, kWait,
+     kReadSample},
+    {captions::kReadingSample, Phase::Read, Item::Rb, steps::kSample, kStepSamples, kGreen, kWait,
+     kReadSample},
+    {captions::kReadingRb, Phase::Read, Item::Rb, steps::kSample, kStepSamples, kGreen, kWait, kReadSample},
+    {captions::kReadRb, Phase::Read, Item::Rb, steps::kSample, kStepSamples, kGreen, kWait, kReadSample},
+    {captions::kSaveRb, Phase::Save, Item::Rb, steps::kSample, kStepSamples, kGreen, "Click to Save Rb",
+     kReadSample},
+    {captions::kAcidify, Phase::Acid, Item::Ra, steps::kSample, kStepSamples, kBlue,
+     "Click to Start reading Ra", kAcid},
+    {captions::kAcidified, Phase::Acid, Item::Ra, steps::kSample, kStepSamples, kBlue,
+     "Click to Start reading Ra", kAcid},
+    {captions::kReadingRa, Phase::Read, Item::Ra, steps::kSample, kStepSamples, kBlue, kWait, kReadRa},
+    {captions::kReadRa, Phase::Read, Item::Ra, steps::kSample, kStepSamples, kBlue, kWait, kReadRa},
+    {captions::kSaveRa, Phase::Save, Item::Ra, steps::kSample, kStepSamples, kBlue, "Click to Save Ra",
+     kReadRa},
     // The automatic save leaves its words about the next sample on the screen behind the last one too.
-    {"What's Next", Phase::Next, Item::None, "", -1, kNext, "Click to choose what's next",
+    {captions::kWhatsNext, Phase::Next, Item::None, "", -1, kNext, "Click to choose what's next",
      "All samples are read.|Load the next Station Sample and|Press F7 if the current reading is lower|Saving "
      "Station "},
-    {"What's Next?", Phase::Next, Item::None, "", -1, kNext, "Click to choose what's next",
+    {captions::kChoosing, Phase::Next, Item::None, "", -1, kNext, "Click to choose what's next",
      "Choose what's next.|Saving Station "},
 };
 
@@ -140,7 +150,7 @@ std::string WithNames(const RunState& run, std::string_view text) {
 
 const CaptionRow& CaptionOf(const RunState& run, std::string_view caption) {
   // A copro may have the name of something else, such as "Rb": in its own step its name comes first.
-  const bool copros = run.StepName == "COPROS";
+  const bool copros = run.StepName == steps::kCopros;
   const CaptionRow* found = nullptr;
   for (const CaptionRow& row : kRows) {
     if (!HasCaption(run, row, caption)) continue;
@@ -169,13 +179,6 @@ bool GoesWith(const RunState& run, std::string_view alternatives, std::string_vi
     if (std::any_of(texts.begin(), texts.end(), begins)) return true;
   }
   return false;
-}
-
-int SelectorOf(std::string_view step) {
-  if (step == "BLANK") return kStepBlank;
-  if (step == "STANDARD") return kStepStandard;
-  if (step == "COPROS") return kStepCopros;
-  return step == "SAMPLE" || step == "ADDED" ? kStepSamples : -1;
 }
 
 }  // namespace kelp

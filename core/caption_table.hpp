@@ -54,7 +54,4 @@ std::vector<std::string> Alternatives(const RunState& run, std::string_view text
 /// True when a text begins with one of the alternatives, or with one of those that go with every caption.
 bool GoesWith(const RunState& run, std::string_view alternatives, std::string_view text);
 
-/// The index of `Option1` for a step, -1 for "STANDBY", "RELOAD" and "RECALC".
-int SelectorOf(std::string_view step);
-
 }  // namespace kelp

@@ -3,14 +3,14 @@
 
 #include <algorithm>
 
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/option.hpp"
+#include "core/steps.hpp"
 
 namespace kelp {
 
 namespace {
-
-bool IsSampleStep(const std::string& step) { return step == "SAMPLE" || step == "ADDED"; }
 
 void FitTrace(Kelp& kelp, const CaptionRow& row, std::optional<std::uint32_t> trace) {
   std::uint32_t& now = kelp.run.TraceColor;
@@ -29,7 +29,7 @@ const CaptionRow& ButtonRow(const Kelp& kelp) {
 std::string StepUnderWay(const Kelp& kelp) {
   const CaptionRow& row = ButtonRow(kelp);
   const std::string& step = kelp.run.StepName;
-  return *row.Step == '\0' || (step == "ADDED" && row.Selector == kStepSamples) ? step : row.Step;
+  return *row.Step == '\0' || (step == steps::kAdded && row.Selector == kStepSamples) ? step : row.Step;
 }
 
 void SetStep(Kelp& kelp, const std::string& step) {
@@ -73,7 +73,7 @@ void MoveToSample(Kelp& kelp, int sample) {
     run.RbReading = static_cast<float>(Val(kelp.frmAcquire.datalog.Text(sample, kColRb)));
 }
 
-bool IsPaused(const Kelp& kelp) { return kelp.frmAcquire.Command2.Caption == "&Resume"; }
+bool IsPaused(const Kelp& kelp) { return kelp.frmAcquire.Command2.Caption == captions::kResume; }
 
 void Say(Kelp& kelp, const std::string& text) {
   (IsPaused(kelp) ? kelp.run.PauseStore : kelp.frmAcquire.Text4.Text) = text;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/base_file.hpp"
 
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
@@ -73,7 +74,7 @@ void BeginStation(Kelp& kelp) {
   ClearRawReads(run);
   // A prompt to load something stands; a reading of the station before does not.
   const bool prompts = ButtonRow(kelp).Does == Phase::Load;
-  if (!prompts) SetButton(kelp, {.Caption = "&Start", .Text = FrmAcquire().Text4.Text});
+  if (!prompts) SetButton(kelp, {.Caption = captions::kStart, .Text = FrmAcquire().Text4.Text});
 }
 
 // The loader splits on runs of blanks, so the spacing is part of the format.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/read_log.hpp"
 
+#include "core/captions.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
@@ -9,9 +10,9 @@ namespace {
 
 // Which of the four pairs of columns a caption fills: the others stay empty.
 int PairOf(const std::string& caption) {
-  if (caption == "Reading Station Sample" || caption == "Save Rb") return 1;
-  if (caption == "Acidify" || caption == "Acidified") return 2;
-  if (caption == "Reading Ra" || caption == "Save Ra") return 3;
+  if (caption == captions::kReadingStationSample || caption == captions::kSaveRb) return 1;
+  if (captions::WaitsForAcid(caption)) return 2;
+  if (caption == captions::kReadingRa || caption == captions::kSaveRa) return 3;
   return 0;
 }
 

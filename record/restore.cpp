@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // An unfinished station is offered, and goes on where it was.
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "core/option.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"
 #include "record/record.hpp"
@@ -14,10 +14,8 @@ namespace kelp {
 namespace {
 
 int StepOptionOf(const std::string& step) {
-  static constexpr std::array<std::string_view, 3> kSteps = {"BLANK", "STANDARD", "COPROS"};
-  for (std::size_t i = 0; i < kSteps.size(); ++i)
-    if (step == kSteps[i]) return static_cast<int>(i);
-  return kStepSamples;
+  const int selector = SelectorOf(step);
+  return selector >= 0 ? selector : kStepSamples;
 }
 
 // Where the run goes on: a sample that has its Rb waits for acid, and after the last Ra the chooser. Another

@@ -2,6 +2,7 @@
 #include "simulator/simulated_operator.hpp"
 
 #include "core/caption_table.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/text.hpp"
 
@@ -30,7 +31,7 @@ struct Wanted {
 Wanted WantedBy(const Kelp& kelp, const SimulatedFluorometer& fluorometer) {
   const RunState& run = kelp.run;
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  const bool acid = caption == "Acidify" || caption == "Acidified" || EndsWith(caption, " Ra");
+  const bool acid = captions::WaitsForAcid(caption) || EndsWith(caption, " Ra");
   if (acid || EndsWith(caption, " Rb") || StartsWith(caption, "Reading S")) {
     const TubeLevels tube = fluorometer.Sample(run.SampNum);
     return {"sample " + std::to_string(int{run.SampNum}), tube.Rb, acid, tube.AcidRatio};

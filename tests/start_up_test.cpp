@@ -102,4 +102,36 @@ TEST(StartUp, TheBackupFolderGetsItsPlaceholder) {
   EXPECT_EQ(broken.run().RawReads.size(), 10U);
 }
 
+TEST(CreateScreen, MarksWhatDeservesASecondLookAndWritesTimesOut) {
+  Program desk;
+  desk.LogIn({Answer::Yes});
+  auto& box = desk.kelp.frmCreateBase.Text1;
+  EXPECT_NE(box[2].Problem, "") << "marked before anything was typed";
+  struct Row {
+    int box;
+    const char* typed;
+    bool marked;
+    const char* written;
+  };
+  const Row rows[] = {{2, "0", true, "0"},
+                      {2, "12", false, "12"},
+                      {6, "9:40", false, "09:40:00"},
+                      {6, "9:40 pm", false, "21:40:00"},
+                      {6, "25:40", true, "25:40"},
+                      {6, "noon", true, "noon"},
+                      {5, "31/12/2026", true, "31/12/2026"},
+                      {5, "", false, ""},
+                      {6, "21:40:10", false, "21:40:10"}};
+  for (const Row& row : rows) {
+    desk.Type("frmCreateBase", "Text1", row.box, row.typed);
+    EXPECT_EQ(!box[row.box].Problem.empty(), row.marked) << row.typed;
+    EXPECT_EQ(box[row.box].Text, row.written);
+  }
+  box[6].Text = "7:05";
+  box[2].Text = "";
+  desk.Click("frmCreateBase", "cmdCreateBase", 0);
+  EXPECT_EQ(desk.form().txtStaInfo[kStaFiltTime].Text, "07:05:00");
+  EXPECT_EQ(int{desk.run().SampCount}, 0) << "no samples stay allowed";
+}
+
 }  // namespace kelp

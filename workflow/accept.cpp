@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "calc/calc_samples.hpp"
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
@@ -36,7 +37,7 @@ void LoadFirstSample(Kelp& kelp) {
   if (last >= 1 && kelp.run.SampNum >= last && HoldsReading(kelp, {.Row = last, .Col = kColRa}))
     GoToStandby(kelp);
   else
-    SetButton(kelp, {.Caption = "Load 1st Sample", .Text = kLoadFirstSample});
+    SetButton(kelp, {.Caption = captions::kLoad1stSample, .Text = kLoadFirstSample});
 }
 
 bool MayReplace(Kelp& kelp, const Place& place) {
@@ -54,7 +55,7 @@ bool MayReplace(Kelp& kelp, const Place& place) {
                            kelp.frmAcquire.datalog.Text(0, place.Col) + " " + ValueAt(kelp, place);
   SetStatus(kelp, kept + ".");
   const bool ra = place.Col == kColRa;
-  SetButton(kelp, {.Caption = ra ? "Acidify" : "Load Station Sample",
+  SetButton(kelp, {.Caption = ra ? captions::kAcidify : captions::kLoadStationSample,
                    .Text = kept + ". Double-click the cell of the sample that is to be read.",
                    .Trace = ra ? kTraceBlue : kTraceMagenta});
   kelp.run.Loaded = false;
@@ -71,7 +72,7 @@ void AcceptBlank(Kelp& kelp, SavedBy by) {
     GoToStandby(kelp);
     return;
   }
-  const std::string load = "Load Copro " + run.CoproLowStd;
+  const std::string load = WithNames(run, captions::kLoadFirstCopro);
   SetButton(kelp,
             {.Caption = load,
              .Text = load + (by == SavedBy::Hand ? " and click [Start] or press <Spacebar>."
@@ -80,7 +81,7 @@ void AcceptBlank(Kelp& kelp, SavedBy by) {
 
 void AcceptLowStandard(Kelp& kelp, SavedBy by) {
   Record(kelp, by, "0");
-  SetButton(kelp, {.Caption = "Load High Standard",
+  SetButton(kelp, {.Caption = captions::kLoadHighStandard,
                    .Tip = "Click to Start reading the high standard",
                    .Text = std::string("Flip the standard 180deg to High...") + kWaitForOver});
 }
@@ -96,7 +97,7 @@ void AcceptHighStandard(Kelp& kelp, SavedBy by) {
 void AcceptFirstCopro(Kelp& kelp, SavedBy by) {
   const std::string& second = kelp.run.CoproHighStd;
   Record(kelp, by, "1");
-  SetButton(kelp, {.Caption = "Load Copro " + second,
+  SetButton(kelp, {.Caption = WithNames(kelp.run, captions::kLoadSecondCopro),
                    .Tip = "Click to Start reading " + second,
                    .Text = std::string("Insert 2nd Copro Standard.") + kWaitForOver,
                    .SecondCopro = true});
@@ -116,7 +117,7 @@ void AcceptRb(Kelp& kelp, SavedBy by, int code) {
   const float reading = run.CurReading;
   run.ReadFlag = true;
   SetButton(kelp,
-            {.Caption = "Acidify",
+            {.Caption = captions::kAcidify,
              .Text = by == SavedBy::Hand
                          ? "Press F7 if the current reading is higher than saved; ACIDIFY w/ 200ul (one "
                            "squirt) 10% HCL using Repipettor"
@@ -138,17 +139,19 @@ void AcceptRa(Kelp& kelp, SavedBy by) {
   } catch (const RunTimeError& error) {
     failure = error;
   }
-  if (form.Command1.Caption == "Reading Ra") {
+  if (form.Command1.Caption == captions::kReadingRa) {
     if (by == SavedBy::Autoread) Tell(kelp, "Re-Reading Ra");
     run.ReadFlag = true;
   } else {
-    const bool last = form.Command1.Caption == "What's Next";
+    const bool last = form.Command1.Caption == captions::kWhatsNext;
     const char* text =
         by == SavedBy::Autoread ? "Load the next Station Sample and click [Start] or press <Spacebar>."
         : last                  ? "Press F7 if the current reading is lower than saved. All samples are read."
                : "Press F7 if the current reading is lower than saved then load the next Station "
                  "Sample and click [Start] or press <Spacebar>.";
-    SetButton(kelp, {.Caption = last ? "What's Next" : "Load Next Sample", .Text = text, .Trace = kTraceRed});
+    SetButton(kelp, {.Caption = last ? captions::kWhatsNext : captions::kLoadNextSample,
+                     .Text = text,
+                     .Trace = kTraceRed});
     run.RaAccepted = false;
     run.ReplaceSample = 0;
   }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The create screen's work: writes a base file from the sample log sheet's values.
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
@@ -52,7 +53,7 @@ void CreateStation(Kelp& kelp, const std::string& procNum) {
 }  // namespace
 
 void ShowCreateBase(Kelp& kelp) {
-  SetButton(kelp, {.Caption = "&Start", .Text = "Load Sample then press <spacebar>"});
+  SetButton(kelp, {.Caption = captions::kStart, .Text = "Load Sample then press <spacebar>"});
   kelp.frmCreateBase = FrmCreateBase{.Form = kelp.frmCreateBase.Form};
   auto& box = kelp.frmCreateBase.Text1;
   box[kProcNum].Text = kelp.run.ProcNum;

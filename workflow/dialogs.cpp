@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "calc/calc_samples.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "workflow/open_station.hpp"
 
@@ -25,14 +27,16 @@ struct StepRow {
 // The rows are numbered as a list of ten, while the dialog carries eight options: its "Load Sample",
 // "Read Rb" and "Read Ra" act as rows 5 to 7. The operators rely on it.
 StepRow ChangeStepRow(const RunState& run, int index) {
-  const std::string& low = run.CoproLowStd;
-  const std::string& high = run.CoproHighStd;
-  const StepRow rows[] = {
-      {"&Start", kTraceMagenta, "STANDBY"},       {"Load Blank", kTraceMagenta, "BLANK"},
-      {"Reading Blank", kTraceGreen, "BLANK"},    {"Load Copro " + low, kTraceMagenta, "COPROS"},
-      {"Reading " + low, kTraceGreen, "COPROS"},  {"Load Copro " + high, kTraceMagenta, "COPROS"},
-      {"Reading " + high, kTraceGreen, "COPROS"}, {"Load Station Sample", kTraceMagenta, "SAMPLE"},
-      {"Read Rb", kTraceGreen, "SAMPLE"},         {"Read Ra", kTraceBlue, "SAMPLE"}};
+  const StepRow rows[] = {{captions::kStart, kTraceMagenta, steps::kStandby},
+                          {captions::kLoadBlank, kTraceMagenta, steps::kBlank},
+                          {captions::kReadingBlank, kTraceGreen, steps::kBlank},
+                          {WithNames(run, captions::kLoadFirstCopro), kTraceMagenta, steps::kCopros},
+                          {WithNames(run, captions::kReadingFirstCopro), kTraceGreen, steps::kCopros},
+                          {WithNames(run, captions::kLoadSecondCopro), kTraceMagenta, steps::kCopros},
+                          {WithNames(run, captions::kReadingSecondCopro), kTraceGreen, steps::kCopros},
+                          {captions::kLoadStationSample, kTraceMagenta, steps::kSample},
+                          {captions::kReadRb, kTraceGreen, steps::kSample},
+                          {captions::kReadRa, kTraceBlue, steps::kSample}};
   return rows[index];
 }
 
@@ -82,7 +86,7 @@ void RecalculateData(Kelp& kelp) {
   const std::string startingVial = kelp.frmRecalc.Text1[0].Text;
   const std::string blank = kelp.frmRecalc.Text1[1].Text;
   kelp.Note = {.Way = How::Calculated};
-  kelp.run.StepName = "RECALC";
+  kelp.run.StepName = steps::kRecalc;
   if (!startingVial.empty()) RenumberVials(kelp, startingVial);
   // The blank typed is that of the station: box, table and average follow.
   if (!blank.empty()) PutValue(kelp, {.Box = kBoxBeginBlank}, blank, {.Way = How::Typed});
@@ -102,7 +106,7 @@ void RecalculateData(Kelp& kelp) {
 
 void ReloadBaseFile(Kelp& kelp) {
   RunState& run = kelp.run;
-  run.StepName = "RELOAD";
+  run.StepName = steps::kReload;
   run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
   run.BaseFile = run.DataOutPath + "chl" + run.ProcNum + "Base";
   LoadBaseFile(kelp, run.BaseFile);

@@ -2,11 +2,13 @@
 // The header boxes of the acquisition screen: what an edit means, and the check when one is left.
 #include <array>
 
+#include "core/captions.hpp"
 #include "core/date_time.hpp"
 #include "core/numbers.hpp"
 #include "core/option.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "workflow/run_controls.hpp"
 
@@ -53,7 +55,7 @@ void PromptStepAgain(Kelp& kelp) {
   static constexpr std::array<const char*, 4> kPrompts = {
       "Load Blank then press <spacebar> twice.", "Load Standard then press <spacebar> twice.",
       "Load Copro then press <spacebar> twice.", "Load Sample then press <spacebar> twice."};
-  const int selector = kelp.run.StepName == "ADDED" ? -1 : SelectorOf(kelp.run.StepName);
+  const int selector = kelp.run.StepName == steps::kAdded ? -1 : SelectorOf(kelp.run.StepName);
   if (selector >= 0) SelectOption(kelp.frmAcquire.Option1, selector);
   Say(kelp, selector >= 0 ? kPrompts[static_cast<std::size_t>(selector)] : "Press <spacebar> to restart...");
 }
@@ -84,7 +86,7 @@ void txtStaInfo_Change(Kelp& kelp, int index, const std::string& text) {
   PutValue(kelp, {.Header = index}, text, {.Way = How::Typed});
   if (index == kStaProcNum) {
     kelp.run.ProcNumEdited = true;
-    SetButton(kelp, {.Caption = "&Start"});
+    SetButton(kelp, {.Caption = captions::kStart});
   }
   if (index == kStaBottle || index == kStaVial) NumberRows(kelp, index, text);
 }

@@ -3,8 +3,10 @@
 
 #include "acquire/captions.hpp"
 #include "calc/calc_samples.hpp"
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "workflow/dialogs.hpp"
 #include "workflow/save_station.hpp"
 #include "workflow/slots.hpp"
@@ -19,7 +21,7 @@ void SaveDatalog(Kelp& kelp) {
     return;
   if (!CloseStation(kelp)) return;
   kelp.frmAcquire.txtStats[0].Text.clear();
-  SetButton(kelp, {.Caption = "Load Blank",
+  SetButton(kelp, {.Caption = captions::kLoadBlank,
                    .Tip = "Load Blank then click here when stable",
                    .Text = "Load Blank then press <spacebar> or click [Start] when stable"});
 }
@@ -27,10 +29,10 @@ void SaveDatalog(Kelp& kelp) {
 void AllowHighRa(Kelp& kelp) {
   if (!AskRisky(kelp, "Do you want to allow Ra > Rb?", "Override?", Icon::None, Buttons::YesNoCancel)) return;
   FrmAcquire& form = kelp.frmAcquire;
-  const bool waits = form.Option1[kStepSamples].Value && form.Command1.Caption == "Acidified";
+  const bool waits = form.Option1[kStepSamples].Value && form.Command1.Caption == captions::kAcidified;
   if (waits && Val(form.txtReading.Text) > static_cast<double>(kelp.run.RbReading)) {
     ClearRawReads(kelp.run);
-    SetButton(kelp, {.Caption = "Reading Ra"});
+    SetButton(kelp, {.Caption = captions::kReadingRa});
     kelp.run.RaAccepted = true;
   } else {
     SetStatus(kelp, waits ? "The reading is not above Rb: there is nothing to allow."
@@ -50,7 +52,7 @@ void ChangeStep(Kelp& kelp) {
 void Recalculate(Kelp& kelp) {
   if (!AskYes(kelp, "Recalculate all values? Y/N", "Recalculate?", Icon::Critical)) return;
   kelp.Note = {.Way = How::Calculated};
-  if (kelp.run.StepName == "RELOAD" || kelp.run.StepName == "BLANK")
+  if (kelp.run.StepName == steps::kReload || kelp.run.StepName == steps::kBlank)
     CalcAllSamples(kelp);
   else
     CalcCurrentSample(kelp);
@@ -59,9 +61,9 @@ void Recalculate(Kelp& kelp) {
 void StartOver(Kelp& kelp) {
   // Prompt and title stand the other way round than with the other keys.
   if (!AskYes(kelp, "Restart? Y/N", "Do you want to start over?", Icon::Critical)) return;
-  kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
+  kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kBeginBlank;
   // A restart must not read the blank as a sample: the step follows the button.
-  SetButton(kelp, {.Caption = "Load Blank", .Trace = kTraceMagenta});
+  SetButton(kelp, {.Caption = captions::kLoadBlank, .Trace = kTraceMagenta});
 }
 
 // The Ra that the screen offers to accept is read on, and saved when it is stable.
@@ -94,15 +96,15 @@ void FunctionKey(Kelp& kelp, int number) {
 
 bool SpaceKey(Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  if (caption == "S&tandby") {
-    SetButton(kelp, {.Caption = "&Start"});
+  if (caption == captions::kStandby) {
+    SetButton(kelp, {.Caption = captions::kStart});
     return true;
   }
   if (WaitsForRa(kelp)) {
     AcceptHighRa(kelp);
     return true;
   }
-  if (caption != "&Start" || kelp.run.CsvFile.empty()) return false;
+  if (caption != captions::kStart || kelp.run.CsvFile.empty()) return false;
   PromptSelectedStep(kelp);
   return true;
 }

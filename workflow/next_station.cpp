@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What follows a station or its last sample: the next station, an added sample.
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "files/base_file.hpp"
 #include "files/grid_layout.hpp"
@@ -77,7 +79,7 @@ void OpenNextStation(Kelp& kelp) {
     run.DataOutPath = WithBackslash(CfgValue(run, kCfgDataPath));
     run.CruiseID = CfgValue(run, kCfgCruise);
     run.SampNum = 1;
-    SetStep(kelp, "BLANK");
+    SetStep(kelp, steps::kBlank);
     run.LabCalRun = false;
     // The capital C is as the files are named here; names are found without regard to letter case.
     run.BaseFile = run.DataOutPath + "Chl" + run.ProcNum;
@@ -87,8 +89,8 @@ void OpenNextStation(Kelp& kelp) {
       MoveEndValues(kelp);
       kelp.record.CarriedOver = true;
     }
-    kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
-    kelp.frmAcquire.Option1[kStepCopros].Caption = "Copros";
+    kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kBeginBlank;
+    kelp.frmAcquire.Option1[kStepCopros].Caption = captions::kCopros;
     run.ProcNumEdited = false;
     run.ResultsSaved = false;
   });
@@ -114,8 +116,8 @@ void AddSample(Kelp& kelp) {
   ++run.Stores;
   kelp.Note = {.Way = How::Loaded};
   // Not before: where no sample can be added the step under way stays.
-  SetStep(kelp, "ADDED");
-  SetButton(kelp, {.Caption = "Load Added Sample",
+  SetStep(kelp, steps::kAdded);
+  SetButton(kelp, {.Caption = captions::kLoadAddedSample,
                    .Tip = "Load Sample, when stable <Click>",
                    .Text = "Load Sample, when stable <Click>",
                    .Trace = kTraceMagenta});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/open_station.hpp"
 
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
@@ -85,7 +86,7 @@ bool OpenBaseFile(Kelp& kelp, const std::string& path) {
   TellConfigTroubles(kelp);
   const bool restored = OfferRestore(kelp);
   // The step that was restored goes on from "&Start", whatever prompt stood there.
-  if (restored) SetButton(kelp, {.Caption = "&Start"});
+  if (restored) SetButton(kelp, {.Caption = captions::kStart});
   ShowScreen(kelp, kelp.frmAcquire.Form);
   if (loaded.HasResults && !restored && AnySampleRead(kelp)) OfferRecalculation(kelp);
   return loaded.WasSaved() || restored;
@@ -110,7 +111,7 @@ void HoldNoStation(Kelp& kelp) {
 void TellNoStation(Kelp& kelp) {
   SetButton(
       kelp,
-      {.Caption = "&Start",
+      {.Caption = captions::kStart,
        .Tip = "Click to Start",
        .Text = "No station is open. Click [Start] or press <Spacebar> to be asked for the base file again."});
   SetStatus(kelp, "No station is open: nothing can be measured.");

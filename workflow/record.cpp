@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/record.hpp"
 
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
@@ -50,7 +51,7 @@ void RecordSampleReading(Kelp& kelp, int code, const StoreNote& note) {
   }
   const bool last = run.SampNum >= run.SampCount;
   if (last)
-    SetButton(kelp, {.Caption = "What's Next", .Text = Said(kelp), .Trace = kTraceRed});
+    SetButton(kelp, {.Caption = captions::kWhatsNext, .Text = Said(kelp), .Trace = kTraceRed});
   else
     ++run.SampNum;
   LogSample(kelp, line, ",**");

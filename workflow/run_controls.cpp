@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/run_controls.hpp"
 
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "record/record.hpp"
 #include "workflow/slots.hpp"
@@ -22,33 +24,33 @@ struct BackRow {
 
 // Where [Back] leads from each caption. The black trace after "Reading Station Sample" is kept.
 std::vector<BackRow> BackTable(const RunState& run) {
-  const std::string& low = run.CoproLowStd;
-  const std::string& high = run.CoproHighStd;
-  return {{"Reading Station Sample", "Load Station Sample", kTraceBlack},
-          {"Save Rb", "Reading Station Sample", kTraceGreen},
-          {"Acidify", "Reading Station Sample", kTraceGreen},
-          {"Acidified", "Reading Station Sample", kTraceGreen},
-          {"Reading Ra", "Acidify", kTraceBlue},
-          {"Save Ra", "Reading Ra", kTraceBlue},
-          {"Reading Rb", "Load Station Sample", kTraceMagenta},
-          {"Reading Begin Blank", "Load Blank", kTraceMagenta},
-          {"Reading " + low, "Load Copro " + low, kTraceMagenta, Item::Copro1},
-          {"Reading " + high, "Load Copro " + high, kTraceMagenta, Item::Copro2, true},
-          {"Load Copro " + low, "Load Blank", kTraceMagenta, Item::Copro1},
-          {"Load Copro " + high, "Load Copro " + low, kTraceMagenta, Item::Copro2}};
+  const std::string loadFirst = WithNames(run, captions::kLoadFirstCopro);
+  const std::string loadSecond = WithNames(run, captions::kLoadSecondCopro);
+  return {{captions::kReadingStationSample, captions::kLoadStationSample, kTraceBlack},
+          {captions::kSaveRb, captions::kReadingStationSample, kTraceGreen},
+          {captions::kAcidify, captions::kReadingStationSample, kTraceGreen},
+          {captions::kAcidified, captions::kReadingStationSample, kTraceGreen},
+          {captions::kReadingRa, captions::kAcidify, kTraceBlue},
+          {captions::kSaveRa, captions::kReadingRa, kTraceBlue},
+          {captions::kReadingRb, captions::kLoadStationSample, kTraceMagenta},
+          {captions::kReadingBeginBlank, captions::kLoadBlank, kTraceMagenta},
+          {WithNames(run, captions::kReadingFirstCopro), loadFirst, kTraceMagenta, Item::Copro1},
+          {WithNames(run, captions::kReadingSecondCopro), loadSecond, kTraceMagenta, Item::Copro2, true},
+          {loadFirst, captions::kLoadBlank, kTraceMagenta, Item::Copro1},
+          {loadSecond, loadFirst, kTraceMagenta, Item::Copro2}};
 }
 
 }  // namespace
 
 void Command2_Click(Kelp& kelp) {
   FrmAcquire& form = kelp.frmAcquire;
-  if (form.Command2.Caption == "&Pause") {
-    form.Command2.Caption = "&Resume";
+  if (form.Command2.Caption == captions::kPause) {
+    form.Command2.Caption = captions::kResume;
     form.Command2.ToolTipText = "Click to resume the reading";
     kelp.run.PauseStore = form.Text4.Text;
     form.Text4.Text = "Sample read suspended, click [Resume] to continue";
   } else {
-    form.Command2.Caption = "&Pause";
+    form.Command2.Caption = captions::kPause;
     form.Command2.ToolTipText = "Click to pause the sample reading";
     form.Text4.Text = kelp.run.PauseStore;
   }
@@ -73,7 +75,7 @@ void Command4_Click(Kelp& kelp) {
     // What is read from here on is an average of its own, and the operator went back to replace a value.
     ClearRawReads(run);
     // Without this the Rb read anew would be offered as an Ra.
-    if (row.to == "Reading Station Sample") run.ReadFlag = false;
+    if (row.to == captions::kReadingStationSample) run.ReadFlag = false;
     if (item == Item::Rb || item == Item::Ra) run.ReplaceSample = run.SampNum;
     SetButton(kelp, {.Caption = row.to, .Trace = row.trace, .SecondCopro = row.toSecondCopro});
     SetStatus(kelp, "Back from [" + caption + "] to [" + row.to + "]. No value has changed.");
@@ -96,13 +98,13 @@ void Option1_Click(Kelp& kelp, int index) {
   };
   // The apostrophe at the end of the instructions is as the analysts know it.
   const Row rows[] = {
-      {"BLANK", "Load Blank", "Load Blank then hit <Spacebar> or click [Read Blank]'",
+      {steps::kBlank, captions::kLoadBlank, "Load Blank then hit <Spacebar> or click [Read Blank]'",
        "Click to start reading the blank"},
-      {"STANDARD", "Load Low Standard", "Load Standard then hit <Spacebar> or click [Read Blank]'",
-       "Click to start reading the low standard"},
-      {"COPROS", "Load Copro " + kelp.run.CoproLowStd,
+      {steps::kStandard, captions::kLoadLowStandard,
+       "Load Standard then hit <Spacebar> or click [Read Blank]'", "Click to start reading the low standard"},
+      {steps::kCopros, WithNames(kelp.run, captions::kLoadFirstCopro),
        "Load Copro then hit <Spacebar> or click [Read Blank]'", "Click to start reading the copro standard"},
-      {"SAMPLE", "Load Station Sample",
+      {steps::kSample, captions::kLoadStationSample,
        "Load Station Sample then hit <Spacebar> or click [Load Station Sample]'",
        "Click to start reading the sample"}};
   const Row& row = rows[index];
@@ -118,7 +120,7 @@ void PromptSample(Kelp& kelp, bool ra) {
   const std::string sample = "Sample " + std::to_string(row) + ", bottle " + BottleOf(kelp, row);
   run.ReadFlag = ra;
   SetButton(kelp,
-            {.Caption = ra ? "Acidify" : "Load Station Sample",
+            {.Caption = ra ? captions::kAcidify : captions::kLoadStationSample,
              .Text = sample + (ra ? ": put it in and ACIDIFY if that was not done, then press <spacebar> or "
                                     "click [Acidify]."
                                   : ": load it and click [Start] or press <Spacebar>."),

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "acquire/averaging.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/numbers.hpp"
 #include "core/start_button.hpp"
@@ -41,7 +42,7 @@ void SaveBlank(Kelp& kelp) {
     AcceptBlank(kelp, SavedBy::Autoread);
     return;
   }
-  SetButton(kelp, {.Caption = "Load Blank",
+  SetButton(kelp, {.Caption = captions::kLoadBlank,
                    .Text = "Reload blank and click [Start] or press <Spacebar>.",
                    .Trace = kTraceMagenta});
 }
@@ -87,7 +88,7 @@ void SaveRa(Kelp& kelp) {
     Say(kelp, "Ra is > than Rb.  Manual save is required or wait till Ra < Rb.");
     if (!AskRisky(kelp, "Ra > Rb! Do you want to save this value anyway? Y/N", "Ra > Rb!")) {
       ClearRawReads(run);
-      SetButton(kelp, {.Caption = "Reading Ra"});
+      SetButton(kelp, {.Caption = captions::kReadingRa});
       return;
     }
   }
@@ -99,13 +100,13 @@ void WatchAcid(Kelp& kelp) {
   RunState& run = kelp.run;
   const FrmAcquire& form = kelp.frmAcquire;
   const auto rb = static_cast<double>(run.RbReading);
-  if (form.Command1.Caption == "Acidify") {
-    if (Distance(ShownReading(kelp), rb) > kAcidMargin) SetButton(kelp, {.Caption = "Acidified"});
+  if (form.Command1.Caption == captions::kAcidify) {
+    if (Distance(ShownReading(kelp), rb) > kAcidMargin) SetButton(kelp, {.Caption = captions::kAcidified});
     return;
   }
   if (ShownReading(kelp) >= rb) return;
   ClearRawReads(run);
-  SetButton(kelp, {.Caption = "Reading Ra",
+  SetButton(kelp, {.Caption = captions::kReadingRa,
                    .Tip = "Wait for the min number of reads...",
                    .Text = "When SD <= " + CfgValue(run, kCfgSdCriterion) + ", mean value will be saved."});
 }

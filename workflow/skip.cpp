@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // [Skip]: leaves out a standard, a copro, the blank or a sample; -99 marks what was not read.
+#include "core/captions.hpp"
 #include "core/numbers.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "workflow/log.hpp"
 #include "workflow/run_controls.hpp"
@@ -28,7 +30,7 @@ void MarkBoxes(Kelp& kelp, int first, int last) {
                                  : "Skipped: " + marked + " " + kNotRead + ". Ctrl+Z takes it back.");
 }
 
-void GoToSamples(Kelp& kelp) { SetButton(kelp, {.Caption = "Load Station Sample"}); }
+void GoToSamples(Kelp& kelp) { SetButton(kelp, {.Caption = captions::kLoadStationSample}); }
 
 void SkipCopro(Kelp& kelp) {
   const CaptionRow& row = ButtonRow(kelp);
@@ -36,7 +38,7 @@ void SkipCopro(Kelp& kelp) {
   const bool named = row.Does == Phase::Load && std::string_view(row.Caption).ends_with('}');
   if (named && row.What == Item::Copro1) {
     MarkBoxes(kelp, kBoxCopro1, kBoxCopro1 + 1);
-    SetButton(kelp, {.Caption = "Load Copro " + kelp.run.CoproHighStd, .SecondCopro = true});
+    SetButton(kelp, {.Caption = WithNames(kelp.run, captions::kLoadSecondCopro), .SecondCopro = true});
   } else if (named && row.What == Item::Copro2) {
     MarkBoxes(kelp, kBoxCopro2, kBoxCopro2 + 1);
     GoToSamples(kelp);
@@ -88,12 +90,12 @@ void SkipSample(Kelp& kelp) {
   form.txtStats[0].Text = "0";
   if (run.SampNum < run.SampCount) {
     ++run.SampNum;
-    SetButton(kelp, {.Caption = "Load Next Sample",
+    SetButton(kelp, {.Caption = captions::kLoadNextSample,
                      .Text = "Load the next Station Sample and click [Start] or press <Spacebar>.",
                      .Trace = kTraceRed});
     LogSample(kelp, line, ",*");
   } else {
-    SetButton(kelp, {.Caption = "What's Next", .Text = "All samples are read.", .Trace = kTraceRed});
+    SetButton(kelp, {.Caption = captions::kWhatsNext, .Text = "All samples are read.", .Trace = kTraceRed});
     RenumberRemainingVials(kelp);
     LogSample(kelp, line, ",*");
     ShowScreen(kelp, kelp.frmWhatsNext.Form);
@@ -107,17 +109,17 @@ void Command5_Click(Kelp& kelp) {
   const std::string step = StepUnderWay(kelp);
   if (run.CsvFile.empty()) {
     SetStatus(kelp, "No station is open: there is nothing to skip.");
-  } else if (step == "STANDARD") {
+  } else if (step == steps::kStandard) {
     MarkBoxes(kelp, kBoxLowStandard, kBoxHighStandard + 1);
     GoToSamples(kelp);
-  } else if (step == "COPROS") {
+  } else if (step == steps::kCopros) {
     SkipCopro(kelp);
-  } else if (step == "BLANK") {
+  } else if (step == steps::kBlank) {
     MarkBoxes(kelp, kBoxBeginBlank, kBoxEndBlank);
-    SetButton(kelp, {.Caption = "Load Copro " + run.CoproLowStd});
+    SetButton(kelp, {.Caption = WithNames(run, captions::kLoadFirstCopro)});
   } else if (run.SampNum > run.SampCount) {
     SetStatus(kelp, "This station has no sample " + std::to_string(int{run.SampNum}) + " to skip.");
-  } else if (step == "SAMPLE" || step == "ADDED") {
+  } else if (IsSampleStep(step)) {
     SkipSample(kelp);
   } else {
     SetStatus(kelp, "There is nothing to skip in \"" + step + "\".");

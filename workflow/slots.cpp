@@ -2,6 +2,7 @@
 #include "workflow/slots.hpp"
 
 #include "calc/calc_samples.hpp"
+#include "core/captions.hpp"
 #include "core/places.hpp"
 #include "core/start_button.hpp"
 #include "core/text.hpp"
@@ -22,13 +23,13 @@ ValueSlot PreviousRa(const Kelp& kelp) {
 ValueSlot KeySlot(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
   const bool second = ButtonRow(kelp).What == Item::Copro2;
-  if (caption == "Acidify") return {.Row = kelp.run.SampNum, .Col = kColRb};
-  if (caption == "Load Low Standard") return Box(0);
-  if (caption == "Load High Standard") return Box(2);
+  if (caption == captions::kAcidify) return {.Row = kelp.run.SampNum, .Col = kColRb};
+  if (caption == captions::kLoadLowStandard) return Box(0);
+  if (caption == captions::kLoadHighStandard) return Box(2);
   // The first copro's value goes to the blank's box; the analysts read it there.
-  if (caption == "Load Copro " + kelp.run.CoproLowStd && !second) return Box(0);
-  if (caption == "Load Copro " + kelp.run.CoproHighStd) return Box(6);
-  if (caption == "Load 1st Sample") return Box(8);
+  if (caption == WithNames(kelp.run, captions::kLoadFirstCopro) && !second) return Box(0);
+  if (caption == WithNames(kelp.run, captions::kLoadSecondCopro)) return Box(6);
+  if (caption == captions::kLoad1stSample) return Box(8);
   if (StartsWith(caption, "What")) return {.Row = kelp.run.SampNum, .Col = kColRa, .Calculate = true};
   if (StartsWith(caption, "Load")) return PreviousRa(kelp);
   return {};
@@ -36,10 +37,10 @@ ValueSlot KeySlot(const Kelp& kelp) {
 
 ValueSlot ChooserSlot(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
-  if (caption == "Acidify") return {.Row = kelp.run.SampNum, .Col = kColRb};
-  if (caption == "Load Low Standard") return Box(0);
-  if (caption == "Load High Standard") return Box(2);
-  if (caption == "Load 1st Sample") return Box(3);
+  if (caption == captions::kAcidify) return {.Row = kelp.run.SampNum, .Col = kColRb};
+  if (caption == captions::kLoadLowStandard) return Box(0);
+  if (caption == captions::kLoadHighStandard) return Box(2);
+  if (caption == captions::kLoad1stSample) return Box(3);
   if (StartsWith(caption, "Load") || StartsWith(caption, "What"))
     return {.Row = kelp.run.SampNum, .Col = kColRa, .Calculate = true};
   return {};
@@ -48,10 +49,10 @@ ValueSlot ChooserSlot(const Kelp& kelp) {
 ValueSlot MeanSlot(const Kelp& kelp) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
   const bool second = ButtonRow(kelp).What == Item::Copro2;
-  if (caption == "Acidify") return {.Row = kelp.run.SampNum, .Col = kColRb};
-  if (caption == "Load Low Standard") return Box(0);
-  if (caption == "Load High Standard") return Box(2);
-  if (caption == "Load 1st Sample") return Box(3);
+  if (caption == captions::kAcidify) return {.Row = kelp.run.SampNum, .Col = kColRb};
+  if (caption == captions::kLoadLowStandard) return Box(0);
+  if (caption == captions::kLoadHighStandard) return Box(2);
+  if (caption == captions::kLoad1stSample) return Box(3);
   if (Contains(caption, "Load Copro")) return Box(second ? 6 : 0);
   if (StartsWith(caption, "Load")) return PreviousRa(kelp);
   return {};

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "acquire/read_loop.hpp"
+#include "core/captions.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 #include "workflow/accept.hpp"
 #include "workflow/open_station.hpp"
@@ -23,7 +25,6 @@ void StartLogTimer(Kelp& kelp) {
 
 // A line that was lost while reading is opened again by the read loop; a value can be saved meanwhile.
 bool NeedsPort(Kelp& kelp) {
-  if (kelp.frmAcquire.Command1.Caption == "Start") return true;
   return !kelp.platform.PortIsOpen() && !(kelp.loop.Running && kelp.loop.PortOpened);
 }
 
@@ -35,7 +36,7 @@ void BeginReading(Kelp& kelp, const std::string& caption, bool secondCopro = fal
 
 // A loop started for an Ra keeps ReadFlag, else the Ra would be offered as an Rb.
 void BeginRa(Kelp& kelp) {
-  SetButton(kelp, {.Caption = "Reading Ra",
+  SetButton(kelp, {.Caption = captions::kReadingRa,
                    .Tip = kWaitTip,
                    .Text = "Press <spacebar> when reading is stable or wait for Autoread."});
   StartReadLoop(kelp);
@@ -65,16 +66,16 @@ void StartItem(Kelp& kelp, Item item) {
   const RunState& run = kelp.run;
   switch (item) {
     case Item::Blank:
-      BeginReading(kelp, "Read Blank");
+      BeginReading(kelp, captions::kReadBlank);
       Say(kelp, "Averaging blank readings...");
       break;
-    case Item::LowStandard: BeginReading(kelp, "Reading Low Standard"); break;
-    case Item::HighStandard: BeginReading(kelp, "Reading High Standard"); break;
-    case Item::Copro1: BeginReading(kelp, "Reading " + run.CoproLowStd); break;
-    case Item::Copro2: BeginReading(kelp, "Reading " + run.CoproHighStd, true); break;
+    case Item::LowStandard: BeginReading(kelp, captions::kReadingLowStandard); break;
+    case Item::HighStandard: BeginReading(kelp, captions::kReadingHighStandard); break;
+    case Item::Copro1: BeginReading(kelp, WithNames(run, captions::kReadingFirstCopro)); break;
+    case Item::Copro2: BeginReading(kelp, WithNames(run, captions::kReadingSecondCopro), true); break;
     case Item::Rb:
       if (!SampleIsThere(kelp) || ResumeRestored(kelp)) return;
-      BeginReading(kelp, "Reading Station Sample");
+      BeginReading(kelp, captions::kReadingStationSample);
       Say(kelp, "Reading and averaging sample reads;\n<spacebar> will manually save.");
       break;
     case Item::Ra:
@@ -133,12 +134,12 @@ void SetPrompt(Kelp& kelp, const std::string& caption, const std::string& tip,
 
 bool ReadsEndValues(const Kelp& kelp, int stepOption) {
   const std::string& caption = kelp.frmAcquire.Option1[stepOption].Caption;
-  return stepOption == kStepBlank ? caption != "Begin Blank" : Contains(caption, "End");
+  return stepOption == kStepBlank ? caption != captions::kBeginBlank : Contains(caption, "End");
 }
 
 void GoToStandby(Kelp& kelp) {
-  SetButton(kelp, {.Caption = "What's Next?", .Text = "Choose what's next."});
-  kelp.run.StepName = "STANDBY";
+  SetButton(kelp, {.Caption = captions::kChoosing, .Text = "Choose what's next."});
+  kelp.run.StepName = steps::kStandby;
   ShowScreen(kelp, kelp.frmWhatsNext.Form);
 }
 
@@ -147,14 +148,14 @@ bool ResumeRestored(Kelp& kelp) {
   const std::string sample = "Sample " + std::to_string(int{kelp.run.SampNum});
   if (resume == ResumeAt::Ra) {
     SetPrompt(
-        kelp, "Acidify", "Click to Start reading Ra",
+        kelp, captions::kAcidify, "Click to Start reading Ra",
         sample + " has its Rb. ACIDIFY if that was not done, then press <spacebar> or click [Acidify].");
     kelp.run.ReadFlag = true;
     return true;
   }
   if (resume != ResumeAt::Chooser) return false;
-  SetStep(kelp, "SAMPLE");
-  SetPrompt(kelp, "What's Next", "Click to choose what's next", "All samples are read.");
+  SetStep(kelp, steps::kSample);
+  SetPrompt(kelp, captions::kWhatsNext, "Click to choose what's next", "All samples are read.");
   ShowScreen(kelp, kelp.frmWhatsNext.Form);
   return true;
 }
@@ -162,21 +163,21 @@ bool ResumeRestored(Kelp& kelp) {
 void PromptSelectedStep(Kelp& kelp) {
   if (ResumeRestored(kelp)) return;
   const auto& option = kelp.frmAcquire.Option1;
-  const std::string& copro = kelp.run.CoproLowStd;
+  const std::string copro = WithNames(kelp.run, captions::kLoadFirstCopro);
   if (option[kStepBlank].Value)
-    SetPrompt(kelp, "Load Blank", "Load Blank then click here when stable",
+    SetPrompt(kelp, captions::kLoadBlank, "Load Blank then click here when stable",
               "Load the blank and click [Start] or press <Spacebar>.");
   else if (option[kStepStandard].Value)
-    SetPrompt(kelp, "Load Low Standard", "Load Standard then click here when stable",
+    SetPrompt(kelp, captions::kLoadLowStandard, "Load Standard then click here when stable",
               "Load the Standard and click [Start] or press <Spacebar>.");
   else if (option[kStepCopros].Value)
-    SetPrompt(kelp, "Load Copro 1", "Load Copro " + copro + " then click here when stable",
-              "Load Copro " + copro + " and click [Start] or press <Spacebar>.");
+    SetPrompt(kelp, captions::kLoadCopros, copro + " then click here when stable",
+              copro + " and click [Start] or press <Spacebar>.");
   else if (option[kStepSamples].Value)
-    SetPrompt(kelp, "Load Sample", "Load Sample then click here when stable",
+    SetPrompt(kelp, captions::kLoadSample, "Load Sample then click here when stable",
               "Load the Sample and click [Start] or press <Spacebar>.");
   else
-    SetPrompt(kelp, "&Start", "Click to Start", "Click [Start] or press <Spacebar>.");
+    SetPrompt(kelp, captions::kStart, "Click to Start", "Click [Start] or press <Spacebar>.");
 }
 
 void Command1_Click(Kelp& kelp) {
@@ -190,8 +191,8 @@ void Command1_Click(Kelp& kelp) {
   const CaptionRow row = ButtonRow(kelp);
   switch (row.Does) {
     case Phase::Idle:
-      if (caption == "S&tandby")
-        SetButton(kelp, {.Caption = "&Start"});
+      if (caption == captions::kStandby)
+        SetButton(kelp, {.Caption = captions::kStart});
       else
         PromptSelectedStep(kelp);
       break;

@@ -2,6 +2,7 @@
 #include "workflow/whats_next.hpp"
 
 #include "acquire/averaging.hpp"
+#include "core/captions.hpp"
 #include "core/config.hpp"
 #include "core/option.hpp"
 #include "core/start_button.hpp"
@@ -46,15 +47,15 @@ void NextStationByOk(Kelp& kelp) {
   OpenNextStation(kelp);
   progress.Say("Loading Next Station...");
   PromptNextStation(kelp);
-  kelp.frmAcquire.Option1[kStepBlank].Caption = "End Blank";
-  kelp.frmAcquire.Option1[kStepCopros].Caption = "EndCopr";
+  kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kEndBlank;
+  kelp.frmAcquire.Option1[kStepCopros].Caption = captions::kEndCopros;
   ClearReadingDisplays(kelp.frmAcquire);
 }
 
 void EndBlankByOk(Kelp& kelp) {
   PromptBlank(kelp);
   // As the double-click does: an end blank never overwrites the begin blank.
-  kelp.frmAcquire.Option1[kStepBlank].Caption = "End Blank";
+  kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kEndBlank;
   ClearReadingDisplays(kelp.frmAcquire);
   SelectOption(kelp.frmWhatsNext.Option1, kPrintSave);
 }
@@ -81,7 +82,7 @@ void CarryOut(Kelp& kelp, int choice) {
       break;
     case kEndCopros:
       PromptCopros(kelp);
-      kelp.frmAcquire.Option1[kStepCopros].Caption = "EndCopr";
+      kelp.frmAcquire.Option1[kStepCopros].Caption = captions::kEndCopros;
       ClearReadingDisplays(kelp.frmAcquire);
       break;
     case kPrintSave: PrintSaveByOk(kelp); break;
@@ -99,16 +100,16 @@ void QuitAtOnce(Kelp& kelp) {
 
 void BlankAtOnce(Kelp& kelp) {
   PromptBlank(kelp);
-  kelp.frmAcquire.Option1[kStepBlank].Caption = "End Blank";
+  kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kEndBlank;
   if (AskYes(kelp, "Run Another Begin Blank = Y or End Blank = N", "Begin or End Blank?"))
-    kelp.frmAcquire.Option1[kStepBlank].Caption = "Begin Blank";
+    kelp.frmAcquire.Option1[kStepBlank].Caption = captions::kBeginBlank;
 }
 
 void CoprosAtOnce(Kelp& kelp) {
   PromptCopros(kelp);
   const bool begin =
       AskYes(kelp, "Run Another Set of Begin Copros = Y or End Copros = N", "Begin or End Copros?");
-  kelp.frmAcquire.Option1[kStepCopros].Caption = begin ? "Copros" : "EndCopr";
+  kelp.frmAcquire.Option1[kStepCopros].Caption = begin ? captions::kCopros : captions::kEndCopros;
 }
 
 void CarryOutAtOnce(Kelp& kelp, int choice) {

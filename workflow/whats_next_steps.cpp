@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "workflow/whats_next_steps.hpp"
 
+#include "core/captions.hpp"
 #include "core/option.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 
 namespace kelp {
 
@@ -17,27 +19,27 @@ void Prompt(Kelp& kelp, const std::string& caption, const std::string& item) {
 }  // namespace
 
 void PromptNextStation(Kelp& kelp) {
-  SetStep(kelp, "SAMPLE");
-  Prompt(kelp, "Load Sample", "Sample");
+  SetStep(kelp, steps::kSample);
+  Prompt(kelp, captions::kLoadSample, "Sample");
 }
 
-void PromptBlank(Kelp& kelp) { Prompt(kelp, "Load Blank", "Blank"); }
+void PromptBlank(Kelp& kelp) { Prompt(kelp, captions::kLoadBlank, "Blank"); }
 
 void PromptStandards(Kelp& kelp) {
-  Prompt(kelp, "Load Low Standard", "Standard");
+  Prompt(kelp, captions::kLoadLowStandard, "Standard");
   kelp.frmAcquire.Option1[kStepStandard].Caption = "EndStnd";
 }
 
 void PromptCopros(Kelp& kelp) {
-  Prompt(kelp, "Load Copro " + kelp.run.CoproLowStd, "Copro " + kelp.run.CoproLowStd);
+  Prompt(kelp, WithNames(kelp.run, captions::kLoadFirstCopro), "Copro " + kelp.run.CoproLowStd);
 }
 
 void PutIntoStandby(Kelp& kelp) {
   FrmAcquire& form = kelp.frmAcquire;
-  SetStep(kelp, "STANDBY");
+  SetStep(kelp, steps::kStandby);
   SelectOption(form.Option1, kStepBlank);
   kelp.run.StartUp = true;
-  SetButton(kelp, {.Caption = "&Start", .Tip = "Click to Start", .Text = "Click [Start] to begin"});
+  SetButton(kelp, {.Caption = captions::kStart, .Tip = "Click to Start", .Text = "Click [Start] to begin"});
   form.txtReading.Text.clear();
 }
 

@@ -10,6 +10,7 @@
 #include "desktop/machine/desktop_run.hpp"
 #include "platform/host.hpp"
 #include "script/player.hpp"
+#include "script/this_machine.hpp"
 #include "simulator/simulated_operator.hpp"
 
 namespace kelp {
@@ -98,14 +99,9 @@ ScriptResult PlayInWindows(const Options& options) try {
   const DriveMap drives = DrivesFor(LoadSettings(), options);
   const auto disk = MakeHostDisk(drives, options.Quick ? Appends::Quick : Appends::Flushed);
   ScriptMachine machine(*disk);
-  machine.Machine = HostMachineName();
-  machine.User = HostUserName();
-  const auto print = [](const std::string& line) { std::cout << line << std::endl; };
-  machine.Echo = print;
-  machine.SetClock(options.Clock.value_or(HostNow()));
   const auto kelp = std::make_unique<Kelp>(machine);
   WindowScriptHost host(*kelp, machine);
-  host.Printer = print;
+  PutOnThisMachine(machine, host, options);
   SimulatedOperator simulated(options.Seed);
   if (options.Instrument == InstrumentKind::Simulated)
     host.Connect([&](const Kelp& program) { return simulated.NextLine(program); });

@@ -9,18 +9,10 @@
 
 namespace kelp {
 
-namespace {
-
-constexpr std::string_view kMark = ".kelp-new-";
-
-}  // namespace
-
-Temporary::Temporary(const std::string& path, const std::filesystem::path& place, unsigned mode) {
-  static unsigned count = 0;
+Temporary::Temporary(const std::string& path, const std::function<std::filesystem::path()>& newName,
+                     unsigned mode) {
   do {
-    // Hidden, so that no file dialog offers what a crash left behind.
-    name_ = place.parent_path() / ("." + place.filename().string() + std::string(kMark) +
-                                   std::to_string(::getpid()) + "-" + std::to_string(count++));
+    name_ = newName();
     file_ = OpenFile(name_, O_WRONLY | O_CREAT | O_EXCL, mode);
   } while (!file_.IsOpen() && errno == EEXIST);
   if (!file_.IsOpen()) Fail(path, errno, Doing::Writing);
@@ -40,10 +32,6 @@ void Temporary::Become(const std::string& path, const std::filesystem::path& pla
   renamed_ = true;
   error = FlushFolder(place.parent_path());
   if (error != 0) Fail(path, error, Doing::Writing);
-}
-
-bool IsTemporary(const std::string& name) {
-  return name.starts_with('.') && name.find(kMark) != std::string::npos;
 }
 
 }  // namespace kelp

@@ -2,6 +2,8 @@
 // A new file beside another one, which takes its place once its content is on the disk.
 #pragma once
 
+#include <functional>
+
 #include "platform/posix/handle.hpp"
 
 namespace kelp {
@@ -9,8 +11,8 @@ namespace kelp {
 /// Its name is taken back with its scope unless it became the file. A crash may leave one behind.
 class Temporary {
  public:
-  /// Creates it beside `place`, with a name of its own. Throws FileError, which names `path`.
-  Temporary(const std::string& path, const std::filesystem::path& place, unsigned mode);
+  /// Creates it with the first new name that is free. Throws FileError, which names `path`.
+  Temporary(const std::string& path, const std::function<std::filesystem::path()>& newName, unsigned mode);
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
   ~Temporary();
@@ -26,8 +28,5 @@ class Temporary {
   Handle file_;
   bool renamed_ = false;
 };
-
-/// True for the name of a file that a crash left behind.
-bool IsTemporary(const std::string& name);
 
 }  // namespace kelp

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The disk fails at every call that changes a file, once or until the operator mends it, over a station with
-// standards, a skipped and an added sample, an undo, F10, a restore, a recalculation and its save: told each
-// time, no value lost, and the run ends well. The program runs in this process, with an operator who reads
-// the messages and tries again. KELP_FAULTS=full tries every error at every call, KELP_FAULTS=5 at every
-// fifth.
+// The disk fails at every call that changes a file, once or until the operator mends it, over the two
+// stations of the story: told each time, no value lost, and the run ends well. The program runs in this
+// process, with an operator who reads the messages and tries again. KELP_FAULTS=full tries every error at
+// every call, KELP_FAULTS=5 at every fifth.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,13 +10,15 @@
 #include <cstring>
 #include <memory>
 #include <set>
+#include <sstream>
 
 #include "app/door.hpp"
-#include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "platform/host.hpp"
 #include "platform/scripted.hpp"
+#include "script/player.hpp"
 #include "tests/faults/shim.hpp"
+#include "tests/faults/story.hpp"
 #include "tests/support/temp_folder.hpp"
 #include "workflow/open_station.hpp"
 
@@ -40,7 +41,17 @@ class Patient : public ScriptedPlatform {
   }
 };
 
-class Station {
+// What the story stores and leaves.
+std::set<std::string> Accepted() {
+  std::set<std::string> values{"torn", "-99.000"};
+  for (const std::string& line : Lines(Story()))
+    if (StartsWith(line, "read ")) values.insert(Words(line)[1]);
+  values.erase("2.2020");  // taken back
+  return values;
+}
+
+// Plays the story, and goes on with it from whatever screen a failure leaves up.
+class Station : public ScriptHost {
  public:
   Station(const TempFolder& folder, std::string what)
       : drives_(folder.Path / "drives"), what_(std::move(what)) {
@@ -48,50 +59,34 @@ class Station {
     machine_.SetClock(local_days{year{2026} / 11 / 24} + hours{3});
   }
 
-  // Start-up, login, creation: whatever screen is up, the operator goes on from there.
-  void Open() {
-    Act([&] { Start(kelp_); });
-    kelp_.run.CfgLines[12].replace(0, 2, "2 ");
-    kelp_.run.CfgLines[13].replace(0, 2, "2 ");
-    for (int tries = 0; run().CsvFile.empty() && tries < 20; ++tries) {
-      if (kelp_.frmCreateBase.Form.Visible)
-        Create();
-      else if (kelp_.frmLogin.Form.Visible)
-        Click("frmLogin", "cmdOK");
-      else if (kelp_.frmMain.Form.Visible)
-        Click("frmMain", "Command1", 0);
-      else
-        Key(kKeyF1 + 9);
-    }
-    ASSERT_GE(run().SampCount, 3) << what_;
+  void Play() {
+    std::istringstream story(Story());
+    EXPECT_EQ(ScriptPlayer(*this).Play("-", story).message, "") << what_;
+    for (int tries = 0; !kelp_.Ended && tries < 10; ++tries)
+      for (const FocusPlace& place :
+           {FocusPlace{"frmWhatsNext", "Option1", 5}, {"frmWhatsNext", "NextButton"}})
+        Post({EventKind::Click, place});
+    EXPECT_TRUE(kelp_.Ended) << what_;
   }
 
-  void Measure() {
-    Click("frmAcquire", "Command1");
-    Save(0.0051);
-    Click("frmAcquire", "Option1", 1);
-    for (const double value : {5.1011, 44.2022}) Save(value);
-    Click("frmAcquire", "Option1", 2);
-    for (const double value : {1.531, 5.0312, 2.1234, 1.0617}) Save(value);
-    kelp_.dlgRunRem.Form.Visible = true;
-    Post({EventKind::Edit, {"dlgRunRem", "Text1"}, "torn"});
-    Click("dlgRunRem", "OKButton");
-    Click("frmAcquire", "Command5");
-    for (const double value : {3.4567, 1.9203}) Save(value);
-    accepted_.insert({"torn", "-99.000"});
-    Choose(1);
-    for (const double value : {4.101, 2.202}) Save(value);
-    Click("frmAcquire", "cmdUndo");
-    accepted_.erase("2.2020");
-    Save(2.303);
-    // The program is set up anew; the operator goes on with the station.
-    for (int tries = 0; !run().CsvFile.empty() && tries < 20; ++tries) Key(kKeyF1 + 9);
-    Open();
-    Click("frmAcquire", "Command1");
-    Key(kKeyF1 + 5);
-    Choose(2);
-    Save(0.0053);
+  Kelp& program() override { return kelp_; }
+  ScriptedPlatform& machine() override { return machine_; }
+  void Start() override {
+    Act([&] { kelp::Start(kelp_); });
   }
+  bool Post(const Event& event) override {
+    Reach(event.Place.Screen);
+    for (const int line : {12, 13}) run().CfgLines[line].replace(0, 2, "2 ");
+    Act([&] { kelp::Post(kelp_, event); });
+    return true;
+  }
+  bool Let(std::int64_t milliseconds, const std::function<bool()>& /*until*/) override {
+    machine_.Advance(milliseconds);
+    Act([&] { Pass(kelp_); });
+    Act([&] { Tick(kelp_); });
+    return false;
+  }
+  void Print(const std::string& /*line*/) override {}
 
   // A slow disk is waited for only where a value is stored: the flushes that each doing takes.
   void Time() {
@@ -103,6 +98,7 @@ class Station {
           calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end(),
           [](const DiskCall& call) { return call.Name == "fsync" || call.Name == "fdatasync"; });
     };
+    Start();
     Click("frmAcquire", "Command1");
     EXPECT_EQ(flushes([&] { Click("frmAcquire", "Command1"); }), 0);
     for (int i = 0; i < 5; ++i)
@@ -118,29 +114,25 @@ class Station {
     EXPECT_EQ(kelp_.frmAcquire.txtBlank[0].Text, "0.0050");
   }
 
-  void Finish() {
-    for (int tries = 0; !kelp_.Ended && tries < 10; ++tries) Choose(5);
-    EXPECT_TRUE(kelp_.Ended) << what_;
-  }
-
-  // The station is loaded anew from the disk and shows every value.
-  void ExpectSaved(const std::set<std::string>& accepted) {
-    Act([&] { Start(kelp_); });
+  // The stations are loaded anew from the disk and show every value.
+  void ExpectSaved() {
+    Start();
     EXPECT_EQ(Lines(machine_.disk().Read("c:\\kelp\\kelp.cfg")).size(), 41U) << what_;
     Click("frmMain", "Command1", 0);
     run().DataOutPath = "q:\\vault\\2007\\0707\\chl\\";
-    run().BaseFile = run().DataOutPath + "chl002";
-    Act([&] { LoadBaseFile(kelp_, run().BaseFile); });
     std::set<std::string> shown;
-    for (const TextBox& box : kelp_.frmAcquire.txtBlank) shown.insert(box.Text);
-    for (int row = 1; row <= 4; ++row)
-      for (int col = 0; col < 14; ++col) shown.insert(kelp_.frmAcquire.datalog.Text(row, col));
-    for (const std::string& value : accepted) EXPECT_TRUE(shown.contains(value)) << what_ << ": " << value;
-    const std::string kept = machine_.disk().Read(run().BaseFile + "Base");
-    EXPECT_EQ(Lines(kept).size(), 8U) << what_ << ": the kept copy is the file as it was created";
+    for (const auto& [number, lines] : {std::pair{"002", 8U}, {"003", 6U}}) {
+      run().ProcNum = number;
+      run().BaseFile = run().DataOutPath + "chl" + number;
+      Act([&] { LoadBaseFile(kelp_, run().BaseFile); });
+      for (const TextBox& box : kelp_.frmAcquire.txtBlank) shown.insert(box.Text);
+      for (int row = 1; row <= 4; ++row)
+        for (int col = 0; col < 14; ++col) shown.insert(kelp_.frmAcquire.datalog.Text(row, col));
+      const std::string kept = machine_.disk().Read(run().BaseFile + "Base");
+      EXPECT_EQ(Lines(kept).size(), lines) << what_ << ": the kept copy is the file as it was created";
+    }
+    for (const std::string& value : Accepted()) EXPECT_TRUE(shown.contains(value)) << what_ << ": " << value;
   }
-
-  [[nodiscard]] const std::set<std::string>& Accepted() const { return accepted_; }
 
  private:
   RunState& run() { return kelp_.run; }
@@ -170,34 +162,37 @@ class Station {
     if (machine_.Messages == messages && ++machine_.Messages >= kMessagesBeforeMended)
       TheFaults().ForGood = TheFaults().ShortWrites = false;
   }
-  void Post(const Event& event) {
-    Act([&] { kelp::Post(kelp_, event); });
-  }
   void Click(const char* screen, const char* control, int index = -1) {
     Post({EventKind::Click, {screen, control, index}});
   }
-  void Key(int key) { Post({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = key}); }
 
-  void Create() {
-    Post({EventKind::Edit, {"frmCreateBase", "Text1", 1}, "93.3 70"});
-    Post({EventKind::Edit, {"frmCreateBase", "Text1", 2}, "3"});
-    Click("frmCreateBase", "cmdCreateBase", 0);
+  [[nodiscard]] bool IsUp(const std::string& screen) { return FindWindow(kelp_, screen)->Visible; }
+
+  void Reach(const std::string& screen) {
+    if (reaching_) return;
+    reaching_ = true;
+    const auto reached = [&] { return screen == "frmAcquire" ? !run().CsvFile.empty() : IsUp(screen); };
+    for (int tries = 0; !reached() && tries < 20; ++tries) GoOn(screen);
+    EXPECT_TRUE(reached()) << what_ << ": " << screen;
+    reaching_ = false;
   }
-  void Save(double value) {
-    Click("frmAcquire", "Command1");
-    for (int i = 0; i < 2; ++i) {
-      machine_.Feed("\r\nA =" + Padded(Fixed(value, 4), 7, "L", "S") + " (RAW)");
-      machine_.Advance(1000);
-      Act([&] { Pass(kelp_); });
+  void GoOn(const std::string& screen) {
+    if (IsUp("frmCreateBase")) {
+      Post({EventKind::Edit, {"frmCreateBase", "Text1", 1}, "93.3 70"});
+      Post({EventKind::Edit, {"frmCreateBase", "Text1", 2}, run().ProcNum == "002" ? "3" : "1"});
+      Click("frmCreateBase", "cmdCreateBase", 0);
+    } else if (IsUp("frmWhatsNext")) {
+      Click("frmWhatsNext", "Option1", 0);
+      Click("frmWhatsNext", "NextButton");
+    } else if (screen == "frmWhatsNext" || (screen == "frmCreateBase" && !run().CsvFile.empty())) {
+      Click("frmAcquire", "Command1");
+    } else if (IsUp("frmLogin")) {
+      Click("frmLogin", "cmdOK");
+    } else if (IsUp("frmMain")) {
+      Click("frmMain", "Command1", 0);
+    } else {
+      Post({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 9});
     }
-    Act([&] { Tick(kelp_); });
-    Click("frmAcquire", "Command1");
-    accepted_.insert(Fixed(value, 4));
-  }
-  void Choose(int choice) {
-    if (!kelp_.frmWhatsNext.Form.Visible) Click("frmAcquire", "Command1");
-    Click("frmWhatsNext", "Option1", choice);
-    Click("frmWhatsNext", "NextButton");
   }
 
   DriveMap drives_;
@@ -205,7 +200,7 @@ class Station {
   Patient machine_{*disk_};
   Kelp kelp_{machine_};
   std::string what_;
-  std::set<std::string> accepted_ = {};
+  bool reaching_ = false;
 };
 
 // Plays the station with a fault; the calls that were made.
@@ -217,14 +212,11 @@ std::vector<DiskCall> Play(int at, int error, bool forGood, bool shortWrites = f
   faults = {
       .Root = folder.Path.string(), .At = at, .Error = error, .ForGood = forGood, .ShortWrites = shortWrites};
   auto station = std::make_unique<Station>(folder, what);
-  station->Open();
-  station->Measure();
-  station->Finish();
+  station->Play();
   std::vector<DiskCall> calls = faults.Calls;
   faults = {};
-  const std::set<std::string> accepted = station->Accepted();
   station.reset();
-  Station(folder, what).ExpectSaved(accepted);
+  Station(folder, what).ExpectSaved();
   return calls;
 }
 
@@ -235,7 +227,6 @@ TEST(Faults, Finding12ASlowDiskIsWaitedForOnlyWhenAValueIsStored) {
   TempFolder folder;
   TheFaults() = {.Root = folder.Path.string()};
   Station station(folder, "slow");
-  station.Open();
   station.Time();
   TheFaults() = {};
 }

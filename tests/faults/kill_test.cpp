@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// kelp-console is ended at every call that changes a file, over two stations with standards, a remark, a
-// skipped and an added sample, an undo, carried-over values, F10, a restore, a recalculation and both saves:
-// killed before the call, behind it and half-way through a write, or by a power cut that leaves only what was
-// flushed. Each time the stations are opened again, and every cell and box must be as the console had shown
-// it last. KELP_FAULTS=full does so at each call instead of some, KELP_FAULTS=5 at every fifth.
+// kelp-console is ended at every call that changes a file, over the two stations of the story: killed before
+// the call, behind it and half-way through a write, or by a power cut that leaves only what was flushed. Each
+// time the stations are opened again, and every cell and box must be as the console had shown it last.
+// KELP_FAULTS=full does so at each call instead of some, KELP_FAULTS=5 at every fifth.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -16,6 +15,7 @@
 #include "platform/host.hpp"
 #include "platform/scripted.hpp"
 #include "tests/faults/shim.hpp"
+#include "tests/faults/story.hpp"
 #include "tests/support/temp_folder.hpp"
 #include "workflow/open_station.hpp"
 
@@ -23,41 +23,11 @@ namespace kelp {
 
 namespace {
 
-std::string Create(const char* samples) {
-  return std::string("type frmCreateBase.Text1(1) 93.3 70\ntype frmCreateBase.Text1(2) ") + samples +
-         "\nclick frmCreateBase.cmdCreateBase(0)\nshow run.ProcNum\nshow frmAcquire.txtBlank(0)\n";
-}
-
-std::string Value(const char* number) {
-  return std::string("click frmAcquire.Command1\nread ") + number + " 2\nclick frmAcquire.Command1\n";
-}
-
-// Two reads a value and a log record in four seconds make it short.
-std::string Stations() {
-  std::string script =
-      "answer No\nanswer OK\n"
-      "click frmMain.Command1(1)\ntype frmEditCFG.Text1(211) 4000\ntype frmEditCFG.Text1(212) 2\n"
-      "type frmEditCFG.Text1(213) 2\nanswer OK\nclick frmEditCFG.Command1(0)\n"
-      "click frmMain.Command1(0)\nanswer Yes\nclick frmLogin.cmdOK\n" +
-      Create("3") + "click frmAcquire.Command1\n" + Value("0.0051");
-  script += "click frmAcquire.Option1(1)\n" + Value("5.1011") + Value("44.2022");
-  script +=
-      "click frmAcquire.Option1(2)\n" + Value("1.5310") + Value("5.0312") + Value("2.1234") + Value("1.0617");
-  script +=
-      "key frmAcquire F9\ntype dlgRunRem.Text1 torn\nclick dlgRunRem.OKButton\n"
-      "show frmAcquire.datalog(1,13)\nclick frmAcquire.Command5\n" +
-      Value("3.4567") + Value("1.9203");
-  script +=
-      "click frmWhatsNext.Option1(1)\nclick frmWhatsNext.NextButton\n" + Value("4.1010") + Value("2.2020");
-  script += "click frmAcquire.cmdUndo\nshow frmAcquire.datalog(4,4)\n" + Value("2.3030");
-  script += "click frmWhatsNext.Option1(2)\nclick frmWhatsNext.NextButton\n" + Value("0.0053");
-  script += "click frmWhatsNext.Option1(0)\nanswer Yes\nclick frmWhatsNext.NextButton\n" + Create("1") +
-            Value("2.5050");
-  script += "answer Yes\nanswer Yes\nkey frmAcquire F10\nclick frmLogin.cmdOK\nclick frmAcquire.Command1\n" +
-            Value("1.3131");
-  return script +
-         "answer Yes\nkey frmAcquire F6\nclick frmWhatsNext.Option1(5)\nclick frmWhatsNext.NextButton\n";
-}
+// A log record in four seconds makes it short.
+constexpr const char* kTwoReads =
+    "answer No\nanswer OK\n"
+    "click frmMain.Command1(1)\ntype frmEditCFG.Text1(211) 4000\ntype frmEditCFG.Text1(212) 2\n"
+    "type frmEditCFG.Text1(213) 2\nanswer OK\nclick frmEditCFG.Command1(0)\n";
 
 struct Shown {
   std::string Place;  ///< "003 Rb 1", "002 Begin Blank"
@@ -210,7 +180,7 @@ void ExpectNothingLost(const Reopened& again, const std::vector<Shown>& whole, s
 
 TEST(Faults, AKillOrAPowerCutAtAnyCallLosesNoAcceptedValue) {
   UseMemory();
-  const std::string script = Stations();
+  const std::string script = kTwoReads + Story();
   Drives unharmed;
   const Played run = unharmed.Play(script, 0, "", true);
   ASSERT_EQ(run.status, 0) << run.out;

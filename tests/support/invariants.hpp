@@ -9,6 +9,7 @@
 
 #include "core/places.hpp"
 #include "core/start_button.hpp"
+#include "core/steps.hpp"
 #include "core/text.hpp"
 
 namespace kelp {
