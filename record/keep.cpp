@@ -28,7 +28,7 @@ Changes Compare(Kelp& kelp, bool isEvent) {
   Changes changes;
   std::vector<std::size_t> indexes;
   std::size_t at = 0;
-  VisitPlaces(kelp, [&](const Place& place, const auto& field) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, const auto& field) {
     const auto& text = ValueText(field);
     std::string& known = book.Known[at];
     if (known != text) {
@@ -51,7 +51,7 @@ void AddMoved(Kelp& kelp, std::vector<RecordedValue>& values) {
   RecordBook& book = BookOf(kelp);
   if (book.Old.empty()) return;
   std::size_t at = 0;
-  VisitPlaces(kelp, [&](const Place& place, const auto& /*field*/) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, const auto& /*field*/) {
     const auto old = book.Old.find(at);
     if (old != book.Old.end() && old->second != book.Known[at])
       values.push_back({TextOf(place), "", old->second, book.Known[at], true});
@@ -63,7 +63,7 @@ void AddMoved(Kelp& kelp, std::vector<RecordedValue>& values) {
 // Every place that is not empty.
 std::vector<RecordedValue> AllValues(Kelp& kelp) {
   std::vector<RecordedValue> values;
-  VisitPlaces(kelp, [&](const Place& place, const auto& field) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, const auto& field) {
     const std::string text = ValueText(field);
     if (text.empty()) return;
     const std::string name = TextOf(place);
@@ -76,7 +76,7 @@ void Know(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
   book.Known.clear();
   book.Old.clear();
-  VisitPlaces(kelp, [&](const Place&, const auto& field) { book.Known.push_back(ValueText(field)); });
+  VisitPlaces(kelp, [&](const KeptPlace&, const auto& field) { book.Known.push_back(ValueText(field)); });
 }
 
 std::string MarkOfBase(Kelp& kelp) {
@@ -150,7 +150,7 @@ void TakeUp(Kelp& kelp) {
     book.Run = event.Run = restored.front().Run;
     Values before = FoldRun(restored).Now;
     book.Steps = StepsOf(restored);
-    VisitPlaces(kelp, [&](const Place& place, const auto& field) {
+    VisitPlaces(kelp, [&](const KeptPlace& place, const auto& field) {
       std::string& old = before[TextOf(place)];
       if (const std::string text = ValueText(field); old != text)
         event.Values.push_back({TextOf(place), "", old, text, true});
@@ -263,7 +263,7 @@ Undone UndoLast(Kelp& kelp) {
       if (!value.Moved) before[value.Place] = value.Before;
   // What only went along with a typed or recalculated value has moved on with the run since.
   const bool moves = before.contains("Command1") || before.contains("SampNum");
-  VisitPlaces(kelp, [&](const Place& place, auto& field) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, auto& field) {
     if (!moves && (place.Weight == Weight::Screen || place.Name == "StepName")) return;
     const auto value = before.find(TextOf(place));
     if (value != before.end()) SetValue(field, value->second);

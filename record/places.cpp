@@ -49,7 +49,7 @@ std::string WithoutColon(std::string text) {
 
 }  // namespace
 
-std::string WordsFor(const Kelp& kelp, const Place& place) {
+std::string WordsFor(const Kelp& kelp, const KeptPlace& place) {
   const FrmAcquire& form = kelp.frmAcquire;
   if (place.Name == "datalog") {
     const std::string& bottle = form.datalog.Text(place.A, kColBottle);

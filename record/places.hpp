@@ -14,14 +14,14 @@
 
 namespace kelp {
 
-struct Place {
+struct KeptPlace {
   std::string_view Name;
   kelp::Weight Weight = Weight::State;
   int A = -1;
   int B = -1;
 };
 
-inline std::string TextOf(const Place& place) {
+inline std::string TextOf(const KeptPlace& place) {
   std::string text(place.Name);
   if (place.A < 0) return text;
   text += "(" + std::to_string(place.A);
@@ -63,28 +63,28 @@ void VisitPlaces(Program& kelp, Visit&& visit) {
   auto& form = kelp.frmAcquire;
   VisitRunState(run, [&](const RunField& field, auto& value) {
     if constexpr (requires { ValueText(value); })
-      if (field.Kept) visit(Place{field.Name, *field.Kept}, value);
+      if (field.Kept) visit(KeptPlace{field.Name, *field.Kept}, value);
   });
-  visit(Place{"Command1", Weight::Screen}, form.Command1.Caption);
+  visit(KeptPlace{"Command1", Weight::Screen}, form.Command1.Caption);
   for (int i = 0; i < form.Option1.kCount; ++i) {
-    visit(Place{"Option1.Caption", Weight::State, i}, form.Option1[i].Caption);
-    visit(Place{"Option1.Value", Weight::Screen, i}, form.Option1[i].Value);
+    visit(KeptPlace{"Option1.Caption", Weight::State, i}, form.Option1[i].Caption);
+    visit(KeptPlace{"Option1.Value", Weight::Screen, i}, form.Option1[i].Value);
   }
-  visit(Place{"Combo1", Weight::Stored}, form.Combo1.Text);
+  visit(KeptPlace{"Combo1", Weight::Stored}, form.Combo1.Text);
   for (int i = 0; i < kBoxAutoCriterion; ++i)
-    visit(Place{"txtBlank", Weight::Counted, i}, form.txtBlank[i].Text);
+    visit(KeptPlace{"txtBlank", Weight::Counted, i}, form.txtBlank[i].Text);
   for (int i = 0; i < form.txtStaInfo.kCount; ++i)
-    visit(Place{"txtStaInfo", HeaderWeight(i), i}, form.txtStaInfo[i].Text);
+    visit(KeptPlace{"txtStaInfo", HeaderWeight(i), i}, form.txtStaInfo[i].Text);
   for (int row = 1; row < form.datalog.Rows; ++row)
     for (int col = 0; col < form.datalog.Cols; ++col)
-      visit(Place{"datalog", GridWeight(col), row, col}, form.datalog.Text(row, col));
+      visit(KeptPlace{"datalog", GridWeight(col), row, col}, form.datalog.Text(row, col));
   for (int row = 0; row < StationTable::kRows; ++row)
     for (int col = 0; col < StationTable::kCols; ++col)
-      visit(Place{"SampTbl", Weight::Stored, row, col}, run.SampTbl(row, col));
+      visit(KeptPlace{"SampTbl", Weight::Stored, row, col}, run.SampTbl(row, col));
 }
 
 /// A place in words, for people: "Ra of sample 3, bottle 09"; "" for one that only goes along.
-std::string WordsFor(const Kelp& kelp, const Place& place);
+std::string WordsFor(const Kelp& kelp, const KeptPlace& place);
 
 /// How a value was stored, in words: "Autoread", "by hand", "F7", ...
 std::string_view WordsFor(How how);

@@ -39,7 +39,7 @@ int RowsOf(const Values& values) {
 
 // The table's first rows are the base file's, but for the blanks and for remarks, which stand in the row of
 // the sample's bare number.
-bool IsBaseFileHead(const Place& place) {
+bool IsBaseFileHead(const KeptPlace& place) {
   return place.Name == "SampTbl" && place.A < StationTable::kFirstSampleRow && place.A != 2 &&
          place.B < kTblFiltererRemark;
 }
@@ -47,7 +47,7 @@ bool IsBaseFileHead(const Place& place) {
 void PutBack(Kelp& kelp, const Values& values) {
   const int rows = RowsOf(values);
   const int count = kelp.run.SampCount;
-  VisitPlaces(kelp, [&](const Place& place, auto& field) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, auto& field) {
     const std::string name = TextOf(place);
     const int sample = SampleOf(name);
     // What the screen shows at a moment follows from the place where the run goes on.

@@ -28,7 +28,7 @@ void WriteWholeStation(Kelp& kelp) {
   const std::int64_t before = book.Run;
   whole.Run = whole.Uid;
   std::size_t at = 0;
-  VisitPlaces(kelp, [&](const Place& place, const auto& /*field*/) {
+  VisitPlaces(kelp, [&](const KeptPlace& place, const auto& /*field*/) {
     const std::string& text = book.Known[at++];
     const std::string name = TextOf(place);
     if (!text.empty())
