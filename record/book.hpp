@@ -28,6 +28,7 @@ class RecordBook {
   std::string Station = {};
   std::int64_t Run = 0;
   std::int64_t LastWritten = 0;
+  std::int64_t Proven = 0;                      ///< a run that the database was seen to offer again
   bool Saved = false;                           ///< the newest event of the station is its save
   std::vector<std::string> Known = {};          ///< the places after the last event, in their order
   std::map<std::size_t, std::string> Old = {};  ///< places that moved without an event: as last written

@@ -3,52 +3,10 @@
 
 #include <algorithm>
 
+#include "record/event_rows.hpp"
 #include "record/schema.hpp"
 
 namespace kelp {
-
-namespace {
-
-constexpr const char* kColumns =
-    "id, uid, run, step, coalesce(undoes, 0), kind, at, machine, analyst, station, number, name, cruise, "
-    "how, "
-    "reads, sd, mark, rows";
-
-RecordedEvent EventAt(const Statement& row, int first) {
-  RecordedEvent event;
-  const auto text = [&](int column) { return row.Text(first + column); };
-  event.Uid = row.Number(first + 1);
-  event.Run = row.Number(first + 2);
-  event.Step = row.Number(first + 3);
-  event.Undoes = row.Number(first + 4);
-  event.Kind = text(5);
-  event.At = text(6);
-  event.Machine = text(7);
-  event.Analyst = text(8);
-  event.Station = text(9);
-  event.Number = text(10);
-  event.Name = text(11);
-  event.Cruise = text(12);
-  event.How = text(13);
-  event.Reads = static_cast<int>(row.Number(first + 14));
-  event.Sd = row.Real(first + 15);
-  event.Mark = text(16);
-  event.Rows = text(17);
-  return event;
-}
-
-std::vector<RecordedValue> ValuesOf(Statement& values, std::int64_t id) {
-  std::vector<RecordedValue> list;
-  values.Bind(1, id);
-  while (values.Row())
-    list.push_back({values.Text(0), values.Text(1), values.Text(2), values.Text(3), values.Number(4) != 0});
-  return list;
-}
-
-constexpr const char* kValues =
-    "SELECT place, what, before, after, moved FROM value WHERE event = ? ORDER BY place";
-
-}  // namespace
 
 Database::Database(Disk& disk, std::string path, Opening opening) : disk_(disk), path_(std::move(path)) {
   const std::filesystem::path place = disk.HostPlace(path_);
@@ -96,9 +54,10 @@ void Database::CheckVersion() {
   hasBegun_.emplace(
       *connection_,
       "SELECT 1 FROM event WHERE kind IN ('load', 'carry', 'whole') AND station = ? AND +uid = ?");
-  ofRun_.emplace(*connection_,
-                 ("SELECT " + std::string(kColumns) + " FROM event WHERE run = ? ORDER BY id DESC").c_str());
-  values_.emplace(*connection_, kValues);
+  ofRun_.emplace(
+      *connection_,
+      ("SELECT " + std::string(kEventColumns) + " FROM event WHERE run = ? ORDER BY id DESC").c_str());
+  values_.emplace(*connection_, kValuesOfEvent);
   addEvent_.emplace(*connection_,
                     "INSERT INTO event (uid, run, step, undoes, kind, at, machine, analyst, station, number, "
                     "name, cruise, how, reads, sd, mark, rows) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
@@ -121,7 +80,22 @@ bool FindsARow(Statement& rows) {
 bool Database::Has(std::int64_t uid) { return FindsARow(has_->Bind(1, uid)); }
 
 bool Database::HasBegun(std::int64_t run, const std::string& station) {
-  return FindsARow(hasBegun_->Bind(1, station).Bind(2, run));
+  if (!FindsARow(hasBegun_->Bind(1, station).Bind(2, run))) return false;
+  // An index may tell what the row itself has lost.
+  ofRun_->Bind(1, run);
+  bool same = false;
+  while (!same && ofRun_->Row()) {
+    const RecordedEvent event = EventAt(*ofRun_, 0);
+    same = event.Uid == run && event.Station == station;
+  }
+  ofRun_->Reset();
+  return same;
+}
+
+bool Database::IsOffered(std::int64_t run, const std::string& station) {
+  const std::vector<Run> open = OpenRuns();
+  return std::any_of(open.begin(), open.end(),
+                     [&](const Run& each) { return each.Begun.Uid == run && each.Begun.Station == station; });
 }
 
 // By the same ways that a station is brought back.
@@ -177,7 +151,7 @@ void Database::Write(const std::vector<RecordedEvent>& events) {
 }
 
 std::vector<Database::Run> Database::RunsWhere(const std::string& condition, const std::string& station) {
-  std::string begun = kColumns;
+  std::string begun = kEventColumns;
   std::vector<Run> runs;
   Statement rows(*connection_, ("SELECT " + begun + " FROM event WHERE kind IN ('load', 'carry', 'whole')" +
                                 condition + " ORDER BY id")
@@ -213,28 +187,12 @@ std::vector<Database::Run> Database::OpenRuns() {
 std::vector<RecordedEvent> Database::EventsOf(std::int64_t run) {
   std::vector<RecordedEvent> events;
   Statement rows(*connection_,
-                 ("SELECT " + std::string(kColumns) + " FROM event WHERE run = ? ORDER BY id").c_str());
-  Statement values(*connection_, kValues);
+                 ("SELECT " + std::string(kEventColumns) + " FROM event WHERE run = ? ORDER BY id").c_str());
+  Statement values(*connection_, kValuesOfEvent);
   rows.Bind(1, run);
   while (rows.Row()) {
     events.push_back(EventAt(rows, 0));
     events.back().Values = ValuesOf(values, rows.Number(0));
-  }
-  return events;
-}
-
-std::vector<RecordedEvent> Database::AllEvents() {
-  std::vector<RecordedEvent> events;
-  try {
-    Statement rows(*connection_, ("SELECT " + std::string(kColumns) + " FROM event ORDER BY id").c_str());
-    Statement values(*connection_, kValues);
-    while (rows.Row()) {
-      RecordedEvent event = EventAt(rows, 0);
-      event.Values = ValuesOf(values, rows.Number(0));
-      events.push_back(std::move(event));
-    }
-  } catch (const RecordError&) {
-    // What lies behind the damage can't be read.
   }
   return events;
 }
@@ -244,18 +202,6 @@ std::string Database::SavedRows(const std::string& station) {
                  "SELECT rows FROM event WHERE kind = 'saved' AND station = ? ORDER BY id DESC LIMIT 1");
   rows.Bind(1, station);
   return rows.Row() ? rows.Text(0) : "";
-}
-
-std::string SetAside(Disk& disk, const std::string& path, const std::string& stamp) {
-  const auto dot = path.rfind('.');
-  const std::string stem = path.substr(0, dot) + "-" + stamp;
-  std::string aside = stem + path.substr(dot);
-  for (int count = 2; disk.Exists(aside); ++count)
-    aside = stem + "-" + std::to_string(count) + path.substr(dot);
-  // Its journal goes first: SQLite would roll it back into the database that takes this place.
-  if (disk.Exists(path + "-journal")) disk.Move(path + "-journal", aside + "-journal");
-  if (disk.Exists(path)) disk.Move(path, aside);
-  return aside;
 }
 
 }  // namespace kelp

@@ -30,8 +30,11 @@ class Database {
 
   [[nodiscard]] bool Has(std::int64_t uid);
 
-  /// True where a run is found by the station it began with, as a start of the program looks for it.
+  /// True where the beginning of a run is found by its station, and whole.
   [[nodiscard]] bool HasBegun(std::int64_t run, const std::string& station);
+
+  /// True where a start of the program would offer to go on with this run.
+  [[nodiscard]] bool IsOffered(std::int64_t run, const std::string& station);
 
   /// The event that began each run, oldest first, of one station or ("") of all; and the run's last one.
   struct Run {
@@ -57,6 +60,7 @@ class Database {
  private:
   void CheckVersion();
   void WriteOne(const RecordedEvent& event);
+  bool Scan(const char* order, std::vector<RecordedEvent>& events);
   [[nodiscard]] bool GivesBack(const RecordedEvent& event);
   std::vector<Run> RunsWhere(const std::string& condition, const std::string& station);
 

@@ -56,6 +56,16 @@ bool RunIsLost(RecordBook& book, Database& record) {
          !record.HasBegun(book.Run, book.Station);
 }
 
+// Once for each run, with the first value that a start of the program has to bring back.
+void ProveThatItComesBack(RecordBook& book, Database& record) {
+  if (book.Run == 0 || book.Proven == book.Run || book.Pending.empty() ||
+      book.Pending.back().Run != book.Run || book.Pending.back().Kind != kStore)
+    return;
+  if (!record.IsOffered(book.Run, book.Station))
+    throw RecordError(record.path(), "is damaged: the open station can't be found in it", true);
+  book.Proven = book.Run;
+}
+
 // Takes what a damaged database still gives into the new one.
 void Salvage(Kelp& kelp, const std::string& aside) {
   try {
@@ -83,7 +93,10 @@ void Write(Kelp& kelp) {
     try {
       Database& record = OpenRecord(kelp);
       if (RunIsLost(book, record)) WriteWholeStation(kelp);
-      kelp.platform.Aside([&] { record.Write(book.Pending); });
+      kelp.platform.Aside([&] {
+        record.Write(book.Pending);
+        ProveThatItComesBack(book, record);
+      });
       if (!book.Pending.empty()) book.LastWritten = book.Pending.back().Uid;
       return;
     } catch (const RecordError& error) {

@@ -174,7 +174,8 @@ TEST(Record, ARecordOfAnOlderKelpGivesEveryPlaceBackByItsName) {
   Resumed again(program.disk);
   UndoLast(again.kelp);
   Values now;
-  VisitPlaces(again.kelp, [&](const KeptPlace& at, const auto& field) { now[TextOf(at)] = ValueText(field); });
+  VisitPlaces(again.kelp,
+              [&](const KeptPlace& at, const auto& field) { now[TextOf(at)] = ValueText(field); });
   for (const RecordedValue& value : event.Values) EXPECT_EQ(now[value.Place], value.After) << value.Place;
 }
 

@@ -21,14 +21,25 @@ void DrawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
 
 namespace {
 
-// On dark grounds the style's own edge can't be seen: a box to type into is told by it from one to read.
-void DrawDarkEdge(QPainter& painter, const QStyleOption& option, const QLineEdit* edit) {
-  if (edit == nullptr || edit->isReadOnly() || !edit->isEnabled() || !IsDark(option.palette)) return;
+void DrawEdge(QPainter& painter, const QStyleOption& option, double rounding) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
   painter.setPen(Paint(SchemeFor(option.palette).BoxEdge));
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), rounding, rounding);
   painter.restore();
+}
+
+// On dark grounds the style's own edge can't be seen: a box to type into is told by it from one to read.
+void DrawDarkEdge(QPainter& painter, const QStyleOption& option, const QLineEdit* edit) {
+  if (edit != nullptr && !edit->isReadOnly() && edit->isEnabled() && IsDark(option.palette))
+    DrawEdge(painter, option, 2);
+}
+
+// An empty box to tick, or a choice that is not made, is nothing but its edge.
+void DrawChoiceEdge(QPainter& painter, const QStyleOption& option, bool round) {
+  if ((option.state & QStyle::State_Enabled) != 0)
+    DrawEdge(painter, option, round ? option.rect.width() / 2.0 : 2);
 }
 
 }  // namespace
@@ -46,6 +57,8 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     DrawFocusRing(*painter, option->rect, option->palette);
   else if (element == PE_FrameLineEdit && boxOfItsOwn)
     DrawDarkEdge(*painter, *option, qobject_cast<const QLineEdit*>(widget));
+  else if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+    DrawChoiceEdge(*painter, *option, element == PE_IndicatorRadioButton);
 }
 
 void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

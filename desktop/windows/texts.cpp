@@ -103,7 +103,7 @@ void WrapText::ShowText(const QString& text) {
 // The layout moves only when the text takes another number of lines.
 void WrapText::CountLines() {
   // Before it has a place in the window there is no width to count with.
-  if (width() <= kUnplaced) return;
+  if (width() <= kUnplaced && minimumWidth() != maximumWidth()) return;
   const int height = fontMetrics().boundingRect(QRect(0, 0, width(), 10000), kWrap, ShownText()).height();
   const int lines = std::max(1, (height + fontMetrics().lineSpacing() / 2) / fontMetrics().lineSpacing());
   if (std::exchange(lines_, lines) != lines) updateGeometry();

@@ -11,6 +11,7 @@
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
+#include "desktop/windows/texts.hpp"
 #include "tests/desktop/desk.hpp"
 #include "tests/desktop/modal.hpp"
 
@@ -94,6 +95,13 @@ QString LetteringOf(const QWidget* widget) {
 void ExpectTextsWhole(const QWidget& window) {
   std::vector<const QWidget*> seen;
   for (const QWidget* widget : window.findChildren<const QWidget*>()) {
+    if (const auto* wrapped = dynamic_cast<const WrapText*>(widget)) {
+      const int lines =
+          wrapped->fontMetrics()
+              .boundingRect(0, 0, wrapped->width(), 9999, Qt::TextWordWrap, wrapped->ShownText())
+              .height();
+      EXPECT_LE(lines - 1, wrapped->height()) << wrapped->ShownText().toStdString() << " is cut off";
+    }
     const QString text = LetteringOf(widget);
     if (text.isEmpty() || !widget->isVisible()) continue;
     const QSize needed(widget->fontMetrics().horizontalAdvance(text), widget->fontMetrics().height() - 1);
@@ -113,6 +121,8 @@ TEST(Layout, ShowsEveryTextWhole) {
     QApplication::setFont(Scaled(before, letters));
     Desk desk;
     desk.OpenStation(12);
+    for (int i = 0; i < 2; ++i) desk.Click("frmAcquire", "Command1");
+    desk.Read(1.2345, 3);
     desk.caption() = "Reading Station Sample";
     desk.form().txtStaInfo[kStaFiltDate].Text = "11/23/2026";
     VisitScreens(desk.kelp, [&](std::string_view name, auto& screen) {
