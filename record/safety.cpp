@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <random>
 
-#include "core/date_time.hpp"
 #include "core/text.hpp"
 #include "record/book.hpp"
 #include "record/record.hpp"
@@ -56,14 +55,13 @@ bool RunIsLost(RecordBook& book, Database& record) {
          !record.HasBegun(book.Run, book.Station);
 }
 
-// Once for each run, with the first value that a start of the program has to bring back.
-void ProveThatItComesBack(RecordBook& book, Database& record) {
-  if (book.Run == 0 || book.Proven == book.Run || book.Pending.empty() ||
-      book.Pending.back().Run != book.Run || book.Pending.back().Kind != kStore)
-    return;
-  if (!record.IsOffered(book.Run, book.Station))
-    throw RecordError(record.path(), "is damaged: the open station can't be found in it", true);
-  book.Proven = book.Run;
+// Looked at once for each run, with the first value that a start of the program has to bring back.
+bool ComesBack(RecordBook& book, Database& record) {
+  if (book.Run == 0 || book.Proven == book.Run || book.Pending.empty()) return true;
+  const RecordedEvent& last = book.Pending.back();
+  if (last.Run != book.Run || (last.Kind != kStore && last.Kind != kWhole)) return true;
+  if (record.IsOffered(book.Run, book.Station)) book.Proven = book.Run;
+  return book.Proven == book.Run;
 }
 
 // Takes what a damaged database still gives into the new one.
@@ -93,10 +91,20 @@ void Write(Kelp& kelp) {
     try {
       Database& record = OpenRecord(kelp);
       if (RunIsLost(book, record)) WriteWholeStation(kelp);
-      kelp.platform.Aside([&] {
-        record.Write(book.Pending);
-        ProveThatItComesBack(book, record);
-      });
+      const auto write = [&] {
+        bool back = false;
+        kelp.platform.Aside([&] {
+          record.Write(book.Pending);
+          back = ComesBack(book, record);
+        });
+        return back;
+      };
+      if (!write()) {
+        book.Pending.clear();
+        WriteWholeStation(kelp);
+        if (!write())
+          throw RecordError(record.path(), "is damaged: the open station can't be found in it", true);
+      }
       if (!book.Pending.empty()) book.LastWritten = book.Pending.back().Uid;
       return;
     } catch (const RecordError& error) {
@@ -179,17 +187,6 @@ std::int64_t NewUid(Kelp& kelp) {
 RecordBook& BookOf(Kelp& kelp) {
   if (!kelp.record.Book) kelp.record.Book = std::make_shared<RecordBook>();
   return *kelp.record.Book;
-}
-
-std::string RecordTime(LocalTime time) {
-  const std::string date = ShortDate(time);
-  return date.substr(6) + "-" + date.substr(0, 2) + "-" + date.substr(3, 2) + " " + LongTime(time);
-}
-
-std::string ShownTime(const std::string& recordTime) {
-  if (recordTime.size() < 19) return recordTime;
-  return recordTime.substr(5, 2) + "/" + recordTime.substr(8, 2) + "/" + recordTime.substr(0, 4) +
-         recordTime.substr(10);
 }
 
 RecordedEvent NewEvent(Kelp& kelp, const std::string& kind, How how) {

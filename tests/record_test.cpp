@@ -8,6 +8,7 @@
 #include "record/old_journal.hpp"
 #include "record/places.hpp"
 #include "record/run_so_far.hpp"
+#include "record/sqlite.hpp"
 #include "tests/support/interrupted_station.hpp"
 
 namespace kelp {
@@ -217,6 +218,37 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
   TakeByHand(folder, 0.006);
   EXPECT_TRUE(Unsafe(folder)) << "a folder in memory can't be moved: the spare has the value";
   EXPECT_TRUE(folder.disk.Exists("d:\\backup\\record-bench.db"));
+}
+
+// Damage that the database takes without a word, in the middle of a station and at its begin.
+TEST(Record, WhatDamageHidesIsWrittenAgainWhereItCanBeRead) {
+  const char* const damages[] = {
+      "CREATE TRIGGER lost BEFORE INSERT ON value BEGIN SELECT RAISE(IGNORE); END",
+      "DROP TRIGGER event_no_update; UPDATE event SET station = 'elsewhere' WHERE kind = 'load'",
+      "DROP TRIGGER event_no_update; UPDATE event SET kind = 'note' WHERE kind = 'load'",
+      "INSERT INTO event SELECT 99, 99, 99, 99, NULL, 'load', at, machine, analyst, station, number, name, "
+      "cruise, how, "
+      "NULL, NULL, mark, rows FROM event WHERE kind = 'load'",
+  };
+  for (const char* damage : damages) {
+    SCOPED_TRACE(damage);
+    Program program;
+    RunUntilPowerCut(program);
+    // The disk fails once, so that the record is opened anew with the next value.
+    program.disk.FailBelow = "c:\\kelp";
+    program.Type("frmAcquire", "txtBlank", 0, "0.006");
+    EXPECT_TRUE(Unsafe(program));
+    program.disk.FailBelow.clear();
+    Connection connection("record", {}, false);
+    connection.Take(program.disk.Files[kRecord]);
+    connection.Run(damage);
+    program.disk.Files[kRecord] = connection.Content();
+    program.Click("frmAcquire", "Command1");
+    TakeByHand(program, 1.5);
+    EXPECT_FALSE(Unsafe(program)) << program.kelp.record.Trouble;
+    Resumed again(program.disk);
+    ExpectSameValues(again, program);
+  }
 }
 
 }  // namespace kelp
