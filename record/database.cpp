@@ -92,12 +92,6 @@ bool Database::HasBegun(std::int64_t run, const std::string& station) {
   return same;
 }
 
-bool Database::IsOffered(std::int64_t run, const std::string& station) {
-  const std::vector<Run> open = OpenRuns();
-  return std::any_of(open.begin(), open.end(),
-                     [&](const Run& each) { return each.Begun.Uid == run && each.Begun.Station == station; });
-}
-
 // By the same ways that a station is brought back.
 bool Database::GivesBack(const RecordedEvent& event) {
   std::vector<RecordedValue> wanted = event.Values;

@@ -33,9 +33,6 @@ class Database {
   /// True where the beginning of a run is found by its station, and whole.
   [[nodiscard]] bool HasBegun(std::int64_t run, const std::string& station);
 
-  /// True where a start of the program would offer to go on with this run.
-  [[nodiscard]] bool IsOffered(std::int64_t run, const std::string& station);
-
   /// The event that began each run, oldest first, of one station or ("") of all; and the run's last one.
   struct Run {
     RecordedEvent Begun;

@@ -55,15 +55,6 @@ bool RunIsLost(RecordBook& book, Database& record) {
          !record.HasBegun(book.Run, book.Station);
 }
 
-// Looked at once for each run, with the first value that a start of the program has to bring back.
-bool ComesBack(RecordBook& book, Database& record) {
-  if (book.Run == 0 || book.Proven == book.Run || book.Pending.empty()) return true;
-  const RecordedEvent& last = book.Pending.back();
-  if (last.Run != book.Run || (last.Kind != kStore && last.Kind != kWhole)) return true;
-  if (record.IsOffered(book.Run, book.Station)) book.Proven = book.Run;
-  return book.Proven == book.Run;
-}
-
 // Takes what a damaged database still gives into the new one.
 void Salvage(Kelp& kelp, const std::string& aside) {
   try {
@@ -91,20 +82,7 @@ void Write(Kelp& kelp) {
     try {
       Database& record = OpenRecord(kelp);
       if (RunIsLost(book, record)) WriteWholeStation(kelp);
-      const auto write = [&] {
-        bool back = false;
-        kelp.platform.Aside([&] {
-          record.Write(book.Pending);
-          back = ComesBack(book, record);
-        });
-        return back;
-      };
-      if (!write()) {
-        book.Pending.clear();
-        WriteWholeStation(kelp);
-        if (!write())
-          throw RecordError(record.path(), "is damaged: the open station can't be found in it", true);
-      }
+      kelp.platform.Aside([&] { record.Write(book.Pending); });
       if (!book.Pending.empty()) book.LastWritten = book.Pending.back().Uid;
       return;
     } catch (const RecordError& error) {
