@@ -80,16 +80,7 @@ bool FindsARow(Statement& rows) {
 bool Database::Has(std::int64_t uid) { return FindsARow(has_->Bind(1, uid)); }
 
 bool Database::HasBegun(std::int64_t run, const std::string& station) {
-  if (!FindsARow(hasBegun_->Bind(1, station).Bind(2, run))) return false;
-  // An index may tell what the row itself has lost.
-  ofRun_->Bind(1, run);
-  bool same = false;
-  while (!same && ofRun_->Row()) {
-    const RecordedEvent event = EventAt(*ofRun_, 0);
-    same = event.Uid == run && event.Station == station;
-  }
-  ofRun_->Reset();
-  return same;
+  return FindsARow(hasBegun_->Bind(1, station).Bind(2, run));
 }
 
 // By the same ways that a station is brought back.

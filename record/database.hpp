@@ -30,7 +30,7 @@ class Database {
 
   [[nodiscard]] bool Has(std::int64_t uid);
 
-  /// True where the beginning of a run is found by its station, and whole.
+  /// True where the beginning of a run is found by its station.
   [[nodiscard]] bool HasBegun(std::int64_t run, const std::string& station);
 
   /// The event that began each run, oldest first, of one station or ("") of all; and the run's last one.
