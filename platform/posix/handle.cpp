@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 
 #include "platform/error.hpp"
@@ -83,8 +85,9 @@ int FlushFolder(const std::filesystem::path& folder) {
   const Handle handle = OpenFile(folder, O_RDONLY | O_DIRECTORY);
   if (!handle.IsOpen()) return errno;
   // Some network and FUSE file systems can't flush a folder: what can't be had is not asked for again.
+  constexpr int kCannot[] = {EINVAL, EOPNOTSUPP, ENOTSUP, ENOSYS};
   if (::fsync(handle.fd()) == 0) return 0;
-  return errno == EINVAL || errno == EOPNOTSUPP || errno == ENOTSUP || errno == ENOSYS ? 0 : errno;
+  return std::find(std::begin(kCannot), std::end(kCannot), errno) != std::end(kCannot) ? 0 : errno;
 }
 
 }  // namespace kelp
