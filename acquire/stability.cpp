@@ -16,8 +16,8 @@ constexpr double kMargin = 0.08;  // of the span, above and below
 
 void SetScale(StabilityTrace& trace, double criterion) {
   const auto [least, most] = std::minmax_element(trace.Reads.begin(), trace.Reads.end());
-  double low = static_cast<double>(*least);
-  double high = static_cast<double>(*most);
+  auto low = static_cast<double>(*least);
+  auto high = static_cast<double>(*most);
   if (trace.Full) {
     low = std::min(low, trace.Mean - trace.Sd);
     high = std::max(high, trace.Mean + trace.Sd);

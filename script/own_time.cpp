@@ -19,12 +19,7 @@ bool OwnTimeHost::Let(std::int64_t milliseconds, const std::function<bool()>& un
     if (until && until()) return true;
     if (kelp_.Ended) return false;
     const std::int64_t now = Now();
-    if (instrument_ && now >= nextLine_) {
-      nextLine_ += kBetweenLines;
-      const std::string line = instrument_(kelp_);
-      if (machine_.PortIsOpen()) machine_.Feed(line);
-      nextPass_ = now;
-    }
+    if (instrument_ && now >= nextLine_) SendLine(now);
     if (now >= nextPass_) {
       nextPass_ = now + kBetweenPasses;
       PassNow();
@@ -37,6 +32,13 @@ bool OwnTimeHost::Let(std::int64_t milliseconds, const std::function<bool()>& un
     TickIfDue();
     if (Now() >= end) return until && until();
   }
+}
+
+void OwnTimeHost::SendLine(std::int64_t now) {
+  nextLine_ += kBetweenLines;
+  const std::string line = instrument_(kelp_);
+  if (machine_.PortIsOpen()) machine_.Feed(line);
+  nextPass_ = now;
 }
 
 }  // namespace kelp

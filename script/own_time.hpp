@@ -23,6 +23,8 @@ class OwnTimeHost : public ProgramHost {
   bool Let(std::int64_t milliseconds, const std::function<bool()>& until) override;
 
  private:
+  void SendLine(std::int64_t now);
+
   Instrument instrument_;
   std::int64_t nextPass_ = 0;
   std::int64_t nextLine_ = 1000;

@@ -36,7 +36,7 @@ void Windows::Place(ScreenWindow& window) {
   const QRect space = (owner == nullptr ? window.screen() : owner->screen())->availableGeometry();
   QSize size = window.sizeHint();
   if (screen == "frmAcquire") size = size.expandedTo({space.width() * 9 / 10, space.height() * 9 / 10});
-  if (screen != "frmWhatsNext" || geometry_.count(screen) == 0)
+  if (screen != "frmWhatsNext" || !geometry_.contains(screen))
     window.resize(size.boundedTo(space.size() - QSize(8, 40)));
   QRect place(QPoint(), window.size());
   place.moveCenter(owner == nullptr ? space.center() : owner->geometry().center());

@@ -53,11 +53,12 @@ class Durable {
     if (names == names_.end()) return;
     for (const auto& [name, entry] : names->second) {
       const auto content = contents_.find(entry.first);
+      const std::filesystem::path place = std::filesystem::path(target) / name;
       if (entry.second) {
-        std::filesystem::create_directories(target + "/" + name);
-        WriteFolder(folder + "/" + name, target + "/" + name);
+        std::filesystem::create_directories(place);
+        WriteFolder((std::filesystem::path(folder) / name).string(), place.string());
       } else {
-        std::ofstream(target + "/" + name, std::ios::binary)
+        std::ofstream(place, std::ios::binary)
             << (content == contents_.end() ? std::string() : content->second);
       }
     }

@@ -133,9 +133,8 @@ class SlipWatch {
     if (done && !dblClick && !step && !replaceYes) next_ = true;
   }
 
-  std::string WrongValue() {
-    const Kelp& kelp = *kelp_;
-    Values now = Values::Of(kelp);
+  // An Rb or Ra that became another one untold, or went into a cell that was not loaded.
+  std::string WrongCell(Values& now) {
     const bool typed =
         event_ != nullptr && (event_->Kind == EventKind::Edit || event_->Kind == EventKind::Key);
     const bool told = typed || IsKey(5) || IsKey(7) || Clicked("txtMean") || Clicked("cmdUndo") || replaceYes;
@@ -145,11 +144,19 @@ class SlipWatch {
         const std::string& before = values_.cell(row, col);
         if (before == now.cell(row, col)) continue;
         const std::string name =
-            (col == kColRb ? "Rb" : "Ra") + std::string(" of sample ") + std::to_string(row);
+            std::string(col == kColRb ? "Rb" : "Ra").append(" of sample ").append(std::to_string(row));
         const bool read = !Trim(before).empty() && Val(before) > -99;
-        if (read && !told && row != went_) wrong = name + " " + before + " became " + now.cell(row, col);
+        if (read && !told && row != went_)
+          wrong = std::string(name).append(" ").append(before).append(" became ").append(now.cell(row, col));
         if (Saved() && loaded_ != row) wrong = name + " was saved and never loaded";
       }
+    return wrong;
+  }
+
+  std::string WrongValue() {
+    const Kelp& kelp = *kelp_;
+    Values now = Values::Of(kelp);
+    std::string wrong = WrongCell(now);
     for (int box = 0; box < 10; ++box)
       if (values_.boxes[static_cast<std::size_t>(box)] != now.boxes[static_cast<std::size_t>(box)] &&
           Saved() && loaded_ != About(kelp, caption_, sample_))
