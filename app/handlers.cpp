@@ -21,7 +21,7 @@ namespace kelp {
 
 namespace {
 
-// Selects the option button or toggles the check box that was clicked.
+// Selects the option button that was clicked.
 template <auto Screen, auto Options>
 void Select(Kelp& kelp, int index) {
   SelectOption(kelp.*Screen.*Options, index);

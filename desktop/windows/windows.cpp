@@ -114,7 +114,7 @@ void Windows::Show(const std::string& screen) {
     window->show();
     // The icon follows the first window: reading it takes a sixth of the time to that.
     constexpr int kSoon = 50;
-    QTimer::singleShot(kSoon, qApp, ShowProgramIcon);
+    if (QApplication::windowIcon().isNull()) QTimer::singleShot(kSoon, qApp, ShowProgramIcon);
     if (screen == "frmWhatsNext" || screen == "frmRecalc") {
       resting_ = window;
       rest_.setRemainingTime(KeyRest);
