@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a damaged database still gives, and where it goes.
 #include <algorithm>
+#include <set>
 
 #include "record/database.hpp"
 #include "record/event_rows.hpp"
@@ -39,13 +40,16 @@ bool Database::Scan(const char* order, std::vector<RecordedEvent>& events) {
   }
 }
 
-// From both ends: what lies behind the damage is the newest.
+// From both ends: what lies behind the damage is the newest. Each number once, as a database takes it.
 std::vector<RecordedEvent> Database::AllEvents() {
   std::vector<RecordedEvent> events;
-  if (Scan("ASC", events)) return events;
-  std::vector<RecordedEvent> newest;
-  Scan("DESC", newest);
-  events.insert(events.end(), newest.rbegin(), newest.rend());
+  if (!Scan("ASC", events)) {
+    std::vector<RecordedEvent> newest;
+    Scan("DESC", newest);
+    events.insert(events.end(), newest.rbegin(), newest.rend());
+  }
+  std::set<std::int64_t> given;
+  std::erase_if(events, [&](const RecordedEvent& event) { return !given.insert(event.Uid).second; });
   return events;
 }
 
