@@ -190,6 +190,8 @@ class Station : public ScriptHost {
       Click("frmLogin", "cmdOK");
     } else if (IsUp("frmMain")) {
       Click("frmMain", "Command1", 0);
+    } else if (screen == "frmAcquire" && !run().BaseFile.empty()) {
+      Click("frmAcquire", "Command1");
     } else {
       Post({.Kind = EventKind::Key, .Place = {"frmAcquire"}, .Key = kKeyF1 + 9});
     }
