@@ -2,6 +2,7 @@
 #include "desktop/windows/stability_view.hpp"
 
 #include <QPainter>
+#include <cmath>
 
 #include "core/numbers.hpp"
 #include "desktop/windows/look.hpp"
@@ -56,11 +57,11 @@ void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   const auto y = [&](double value) {
     return plot.bottom() - (value - trace_.Low) / (trace_.High - trace_.Low) * plot.height();
   };
+  digits_.Use(small, Paint(scheme.ChartInk), devicePixelRatioF());
   const auto number = [&](double value, double middle) {
     const QString text = FromProgram(SavedText(value));
-    painter.drawText(QPointF(left - 6 - metrics.horizontalAdvance(text),
-                             middle - metrics.height() / 2.0 + metrics.ascent()),
-                     text);
+    digits_.Draw(painter,
+                 QPointF(left - 6 - digits_.Width(text), std::round(middle - metrics.height() / 2.0)), text);
   };
   if (trace_.Full) {
     painter.fillRect(QRectF(QPointF(plot.left(), y(trace_.Mean + trace_.Sd)),

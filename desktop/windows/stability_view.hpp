@@ -27,6 +27,7 @@ class StabilityView : public ValueWidget {
   void PaintReads(QPainter& painter, const std::vector<QPointF>& dots);
 
   const Kelp& kelp_;
+  DigitPictures digits_ = {};
   QPixmap dot_ = {};  ///< one read, in the colour and at the scale it was drawn for
   QColor dotColor_ = {};
   StabilityTrace trace_ = {};

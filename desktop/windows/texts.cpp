@@ -100,12 +100,26 @@ void WrapText::ShowText(const QString& text) {
   CountLines();
 }
 
-// The layout moves only when the text takes another number of lines.
+void WrapText::LayOut() {
+  layout_.setFont(font());
+  layout_.setText(QString(ShownText()).replace('\n', QChar::LineSeparator));
+  layout_.beginLayout();
+  int lines = 0;
+  for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
+    line.setLineWidth(width());
+    line.setPosition(QPointF(0, lines++ * fontMetrics().lineSpacing()));
+  }
+  layout_.endLayout();
+  laidOutFor_ = width();
+}
+
+// The window's layout moves only when the text takes another number of lines.
 void WrapText::CountLines() {
+  laidOutFor_ = -1;
   // Before it has a place in the window there is no width to count with.
   if (width() <= kUnplaced && minimumWidth() != maximumWidth()) return;
-  const int height = fontMetrics().boundingRect(QRect(0, 0, width(), 10000), kWrap, ShownText()).height();
-  const int lines = std::max(1, (height + fontMetrics().lineSpacing() / 2) / fontMetrics().lineSpacing());
+  LayOut();
+  const int lines = std::max(1, layout_.lineCount());
   if (std::exchange(lines_, lines) != lines) updateGeometry();
 }
 
@@ -124,9 +138,11 @@ void WrapText::changeEvent(QEvent* event) {
 }
 
 void WrapText::paintEvent(QPaintEvent* /*event*/) {
+  if (laidOutFor_ != width()) LayOut();
   QPainter painter(this);
   painter.setPen(ink_ != nullptr ? ink_(palette()) : palette().color(QPalette::WindowText));
-  painter.drawText(rect(), kWrap, ShownText());
+  const int tall = fontMetrics().height() + (layout_.lineCount() - 1) * fontMetrics().lineSpacing();
+  layout_.draw(&painter, QPointF(0, (height() - tall) / 2));
 }
 
 AlarmBand::AlarmBand(QWidget* parent)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QTextLayout>
 
 #include "app/alarms.hpp"
 #include "desktop/windows/value_widget.hpp"
@@ -46,9 +47,12 @@ class WrapText : public ValueWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  void LayOut();
   void CountLines();
 
   QColor (*ink_)(const QPalette&) = nullptr;
+  QTextLayout layout_ = {};  ///< of the text as it is shown, shaped once for counting and painting
+  int laidOutFor_ = -1;      ///< the width of that; -1 while there is none
   int lines_ = 1;
 };
 

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "desktop/windows/focus_style.hpp"
@@ -80,23 +81,35 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
   if (hasFocus()) DrawFocusRing(painter, rect(), palette());
   QFont font = FittedFont();
   if (faint_) font.setBold(false);
-  painter.setFont(font);
   const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   const auto role = frame_ == Frame::Line ? QPalette::Text : QPalette::WindowText;
-  painter.setPen(faint_ ? FaintText(palette()) : palette().color(group, role));
-  // At a place, not in a box: laying a text out in a box takes Qt five times as long, at every reading.
-  const QFontMetrics metrics = painter.fontMetrics();
+  const QColor ink = faint_ ? FaintText(palette()) : palette().color(group, role);
   const int room = width() - 2 * kPad;
   QString text = ShownText();
+  if (DigitPictures::Knows(text)) {
+    pictures_.Use(font, ink, devicePixelRatioF());
+    if (const double wide = pictures_.Width(text); wide <= room) {
+      pictures_.Draw(painter, QPointF(LeftOf(wide), (height() - pictures_.Height()) / 2), text);
+      return;
+    }
+  }
+  painter.setFont(font);
+  painter.setPen(ink);
+  // At a place, not in a box: laying a text out in a box takes Qt five times as long, at every reading.
+  const QFontMetrics metrics = painter.fontMetrics();
   int wide = metrics.horizontalAdvance(text);
   if (wide > room) {
     text = metrics.elidedText(text, elide_, room);
     wide = metrics.horizontalAdvance(text);
   }
-  const int left = align_.testFlag(Qt::AlignRight)     ? room - wide
-                   : align_.testFlag(Qt::AlignHCenter) ? (room - wide) / 2
-                                                       : 0;
-  painter.drawText(kPad + left, (height() - metrics.height()) / 2 + metrics.ascent(), text);
+  painter.drawText(QPointF(LeftOf(wide), (height() - metrics.height()) / 2 + metrics.ascent()), text);
+}
+
+double ValueBox::LeftOf(double wide) const {
+  const double free = width() - 2 * kPad - wide;
+  return kPad + (align_.testFlag(Qt::AlignRight)     ? free
+                 : align_.testFlag(Qt::AlignHCenter) ? std::floor(free / 2)
+                                                     : 0);
 }
 
 void ValueBox::mousePressEvent(QMouseEvent* event) { pressed_ = event->button() == Qt::LeftButton; }

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "desktop/windows/digit_pictures.hpp"
+
 namespace kelp {
 
 class ValueWidget : public QWidget {
@@ -53,6 +55,8 @@ class ValueBox : public ValueWidget {
 
  private:
   [[nodiscard]] QFont FittedFont() const;
+  /// Where a text begins that takes `wide` of the width.
+  [[nodiscard]] double LeftOf(double wide) const;
 
   int digits_;
   Frame frame_;
@@ -64,6 +68,7 @@ class ValueBox : public ValueWidget {
   bool usable_ = false;
   bool pressed_ = false;
   std::function<void()> use_;
+  DigitPictures pictures_ = {};
 };
 
 }  // namespace kelp

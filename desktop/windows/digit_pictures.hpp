@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Draws numbers from pictures of their digits: looking up a font, shaping a text and filling large letters is
+// most of what a reading costs, and a number has but a dozen different characters.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <map>
+
+class QPainter;
+
+namespace kelp {
+
+class DigitPictures {
+ public:
+  /// True for a text of digits and what stands in numbers and between them.
+  [[nodiscard]] static bool Knows(const QString& text);
+
+  /// What is drawn from here on has this font and colour, at the scale of the widget's display.
+  void Use(const QFont& font, const QColor& ink, double scale);
+  [[nodiscard]] int Height() const { return height_; }
+  [[nodiscard]] double Width(const QString& text);
+  /// Draws a known text whose line begins at `place`, its upper left corner.
+  void Draw(QPainter& painter, QPointF place, const QString& text);
+
+ private:
+  struct Picture {
+    QPixmap Ink;
+    double Advance = 0;
+  };
+  const Picture& Of(QChar character);
+
+  QFont font_ = {};
+  QColor ink_ = {};
+  double scale_ = 0;
+  int height_ = 0;
+  int overhang_ = 0;  ///< what a digit may need beside its own width
+  std::map<QChar, Picture> pictures_ = {};
+};
+
+}  // namespace kelp
