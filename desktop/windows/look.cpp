@@ -87,6 +87,17 @@ QFont Scaled(const QFont& font, double factor, bool bold) {
   return scaled;
 }
 
+// Most sizes are judged in letters of the plain size: for each other one Qt searches the machine's fonts.
+QFont LargestFont(const QFont& font, int most, const std::function<bool(const QFont&, double)>& fits) {
+  constexpr int kLeast = 7;
+  const QFont plain = Scaled(font, 1, true);
+  int tenths = most;
+  while (tenths > kLeast && !fits(plain, tenths / 10.0)) --tenths;
+  QFont largest = Scaled(font, tenths / 10.0, true);
+  while (tenths > kLeast && !fits(largest, 1)) largest = Scaled(font, --tenths / 10.0, true);
+  return largest;
+}
+
 int DigitsWidth(const QWidget& widget, int digits) {
   return QFontMetrics(widget.font()).horizontalAdvance('0') * digits;
 }

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QString>
+#include <functional>
 #include <string>
 
 #include "app/scheme.hpp"
@@ -39,6 +40,10 @@ QColor WarnInk(const QPalette& palette);    ///< something wants attention
 
 /// The widget's font, `factor` times as large.
 QFont Scaled(const QFont& font, double factor, bool bold = false);
+
+/// The font in bold, at the largest of `most` to 7 tenths of its size in which a text `fits`: that is asked
+/// with a font and how many times smaller than the space its room is.
+QFont LargestFont(const QFont& font, int most, const std::function<bool(const QFont&, double)>& fits);
 
 /// The width of `digits` digits in the widget's font.
 int DigitsWidth(const QWidget& widget, int digits);

@@ -134,11 +134,10 @@ void StatePlate::paintEvent(QPaintEvent* /*event*/) {
   const QRectF shape(height() * 0.3, (height() - size) / 2, size, size);
   PaintShape(painter, state_, shape, ink);
   const QRect words = rect().adjusted(static_cast<int>(shape.right() + size * 0.4), 0, -6, 0);
-  for (int tenths = 15; tenths >= 7; --tenths) {
-    painter.setFont(Scaled(font(), tenths / 10.0, true));
-    const QSize needed = painter.fontMetrics().size(0, ShownText());
-    if (needed.width() <= words.width() && needed.height() <= words.height()) break;
-  }
+  painter.setFont(LargestFont(font(), 15, [&](const QFont& bold, double factor) {
+    const QSize needed = QFontMetrics(bold).size(0, ShownText());
+    return needed.boundedTo(words.size() / factor) == needed;
+  }));
   painter.setPen(ink);
   painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft, ShownText());
 }

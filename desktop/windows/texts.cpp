@@ -83,11 +83,10 @@ void InstructionBox::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(inner, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), time_);
     inner.setRight(inner.right() - width);
   }
-  for (int tenths = 18; tenths >= 7; --tenths) {
-    painter.setFont(Scaled(font(), tenths / 10.0, true));
-    const QRect needed = painter.fontMetrics().boundingRect(inner, kWrap, ShownText());
-    if (needed.height() <= inner.height() && needed.width() <= inner.width()) break;
-  }
+  painter.setFont(LargestFont(font(), 18, [&](const QFont& bold, double factor) {
+    const QRect room(QPoint(), inner.size() / factor);
+    return room.contains(QFontMetrics(bold).boundingRect(room, kWrap, ShownText()));
+  }));
   painter.drawText(inner, kWrap, ShownText());
 }
 
