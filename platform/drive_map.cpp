@@ -52,7 +52,7 @@ std::vector<std::string> NamesOf(const std::string& path) {
       throw FileError(path,
                       "\"" + name + "\" holds a / or :, which no name may hold; use \\ between folders");
     if (const std::string why = kHostIsWindows ? WhyNoWindowsName(name) : ""; !why.empty())
-      throw FileError(path, std::string("\"").append(name).append("\" ").append(why));
+      throw FileError(path, "\"" + name + "\" " + why);
     names.push_back(name);
   }
   return names;

@@ -258,9 +258,9 @@ Undone UndoLast(Kelp& kelp) {
   RecordBook& book = BookOf(kelp);
   const std::vector<RecordedEvent> step = book.Steps.back();
   Values before;
-  for (auto event = step.rbegin(); event != step.rend(); ++event)
-    for (const RecordedValue& value : event->Values)
-      if (!value.Moved) before[value.Place] = value.Before;
+  for (const RecordedEvent& event : step)
+    for (const RecordedValue& value : event.Values)
+      if (!value.Moved) before.emplace(value.Place, value.Before);
   // What only went along with a typed or recalculated value has moved on with the run since.
   const bool moves = before.contains("Command1") || before.contains("SampNum");
   VisitPlaces(kelp, [&](const KeptPlace& place, auto& field) {

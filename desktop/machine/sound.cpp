@@ -73,7 +73,7 @@ QString Sound::FileOf(Cue cue) {
 }
 
 void Sound::Play(Cue cue) {
-  if (!On || Off.count(cue) > 0) return;
+  if (!On || Off.contains(cue)) return;
   PlayNow(cue);
 }
 

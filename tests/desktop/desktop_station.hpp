@@ -52,7 +52,7 @@ struct Played {
   std::map<QString, QString> files;
 };
 
-inline Played Play(const QString& program, QStringList words, const QByteArray& script) {
+inline Played Play(const QString& program, const QStringList& words, const QByteArray& script) {
   const Drives drives;
   const QTemporaryDir place;
   WriteFile(place.filePath("s.ks"), script);

@@ -147,7 +147,7 @@ void Run(Desk& desk, Camera& camera) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   QApplication app(argc, argv);
   const QStringList words = QApplication::arguments();
   if (words.size() < 2) {
@@ -165,4 +165,7 @@ int main(int argc, char** argv) {
   Run(desk, camera);
   TakeReviewPictures(desk, words[1]);
   return 0;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "kelp-screenshots: %s\n", error.what());
+  return 1;
 }
