@@ -11,17 +11,20 @@ namespace {
 
 constexpr const char* kEnd = "\r\n";
 
+// The length of the UTF-8 sequence that begins with a byte, 0 when none does.
+std::size_t LengthBy(unsigned first) {
+  if (first < 0x80) return 1;
+  if (first < 0xC2) return 0;
+  return first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 0;
+}
+
 // The length of the UTF-8 sequence at `i`, 0 when the bytes there are none.
 std::size_t SequenceAt(const std::string& text, std::size_t i) {
   const auto byte = [&](std::size_t at) {
     return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
   };
   const unsigned first = byte(i);
-  const std::size_t length = first < 0x80                    ? 1
-                             : first >= 0xC2 && first < 0xE0 ? 2
-                             : first >= 0xE0 && first < 0xF0 ? 3
-                             : first >= 0xF0 && first < 0xF5 ? 4
-                                                             : 0;
+  const std::size_t length = LengthBy(first);
   for (std::size_t k = 1; k < length; ++k)
     if ((byte(i + k) & 0xC0U) != 0x80) return 0;
   const unsigned second = byte(i + 1);

@@ -144,6 +144,39 @@ TEST(Layout, ShowsEveryTextWhole) {
   }
 }
 
+// Where a picture is darker than its first point, and by how much in all.
+std::pair<QRect, int> InkIn(const QImage& image) {
+  QRect where;
+  int ink = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (const int dark = qGray(image.pixel(0, 0)) - qGray(image.pixel(x, y)); dark > 40) {
+        where |= QRect(x, y, 1, 1);
+        ink += dark;
+      }
+  return {where, ink};
+}
+
+// From pictures of its digits; with a mark that nobody sees it is drawn in letters.
+TEST(Reading, IsDrawnAsItsFontWouldDrawIt) {
+  for (const double largest : {0.0, 2.0, 9.0})
+    for (const bool faint : {false, true}) {
+      ValueBox box(8, ValueBox::Frame::None, Qt::AlignRight, nullptr);
+      if (largest > 0) box.FillWithText(largest);
+      box.SetFaint(faint);
+      box.resize(600, 120);
+      const auto ink = [&](const QString& text) {
+        box.ShowText(text);
+        return InkIn(box.grab().toImage());
+      };
+      const auto [where, dark] = ink("-50.17");
+      const auto [wanted, wantedDark] = ink(QString("-50.17") + QChar(0x200B));
+      EXPECT_TRUE(wanted.adjusted(-1, -1, 1, 1).contains(where)) << largest;
+      EXPECT_TRUE(where.adjusted(-1, -1, 1, 1).contains(wanted)) << largest;
+      EXPECT_NEAR(dark, wantedDark, wantedDark / 8) << largest;
+    }
+}
+
 TEST(StripChart, DrawsTheLastValuesInTheTraceColour) {
   Desk desk;
   desk.OpenStation(1);
