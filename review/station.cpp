@@ -70,6 +70,7 @@ Station MeasuredStation(const StationFile& file) {
 
 std::vector<Station> MeasuredStations(const std::vector<StationFile>& files) {
   std::vector<Station> stations;
+  stations.reserve(files.size());
   for (const StationFile& file : files) stations.push_back(MeasuredStation(file));
   return stations;
 }
