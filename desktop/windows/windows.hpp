@@ -79,6 +79,8 @@ class Windows : public QObject {
   /// The window that a widget belongs to, or null for message boxes and other windows.
   [[nodiscard]] ScreenWindow* WindowAround(const QWidget* widget) const;
   void TakeFocus(const FocusPlace& place);
+  /// True when a key of a widget was taken and goes no further.
+  bool TakeKey(const QKeyEvent& key, QWidget& widget, const ScreenWindow& window);
   void SendFocus();
   void ShowFocus();
   static void GiveFocus(QWidget* widget);

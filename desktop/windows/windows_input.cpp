@@ -82,9 +82,8 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
     }
     resting_ = nullptr;
   }
-  const FocusPlace* place = window->Controls.PlaceOf(widget);
   if (type == QEvent::FocusIn) {
-    if (place != nullptr) TakeFocus(*place);
+    if (const FocusPlace* place = window->Controls.PlaceOf(widget)) TakeFocus(*place);
     return false;
   }
   // Scrolling past the operator's initials must not change them.
@@ -94,18 +93,23 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
     if (IsProgramKey(key)) event->accept();
     return IsProgramKey(key);
   }
+  return TakeKey(key, *widget, *window);
+}
+
+bool Windows::TakeKey(const QKeyEvent& key, QWidget& widget, const ScreenWindow& window) {
   // A key that a widget leaves is offered to its parents too; the program has had its say by then.
-  const QWidget* focus = window->focusWidget();
-  if (focus != nullptr && focus != widget) return false;
-  if (key.key() == Qt::Key_P && key.modifiers() == Qt::ControlModifier && window->Screen() == "frmAcquire") {
+  const QWidget* focus = window.focusWidget();
+  if (focus != nullptr && focus != &widget) return false;
+  if (key.key() == Qt::Key_P && key.modifiers() == Qt::ControlModifier && window.Screen() == "frmAcquire") {
     if (!key.isAutoRepeat()) ProfileWanted();
     return true;
   }
-  const auto meaning = EventOfKey(key, *widget, window->Screen(), place);
+  const FocusPlace* place = window.Controls.PlaceOf(&widget);
+  const auto meaning = EventOfKey(key, widget, window.Screen(), place);
   if (!meaning) return false;
   // A key held down is one key press: a second save must be meant.
   const bool typing = meaning->Kind == EventKind::Key && meaning->Key < 256 && meaning->Key != kKeyEnter &&
-                      dynamic_cast<GridView*>(widget) != nullptr;
+                      dynamic_cast<GridView*>(&widget) != nullptr;
   if (key.isAutoRepeat() && !typing) return true;
   // The key is meant for the widget that has it, whatever the window system told of the focus so far.
   if (place != nullptr) TakeFocus(*place);
