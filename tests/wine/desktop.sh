@@ -95,8 +95,12 @@ echo kept >"$WINEPREFIX/drive_c/kelp/kelp.cfg"
 "$wine" "$setup" /S /CurrentUser
 [ -e "$place/kelp.exe" ] && [ -e "$place/mine.txt" ] || fail 'the upgrade lost a file'
 "$wine" "$place/uninstall.exe" /CurrentUser /S
-for _ in $(seq 50); do [ -e "$place/kelp.exe" ] || break; sleep 0.2; done
-left=$(cd "$place" && find . -type f)
+# It goes on in a copy of itself when this command has ended.
+for _ in $(seq 100); do
+  left=$(cd "$place" && find . -type f)
+  [ "$left" = ./mine.txt ] && [ ! -e "$menu" ] && break
+  sleep 0.2
+done
 [ "$left" = ./mine.txt ] || fail "left behind: $left"
 [ -e "$menu" ] && fail 'the start menu has Kelp still'
 [ "$(cat "$WINEPREFIX/drive_c/kelp/kelp.cfg")" = kept ] || fail 'the configuration is gone'
