@@ -99,6 +99,7 @@ std::vector<OldStation> ReadOldJournal(std::string_view content) {
     if (best == nullptr || section.Whole || !best->Whole) best = &section;
   }
   std::vector<OldStation> stations;
+  stations.reserve(newest.size());
   for (const auto& [name, section] : newest) stations.push_back(section->Station);
   return stations;
 }

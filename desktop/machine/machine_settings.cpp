@@ -69,7 +69,7 @@ QString SaveSettings(const MachineSettings& settings) {
   store.setValue(QStringLiteral("editor"), settings.Editor);
   store.setValue(QStringLiteral("printer"), settings.Printer);
   store.setValue(QStringLiteral("sound"), settings.Sound);
-  for (const Cue cue : kCues) store.setValue(CueKey(cue), settings.SoundsOff.count(cue) == 0);
+  for (const Cue cue : kCues) store.setValue(CueKey(cue), !settings.SoundsOff.contains(cue));
   store.setValue(QStringLiteral("scheme"), kSchemes[static_cast<std::size_t>(settings.Scheme)]);
   store.setValue(QStringLiteral("preview"), settings.Preview);
   store.sync();
