@@ -141,7 +141,8 @@ void WrapText::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setPen(ink_ != nullptr ? ink_(palette()) : palette().color(QPalette::WindowText));
   const int tall = fontMetrics().height() + (layout_.lineCount() - 1) * fontMetrics().lineSpacing();
-  layout_.draw(&painter, QPointF(0, (height() - tall) / 2));
+  const int top = (height() - tall) / 2;
+  layout_.draw(&painter, QPointF(0, top));
 }
 
 AlarmBand::AlarmBand(QWidget* parent)

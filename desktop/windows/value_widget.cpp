@@ -89,7 +89,8 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
   if (DigitPictures::Knows(text)) {
     pictures_.Use(font, ink, devicePixelRatioF());
     if (const double wide = pictures_.Width(text); wide <= room) {
-      pictures_.Draw(painter, QPointF(LeftOf(wide), (height() - pictures_.Height()) / 2), text);
+      const int top = (height() - pictures_.Height()) / 2;
+      pictures_.Draw(painter, QPointF(LeftOf(wide), top), text);
       return;
     }
   }
@@ -102,7 +103,8 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
     text = metrics.elidedText(text, elide_, room);
     wide = metrics.horizontalAdvance(text);
   }
-  painter.drawText(QPointF(LeftOf(wide), (height() - metrics.height()) / 2 + metrics.ascent()), text);
+  const int line = (height() - metrics.height()) / 2 + metrics.ascent();
+  painter.drawText(QPointF(LeftOf(wide), line), text);
 }
 
 double ValueBox::LeftOf(double wide) const {
