@@ -85,7 +85,7 @@ TEST(Record, UndoGoesBackStepByStepToTheLoadAlsoAfterACrash) {
   // Characters typed into one cell are one doing.
   Post(program.kelp, {EventKind::SelectCell, {"frmAcquire", "datalog"}, "", 0, 2, kColDepth});
   doing([&] {
-    for (const int key : {'1', '0'}) program.Key("frmAcquire", key);
+    for (const int key : {int{'1'}, int{'0'}}) program.Key("frmAcquire", key);
   });
   ASSERT_EQ(program.cell(2, kColDepth), "310");
   Resumed again(program.disk);
