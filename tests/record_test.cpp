@@ -205,8 +205,8 @@ TEST(Record, Finding02ADatabaseThatCanNotBeUsedIsSetAsideAndCostsNoValue) {
       "UPDATE sqlite_master SET sql=replace(sql, ' UNIQUE', '') WHERE name='event'";
   const char* const repeated =
       "DROP TRIGGER event_no_replace; INSERT INTO event SELECT 99, uid, run, step, NULL, 'note', at, "
-      "machine, "
-      "analyst, station, number, name, cruise, how, NULL, NULL, mark, rows FROM event WHERE kind='load'";
+      "machine, analyst, station, number, name, cruise, how, NULL, NULL, mark, rows FROM event WHERE "
+      "kind='load'";
   cases.emplace_back("with a number twice, longer",
                      Changed(Changed(whole, numbersMayRepeat), repeated) + "x");
   for (std::size_t length = 1; length < whole.size(); length += whole.size() / 23)

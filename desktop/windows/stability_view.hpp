@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acquire/stability.hpp"
+#include "desktop/windows/digit_pictures.hpp"
 #include "desktop/windows/value_widget.hpp"
 
 namespace kelp {

@@ -14,6 +14,7 @@
 #include "desktop/windows/screen_window.hpp"
 
 class QAbstractButton;
+class QKeyEvent;
 class QPushButton;
 
 namespace kelp {

@@ -144,10 +144,9 @@ class SlipWatch {
         const std::string& before = values_.cell(row, col);
         if (before == now.cell(row, col)) continue;
         const std::string name =
-            std::string(col == kColRb ? "Rb" : "Ra").append(" of sample ").append(std::to_string(row));
+            (col == kColRb ? "Rb" : "Ra") + std::string(" of sample ") + std::to_string(row);
         const bool read = !Trim(before).empty() && Val(before) > -99;
-        if (read && !told && row != went_)
-          wrong = std::string(name).append(" ").append(before).append(" became ").append(now.cell(row, col));
+        if (read && !told && row != went_) wrong = name + " " + before + " became " + now.cell(row, col);
         if (Saved() && loaded_ != row) wrong = name + " was saved and never loaded";
       }
     return wrong;
