@@ -47,13 +47,14 @@ void HostDisk::Replace(const std::string& path, const std::string& content) {
 }
 
 void HostDisk::AppendText(const std::string& path, const std::string& text, bool flush) {
-  const Place place = flush ? drives_.HostPath(path) : PlaceOfLog(path);
+  const bool log = !flush && doubtful_.empty();
+  const Place place = log ? Place() : drives_.HostPath(path);
   if (doubtful_.contains(place) && Exists(path)) {
     const std::string content = Read(path);
     Replace(path, content + (content.empty() || content.ends_with('\n') ? "" : "\r\n") + text);
     return;
   }
-  const std::unique_ptr<Tail> file = OpenTail(path, place);
+  const std::unique_ptr<Tail> file = log ? OpenLog(path) : OpenTail(path, place);
   ErrorNumber error = file->Write(MissingLineEnd(file->LastByte()) + text);
   if (error == 0) {
     if (!flush) {

@@ -81,8 +81,10 @@ class HostDisk : public Disk {
   virtual void MakeFolders(const std::string& path, const Place& place) = 0;
   /// What holds a file for this process until it ends; empty when another one holds it.
   virtual std::vector<std::shared_ptr<void>> Hold(const std::string& path, const Place& place) = 0;
-  /// Where a log lies, which is looked up with every reading.
-  virtual Place PlaceOfLog(const std::string& path) { return drives_.HostPath(path); }
+  /// Opens a log, which gets a line at every tick.
+  virtual std::unique_ptr<Tail> OpenLog(const std::string& path) {
+    return OpenTail(path, drives_.HostPath(path));
+  }
   /// Plain words for what went wrong while something was written.
   [[nodiscard]] virtual std::string Reason(ErrorNumber error) const = 0;
 

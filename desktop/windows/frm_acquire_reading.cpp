@@ -43,6 +43,7 @@ QWidget* FrmAcquireWindow::MakeTopLine() {
   layout->addWidget(step_, 5);
   layout->addWidget(last_, 3);
   layout->addWidget(plate_);
+  GiveGround(line);
   return line;
 }
 
@@ -111,6 +112,7 @@ QWidget* FrmAcquireWindow::MakeReading() {
   number->addWidget(beside_);
   layout->addLayout(number, 1);
   layout->addLayout(stats);
+  GiveGround(panel);
   return panel;
 }
 

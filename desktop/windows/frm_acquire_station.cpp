@@ -131,6 +131,7 @@ QWidget* FrmAcquireWindow::MakeStatusBar(QAbstractButton* soundSwitch) {
   layout->setSpacing(0);
   layout->addWidget(Controls("StatusBar1"));
   layout->addLayout(state);
+  GiveGround(bar);
   return bar;
 }
 

@@ -110,6 +110,11 @@ void SetLook(QWidget* widget, double factor, bool bold) {
   widget->setFont(Scaled(widget->font(), factor, bold));
 }
 
+void GiveGround(const QWidget* panel) {
+  for (auto* child : panel->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+    child->setAutoFillBackground(true);
+}
+
 void SetInk(QWidget* widget, QColor (*ink)(const QPalette&)) { new Inker(widget, ink); }
 
 }  // namespace kelp

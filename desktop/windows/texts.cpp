@@ -36,6 +36,7 @@ void PaintHazard(QPainter& painter, const QRect& bar, const Inked& colors) {
 }  // namespace
 
 InstructionBox::InstructionBox(QWidget* parent) : ValueWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

@@ -26,6 +26,7 @@ void ValueWidget::ShowText(const QString& text) {
 
 ValueBox::ValueBox(int digits, Frame frame, Qt::Alignment align, QWidget* parent)
     : ValueWidget(parent), digits_(digits), frame_(frame), align_(align) {
+  setAttribute(Qt::WA_OpaquePaintEvent, frame == Frame::Line);
   setSizePolicy(digits > 0 ? QSizePolicy::Preferred : QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

@@ -41,8 +41,9 @@ class PosixDisk : public HostDisk {
  protected:
   class LinesAtEnd : public Tail {
    public:
-    LinesAtEnd(const std::string& path, const Place& place) : path_(path), place_(place) {
-      file_ = OpenFile(place, O_RDWR | O_APPEND);
+    LinesAtEnd(const std::string& path, const Place& place, Handle file)
+        : path_(path), place_(place), file_(std::move(file)) {
+      if (!file_.IsOpen()) file_ = OpenFile(place, O_RDWR | O_APPEND);
       isNew_ = !file_.IsOpen() && errno == ENOENT;
       if (isNew_) file_ = OpenFile(place, O_RDWR | O_APPEND | O_CREAT | O_EXCL);
       if (!file_.IsOpen()) Fail(path, errno, Doing::Writing);
@@ -88,7 +89,7 @@ class PosixDisk : public HostDisk {
   void WriteBeside(const std::string& path, const Place& place, const std::string& content,
                    bool replaces) override;
   std::unique_ptr<Tail> OpenTail(const std::string& path, const Place& place) override {
-    return std::make_unique<LinesAtEnd>(path, place);
+    return std::make_unique<LinesAtEnd>(path, place, Handle());
   }
   ErrorNumber FlushFile(const Place& place, bool isNew) override;
   std::optional<ErrorNumber> AddName(const Place& place, const Place& newPlace) override;
@@ -103,7 +104,7 @@ class PosixDisk : public HostDisk {
   }
   void MakeFolders(const std::string& path, const Place& place) override;
   std::vector<std::shared_ptr<void>> Hold(const std::string& path, const Place& place) override;
-  Place PlaceOfLog(const std::string& path) override;
+  std::unique_ptr<Tail> OpenLog(const std::string& path) override;
   [[nodiscard]] std::string Reason(ErrorNumber error) const override {
     return kelp::Reason(static_cast<int>(error), Doing::Writing);
   }
@@ -112,8 +113,12 @@ class PosixDisk : public HostDisk {
   static ErrorNumber Number(int error) { return static_cast<ErrorNumber>(error); }
   void FlushNewFolders(const std::string& path);
 
-  // Where the logs lie that were written last, by drive folder and program path: a drive may be moved.
-  std::map<std::pair<Place, std::string>, Place> logs_ = {};
+  // Where a log lies that was written before, while its drive has this folder: a drive may be moved.
+  struct KnownLog {
+    Place Drive;
+    Place File;
+  };
+  std::map<std::string, KnownLog> logs_ = {};
   // Folders whose new name may not be on the disk: that flush failed and is to be made up for.
   std::set<Place> unflushedFolders_ = {};
 };
@@ -161,14 +166,18 @@ void PosixDisk::WriteBeside(const std::string& path, const Place& place, const s
 }
 
 // A log is found by the way it was found last, as long as it stands there: a tick walks no whole path.
-HostDisk::Place PosixDisk::PlaceOfLog(const std::string& path) {
-  if (path.empty()) return drives_.HostPath(path);
-  const auto known = logs_.find({drives_.DriveFolder(path[0]), path});
-  struct stat status {};
-  if (known != logs_.end() && ::lstat(known->second.c_str(), &status) == 0 && S_ISREG(status.st_mode))
-    return known->second;
+std::unique_ptr<HostDisk::Tail> PosixDisk::OpenLog(const std::string& path) {
+  const Place drive = path.empty() ? Place() : drives_.DriveFolder(path[0]);
+  const auto known = logs_.find(path);
+  // Compared as texts: comparing two paths name by name takes longer than opening the file.
+  if (known != logs_.end() && known->second.Drive.native() == drive.native()) {
+    Handle file = OpenFile(known->second.File, O_RDWR | O_APPEND | O_NOFOLLOW);
+    if (file.IsOpen()) return std::make_unique<LinesAtEnd>(path, known->second.File, std::move(file));
+  }
   if (logs_.size() > 8) logs_.clear();
-  return logs_[{drives_.DriveFolder(path[0]), path}] = drives_.HostPath(path);
+  const Place place = drives_.HostPath(path);
+  logs_[path] = {drive, place};
+  return OpenTail(path, place);
 }
 
 HostDisk::ErrorNumber PosixDisk::FlushFile(const Place& place, bool isNew) {
