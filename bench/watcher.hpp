@@ -2,7 +2,9 @@
 // What a measured program of a window looks at: the time, its pictures, its processor time, its memory.
 #pragma once
 
+#include <pthread.h>
 #include <sys/resource.h>
+#include <time.h>
 
 #include <QApplication>
 #include <QEvent>
@@ -11,6 +13,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <thread>
 
 namespace kelp {
 
@@ -60,6 +63,15 @@ inline double CpuSeconds() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
   };
   return of(used.ru_utime) + of(used.ru_stime);
+}
+
+// What one thread of it took.
+inline double CpuSeconds(std::thread& thread) {
+  clockid_t clock{};
+  timespec used{};
+  if (::pthread_getcpuclockid(thread.native_handle(), &clock) != 0 || ::clock_gettime(clock, &used) != 0)
+    return 0;
+  return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
 }
 
 inline double PeakMegabytes(const std::string& process = "self") {

@@ -10,7 +10,7 @@ namespace kelp {
 
 bool DigitPictures::Knows(const QString& text) {
   return std::all_of(text.begin(), text.end(),
-                     [](QChar character) { return QStringView(u"0123456789.-+/ ").contains(character); });
+                     [](QChar character) { return QStringView(u"0123456789.-+/x ").contains(character); });
 }
 
 void DigitPictures::Use(const QFont& font, const QColor& ink, double scale) {
@@ -19,6 +19,7 @@ void DigitPictures::Use(const QFont& font, const QColor& ink, double scale) {
   ink_ = ink;
   scale_ = scale;
   height_ = QFontMetrics(font).height();
+  ascent_ = QFontMetrics(font).ascent();
   overhang_ = height_ / 8 + 1;
   pictures_.clear();
 }
@@ -35,7 +36,7 @@ const DigitPictures::Picture& DigitPictures::Of(QChar character) {
   QPainter painter(&picture.Ink);
   painter.setFont(font_);
   painter.setPen(ink_);
-  painter.drawText(QPointF(overhang_, QFontMetrics(font_).ascent()), character);
+  painter.drawText(QPointF(overhang_, ascent_), character);
   painter.end();
   return pictures_.emplace(character, std::move(picture)).first->second;
 }

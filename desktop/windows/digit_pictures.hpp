@@ -20,6 +20,7 @@ class DigitPictures {
   /// What is drawn from here on has this font and colour, at the scale of the widget's display.
   void Use(const QFont& font, const QColor& ink, double scale);
   [[nodiscard]] int Height() const { return height_; }
+  [[nodiscard]] int Ascent() const { return ascent_; }
   [[nodiscard]] double Width(const QString& text);
   /// Draws a known text whose line begins at `place`, its upper left corner.
   void Draw(QPainter& painter, QPointF place, const QString& text);
@@ -35,6 +36,7 @@ class DigitPictures {
   QColor ink_ = {};
   double scale_ = 0;
   int height_ = 0;
+  int ascent_ = 0;
   int overhang_ = 0;  ///< what a digit may need beside its own width
   std::map<QChar, Picture> pictures_ = {};
 };

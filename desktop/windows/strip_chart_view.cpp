@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/windows/strip_chart_view.hpp"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <array>
 
@@ -22,9 +23,34 @@ StripChartView::StripChartView(const RunState& run, QWidget* parent) : ValueWidg
 
 void StripChartView::ShowChanges() {
   if (run_.Chart.PointsAdded() == shownPoints_ && run_.TraceColor == shownColor_) return;
+  const bool sameGround = run_.TraceColor == shownColor_ && NewestDivisor() == shownDivisor_;
   shownPoints_ = run_.Chart.PointsAdded();
   shownColor_ = run_.TraceColor;
-  update();
+  if (sameGround)
+    update(shownMarks_ + Marks());
+  else
+    update();
+}
+
+int StripChartView::NewestDivisor() const {
+  const int divisor = run_.Chart.Divisor(StripChart::kSlots - 1);
+  return divisor == 0 ? 1 : divisor;
+}
+
+// What moves with a reading: the bars that are no dots on the baseline, and the words for their scales.
+QRegion StripChartView::Marks() {
+  constexpr int kEdge = 4;
+  QRectF bars;
+  for (const ChartLine& bar : ChartBars(run_.Chart))
+    if (bar.Y2 != 0) bars |= QRectF(At(bar.X1, 0), At(bar.X1, bar.Y2) + QPointF(1, 0)).normalized();
+  const int slot = width() / StripChart::kSlots + 1;
+  QRegion marks;
+  if (!bars.isNull()) marks += bars.toAlignedRect().adjusted(-slot - kEdge, -kEdge, slot + kEdge, kEdge);
+  for (const ScaleMark& mark : ScaleMarks())
+    marks += QRectF(mark.Tick - QPointF(2, 7), mark.Word + QPointF(mark.Width + 2, words_.Height() + 2))
+                 .normalized()
+                 .toAlignedRect();
+  return marks;
 }
 
 QSize StripChartView::sizeHint() const { return {fontMetrics().height() * 26, fontMetrics().height() * 12}; }
@@ -38,9 +64,10 @@ QPointF StripChartView::At(double x, double y) const {
           static_cast<double>(qRound((y - kChartTop) / kChartHeight * (height() - 1)))};
 }
 
-// Ground, axes and labels are the same at every reading: they are drawn once for a size and a scheme.
+// Ground, axes and labels are the same at every reading: they are drawn once for a size, a scheme and a scale.
 void StripChartView::DrawGround() {
   const Scheme& scheme = SchemeFor(palette());
+  shownDivisor_ = NewestDivisor();
   ground_ = QPixmap(size() * devicePixelRatioF());
   ground_.setDevicePixelRatio(devicePixelRatioF());
   QPainter painter(&ground_);
@@ -56,6 +83,15 @@ void StripChartView::DrawGround() {
                                                    metrics.ascent() - metrics.height() / 2);
     painter.drawText(place, label.Text);
   }
+  const QFont numbers = Scaled(this->font(), 0.87);
+  painter.setFont(numbers);
+  for (const double tick : kTicks) {
+    const QPointF place = At(1, tick);
+    painter.drawLine(place, place + QPointF(4, 0));
+    painter.drawText(place + QPointF(7, painter.fontMetrics().ascent() / 2.0 - 1),
+                     QString::number(tick * shownDivisor_));
+  }
+  words_.Use(numbers, Paint(scheme.ChartInk), devicePixelRatioF());
 }
 
 void StripChartView::changeEvent(QEvent* event) {
@@ -63,12 +99,16 @@ void StripChartView::changeEvent(QEvent* event) {
   ValueWidget::changeEvent(event);
 }
 
-void StripChartView::paintEvent(QPaintEvent* /*event*/) {
-  if (ground_.size() != size() * devicePixelRatioF()) DrawGround();
+void StripChartView::paintEvent(QPaintEvent* event) {
+  if (ground_.size() != size() * devicePixelRatioF() || NewestDivisor() != shownDivisor_) DrawGround();
   QPainter painter(this);
-  painter.drawPixmap(0, 0, ground_);
+  for (const QRect& part : event->region()) {
+    const double scale = devicePixelRatioF();
+    painter.drawPixmap(part, ground_, QRectF(part.topLeft() * scale, part.size() * scale).toRect());
+  }
   PaintBars(painter);
   PaintScales(painter);
+  shownMarks_ = Marks();
 }
 
 void StripChartView::PaintBars(QPainter& painter) const {
@@ -90,28 +130,29 @@ void StripChartView::PaintBars(QPainter& painter) const {
   painter.drawPolyline(tops);
 }
 
-// Numbers beside the axis, in the scale of the newest reading, and the scale written where it changes.
-void StripChartView::PaintScales(QPainter& painter) const {
-  painter.setFont(Scaled(font(), 0.87));
-  const QFontMetrics metrics = painter.fontMetrics();
-  painter.setPen(Paint(SchemeFor(palette()).ChartInk));
-  const std::vector<ChartScale> scales = ChartScales(run_.Chart);
-  const int divisor = scales.empty() ? 1 : scales.back().Divisor;
-  for (const double tick : kTicks) {
-    const QPointF place = At(1, tick);
-    painter.drawLine(place, place + QPointF(4, 0));
-    painter.drawText(place + QPointF(7, metrics.ascent() / 2.0 - 1), QString::number(tick * divisor));
-  }
+// The scale is written where it changes, above the box where there is room.
+std::vector<StripChartView::ScaleMark> StripChartView::ScaleMarks() {
+  std::vector<ScaleMark> marks;
   double free = 0;  // from here on there is room for the next word
-  for (const ChartScale& scale : scales) {
-    const QPointF place = At(scale.X, 1) - QPointF(2, 0);
-    const QString text = FromProgram(ScaleText(scale.Divisor));
-    painter.drawLine(place, place - QPointF(0, 5));
-    if (place.x() < free) continue;
-    // Above the box where there is room.
-    const bool above = place.y() > metrics.height();
-    painter.drawText(place + QPointF(above ? 2 : 5, above ? -4 : metrics.ascent()), text);
-    free = place.x() + metrics.horizontalAdvance(text) + 6;
+  for (const ChartScale& scale : ChartScales(run_.Chart)) {
+    const QPointF tick = At(scale.X, 1) - QPointF(2, 0);
+    const bool above = tick.y() > words_.Height();
+    ScaleMark mark{tick, tick + QPointF(above ? 2 : 5, above ? -4 - words_.Ascent() : 0)};
+    if (tick.x() >= free) {
+      mark.Text = FromProgram(ScaleText(scale.Divisor));
+      mark.Width = words_.Width(mark.Text);
+      free = tick.x() + mark.Width + 6;
+    }
+    marks.push_back(mark);
+  }
+  return marks;
+}
+
+void StripChartView::PaintScales(QPainter& painter) {
+  painter.setPen(Paint(SchemeFor(palette()).ChartInk));
+  for (const ScaleMark& mark : ScaleMarks()) {
+    painter.drawLine(mark.Tick, mark.Tick - QPointF(0, 5));
+    words_.Draw(painter, mark.Word, mark.Text);
   }
 }
 

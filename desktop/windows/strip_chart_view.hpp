@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QPixmap>
+#include <QRegion>
+#include <vector>
 
 #include "core/run_state.hpp"
 #include "desktop/windows/value_widget.hpp"
@@ -28,10 +30,23 @@ class StripChartView : public ValueWidget {
   void DrawGround();
   [[nodiscard]] QPointF At(double x, double y) const;
   void PaintBars(QPainter& painter) const;
-  void PaintScales(QPainter& painter) const;
+  void PaintScales(QPainter& painter);
+
+  struct ScaleMark {
+    QPointF Tick;      ///< the lower end of its tick
+    QPointF Word;      ///< the upper left corner of its word
+    QString Text = {};  ///< empty where there is no room
+    double Width = 0;
+  };
+  [[nodiscard]] std::vector<ScaleMark> ScaleMarks();
+  [[nodiscard]] QRegion Marks();
+  [[nodiscard]] int NewestDivisor() const;
 
   const RunState& run_;
   QPixmap ground_ = {};  ///< what is the same at every reading; null when it has to be drawn again
+  DigitPictures words_ = {};
+  QRegion shownMarks_ = {};
+  int shownDivisor_ = 0;
   unsigned long shownPoints_ = 0;
   std::uint32_t shownColor_ = 0;
 };
