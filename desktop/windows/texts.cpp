@@ -17,8 +17,6 @@ namespace {
 constexpr int kPad = 5;
 constexpr int kWrap = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextWordWrap;
 
-constexpr int kUnplaced = 100;  // the width that a widget has until a layout or its owner gives it one
-
 QColor AlarmInk(const QPalette& palette) { return Paint(SchemeFor(palette).Alarm.Ink); }
 
 // Black and yellow bars at the left edge, as on what may burn the hands.
@@ -89,61 +87,6 @@ void InstructionBox::paintEvent(QPaintEvent* /*event*/) {
     return room.contains(QFontMetrics(bold).boundingRect(room, kWrap, ShownText()));
   }));
   painter.drawText(inner, kWrap, ShownText());
-}
-
-WrapText::WrapText(QWidget* parent) : ValueWidget(parent) {
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-}
-
-void WrapText::ShowText(const QString& text) {
-  ValueWidget::ShowText(text);
-  CountLines();
-}
-
-void WrapText::LayOut() {
-  layout_.setFont(font());
-  layout_.setText(QString(ShownText()).replace('\n', QChar::LineSeparator));
-  layout_.beginLayout();
-  int lines = 0;
-  for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
-    line.setLineWidth(width());
-    line.setPosition(QPointF(0, lines++ * fontMetrics().lineSpacing()));
-  }
-  layout_.endLayout();
-  laidOutFor_ = width();
-}
-
-// The window's layout moves only when the text takes another number of lines.
-void WrapText::CountLines() {
-  laidOutFor_ = -1;
-  // Before it has a place in the window there is no width to count with.
-  if (width() <= kUnplaced && minimumWidth() != maximumWidth()) return;
-  LayOut();
-  const int lines = std::max(1, layout_.lineCount());
-  if (std::exchange(lines_, lines) != lines) updateGeometry();
-}
-
-QSize WrapText::sizeHint() const {
-  return {DigitsWidth(*this, 12), fontMetrics().height() + (lines_ - 1) * fontMetrics().lineSpacing() + 2};
-}
-
-void WrapText::resizeEvent(QResizeEvent* event) {
-  ValueWidget::resizeEvent(event);
-  CountLines();
-}
-
-void WrapText::changeEvent(QEvent* event) {
-  ValueWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange) CountLines();
-}
-
-void WrapText::paintEvent(QPaintEvent* /*event*/) {
-  if (laidOutFor_ != width()) LayOut();
-  QPainter painter(this);
-  painter.setPen(ink_ != nullptr ? ink_(palette()) : palette().color(QPalette::WindowText));
-  const int tall = fontMetrics().height() + (layout_.lineCount() - 1) * fontMetrics().lineSpacing();
-  const int top = (height() - tall) / 2;
-  layout_.draw(&painter, QPointF(0, top));
 }
 
 AlarmBand::AlarmBand(QWidget* parent)

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QFrame>
-#include <QTextLayout>
 
 #include "app/alarms.hpp"
 #include "desktop/windows/value_widget.hpp"
+#include "desktop/windows/wrap_text.hpp"
 
 class QPushButton;
 
@@ -30,30 +30,6 @@ class InstructionBox : public ValueWidget {
  private:
   bool acid_ = false;
   QString time_;
-};
-
-/// A text in as many lines as it needs; one when it is short.
-class WrapText : public ValueWidget {
- public:
-  explicit WrapText(QWidget* parent);
-  void SetColor(QColor (*ink)(const QPalette&)) { ink_ = ink; }
-  void ShowText(const QString& text) override;
-  [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
-
- private:
-  void LayOut();
-  void CountLines();
-
-  QColor (*ink_)(const QPalette&) = nullptr;
-  QTextLayout layout_ = {};  ///< of the text as it is shown, shaped once for counting and painting
-  int laidOutFor_ = -1;      ///< the width of that; -1 while there is none
-  int lines_ = 1;
 };
 
 /// The band across the screen: sign, words, and a button for "I have seen it". Hidden while all is well.

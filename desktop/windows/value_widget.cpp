@@ -19,9 +19,13 @@ constexpr int kPad = 5;
 }  // namespace
 
 void ValueWidget::ShowText(const QString& text) {
+  SetText(text);
+  update();
+}
+
+void ValueWidget::SetText(const QString& text) {
   text_ = text;
   setAccessibleDescription(text);
-  update();
 }
 
 ValueBox::ValueBox(int digits, Frame frame, Qt::Alignment align, QWidget* parent)

@@ -18,6 +18,10 @@ class ValueWidget : public QWidget {
   virtual void ShowText(const QString& text);
   [[nodiscard]] const QString& ShownText() const { return text_; }
 
+ protected:
+  /// Takes a text that the widget paints by itself.
+  void SetText(const QString& text);
+
  private:
   QString text_;
 };
