@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QImage>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <algorithm>
 
@@ -173,6 +174,60 @@ TEST(Reading, IsDrawnAsItsFontWouldDrawIt) {
       EXPECT_TRUE(wanted.adjusted(-1, -1, 1, 1).contains(where)) << largest;
       EXPECT_TRUE(where.adjusted(-1, -1, 1, 1).contains(wanted)) << largest;
       EXPECT_NEAR(dark, wantedDark, wantedDark / 8.0) << largest;
+    }
+}
+
+// What stands on the display, not what would be drawn now.
+QImage OnDisplay(const QWidget& widget) {
+  QApplication::processEvents();
+  const QWidget* window = widget.window();
+  const QPoint corner = widget.mapTo(window, QPoint());
+  return window->screen()
+      ->grabWindow(window->winId(), corner.x(), corner.y(), widget.width(), widget.height())
+      .toImage()
+      .convertToFormat(QImage::Format_RGB32);
+}
+
+TEST(WrapText, CountsSecondsAsIfWrittenAnew) {
+  const auto show = [](WrapText& text, const QString& words) {
+    text.resize(140, 90);
+    text.show();
+    text.ShowText(words);
+    return InkIn(OnDisplay(text));
+  };
+  WrapText counting(nullptr);
+  show(counting, "Silent for a while: 11 s, 1111111");
+  for (const char* words : {"Silent for a while: 58 s, 1111881", "Silent for a while: 88 s, 8888888"}) {
+    WrapText anew(nullptr);
+    const auto [wanted, wantedDark] = show(anew, words);
+    const auto [where, dark] = show(counting, words);
+    EXPECT_TRUE(where.adjusted(-1, -1, 1, 1).contains(wanted) && wanted.adjusted(-1, -1, 1, 1).contains(where));
+    EXPECT_NEAR(dark, wantedDark, wantedDark / 25.0) << words;
+  }
+}
+
+TEST(StripChart, MovesOnAsIfDrawnAnew) {
+  Desk desk;
+  desk.OpenStation(1);
+  QWidget* chart = desk.windows.WidgetOf({"frmAcquire", "pctCanvas"});
+  struct Row {
+    int count;
+    float value;
+    int divisor;
+    std::uint32_t color;
+  };
+  const Row rows[] = {{3, 0.5F, 1, kTraceRed},   {4, 1.15F, 1, kTraceGreen},  {2, 0, 1, kTraceGreen},
+                      {5, 0.1F, 10, kTraceRed},  {90, 0.02F, 10, kTraceRed},  {1, 0.9F, 20, kTraceRed},
+                      {7, -0.1F, 1, kTraceGreen}, {9, 0.3F, 30, kTraceMagenta}, {101, 0, 1, kTraceRed}};
+  for (const Row& row : rows)
+    for (int i = 0; i < row.count; ++i) {
+      desk.run().TraceColor = row.color;
+      desk.run().Chart.AddPoint(row.value + static_cast<float>(i % 3) * row.value / 10, row.divisor);
+      desk.windows.ShowChanges();
+      const QImage shown = OnDisplay(*chart);
+      if (i % 8 > 1) continue;
+      EXPECT_TRUE(shown == chart->grab().toImage().convertToFormat(QImage::Format_RGB32))
+          << i << " times " << row.value;
     }
 }
 
