@@ -66,7 +66,8 @@ class Figures {
     Say("screen", watcher_.PictureOf("frmAcquire") - clicked);
   }
 
-  void Waiting(const char* name, const std::function<double()>& seconds = [] { return CpuSeconds(); }) {
+  void Waiting(
+      const char* name, const std::function<double()>& seconds = [] { return CpuSeconds(); }) {
     // The alarm of a silent line comes up once, after five seconds.
     Rest(7);
     const double before = seconds();

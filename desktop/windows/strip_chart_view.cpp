@@ -46,10 +46,11 @@ QRegion StripChartView::Marks() {
   const int slot = width() / StripChart::kSlots + 1;
   QRegion marks;
   if (!bars.isNull()) marks += bars.toAlignedRect().adjusted(-slot - kEdge, -kEdge, slot + kEdge, kEdge);
-  for (const ScaleMark& mark : ScaleMarks())
-    marks += QRectF(mark.Tick - QPointF(2, 7), mark.Word + QPointF(mark.Width + 2, words_.Height() + 2))
-                 .normalized()
-                 .toAlignedRect();
+  for (const ScaleMark& mark : ScaleMarks()) {
+    const QRectF tick(mark.Tick - QPointF(1, 6), QSizeF(3, 8));
+    const QRectF word(mark.Word, QSizeF(mark.Width, words_.Height()));
+    marks += (tick | word).toAlignedRect().adjusted(-2, -2, 2, 2);
+  }
   return marks;
 }
 
@@ -64,7 +65,8 @@ QPointF StripChartView::At(double x, double y) const {
           static_cast<double>(qRound((y - kChartTop) / kChartHeight * (height() - 1)))};
 }
 
-// Ground, axes and labels are the same at every reading: they are drawn once for a size, a scheme and a scale.
+// Ground, axes and labels are the same at every reading: they are drawn once for a size, a scheme and a
+// scale.
 void StripChartView::DrawGround() {
   const Scheme& scheme = SchemeFor(palette());
   shownDivisor_ = NewestDivisor();

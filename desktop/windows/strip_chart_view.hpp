@@ -33,8 +33,8 @@ class StripChartView : public ValueWidget {
   void PaintScales(QPainter& painter);
 
   struct ScaleMark {
-    QPointF Tick;      ///< the lower end of its tick
-    QPointF Word;      ///< the upper left corner of its word
+    QPointF Tick;       ///< the lower end of its tick
+    QPointF Word;       ///< the upper left corner of its word
     QString Text = {};  ///< empty where there is no room
     double Width = 0;
   };

@@ -122,8 +122,7 @@ void WrapText::paintEvent(QPaintEvent* event) {
 
 void WrapText::DrawDigits(QPainter& painter) {
   pictures_.Use(font(), Ink(), devicePixelRatioF());
-  for (const auto& [at, place] : changed_)
-    pictures_.Draw(painter, place.topLeft(), QString(ShownText()[at]));
+  for (const auto& [at, place] : changed_) pictures_.Draw(painter, place.topLeft(), QString(ShownText()[at]));
 }
 
 }  // namespace kelp

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text in as many lines as it needs; one when it is short. Where only digits of it change, as in a text that
-// counts seconds, they alone are drawn again.
+// A text in as many lines as it needs; one when it is short. Where only digits of it change, as in a text
+// that counts seconds, they alone are drawn again.
 #pragma once
 
 #include <QRegion>
