@@ -173,6 +173,8 @@ std::unique_ptr<HostDisk::Tail> PosixDisk::OpenLog(const std::string& path) {
   if (known != logs_.end() && known->second.Drive.native() == drive.native()) {
     Handle file = OpenFile(known->second.File, O_RDWR | O_APPEND | O_NOFOLLOW);
     if (file.IsOpen()) return std::make_unique<LinesAtEnd>(path, known->second.File, std::move(file));
+    // Only what was moved away is looked for: that the disk fails is said, not tried again in silence.
+    if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP) Fail(path, errno, Doing::Writing);
   }
   if (logs_.size() > 8) logs_.clear();
   const Place place = drives_.HostPath(path);
