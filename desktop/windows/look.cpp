@@ -111,8 +111,9 @@ void SetLook(QWidget* widget, double factor, bool bold) {
 }
 
 void GiveGround(const QWidget* panel) {
+  // A button has another ground of its own, which a flat one must not show.
   for (auto* child : panel->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-    child->setAutoFillBackground(true);
+    if (child->backgroundRole() == panel->backgroundRole()) child->setAutoFillBackground(true);
 }
 
 void SetInk(QWidget* widget, QColor (*ink)(const QPalette&)) { new Inker(widget, ink); }
