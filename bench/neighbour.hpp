@@ -5,9 +5,9 @@
 
 #include <signal.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
-#include <fstream>
 #include <string>
 
 #include "bench/watcher.hpp"
@@ -31,15 +31,10 @@ class Neighbour {
 
   void Send(const std::string& line) { line_.Send(line); }
 
-  /// Processor time since its start; 0 when it is not installed.
+  /// Processor time since its start, in the same clock as Kelp's; 0 when it is not installed.
   [[nodiscard]] double CpuSeconds() const {
-    std::ifstream stat("/proc/" + std::to_string(child_) + "/stat");
-    std::string word;
-    double user = 0;
-    double system = 0;
-    for (int field = 1; field <= 13; ++field) stat >> word;
-    stat >> user >> system;
-    return (user + system) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+    clockid_t clock{};
+    return ::clock_getcpuclockid(child_, &clock) == 0 ? SecondsOf(clock) : 0;
   }
 
   [[nodiscard]] double PeakMegabytes() const { return kelp::PeakMegabytes(std::to_string(child_)); }

@@ -65,13 +65,16 @@ inline double CpuSeconds() {
   return of(used.ru_utime) + of(used.ru_stime);
 }
 
+inline double SecondsOf(clockid_t clock) {
+  timespec used{};
+  if (::clock_gettime(clock, &used) != 0) return 0;
+  return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
+}
+
 // What one thread of it took.
 inline double CpuSeconds(std::thread& thread) {
   clockid_t clock{};
-  timespec used{};
-  if (::pthread_getcpuclockid(thread.native_handle(), &clock) != 0 || ::clock_gettime(clock, &used) != 0)
-    return 0;
-  return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
+  return ::pthread_getcpuclockid(thread.native_handle(), &clock) == 0 ? SecondsOf(clock) : 0;
 }
 
 inline double PeakMegabytes(const std::string& process = "self") {
