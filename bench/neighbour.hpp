@@ -3,11 +3,11 @@
 // run.
 #pragma once
 
-#include <signal.h>
 #include <sys/wait.h>
-#include <time.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <ctime>
 #include <string>
 
 #include "bench/watcher.hpp"

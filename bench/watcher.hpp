@@ -4,12 +4,12 @@
 
 #include <pthread.h>
 #include <sys/resource.h>
-#include <time.h>
 
 #include <QApplication>
 #include <QEvent>
 #include <QWidget>
 #include <chrono>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <string>
