@@ -26,10 +26,15 @@ void StripChartView::ShowChanges() {
   const bool sameGround = run_.TraceColor == shownColor_ && NewestDivisor() == shownDivisor_;
   shownPoints_ = run_.Chart.PointsAdded();
   shownColor_ = run_.TraceColor;
-  if (sameGround)
+  if (sameGround && HasWholePoints())
     update(shownMarks_ + Marks());
   else
     update();
+}
+
+// At a scale of 1.25 a part of the chart begins and ends within points of the display: its edges would stay.
+bool StripChartView::HasWholePoints() const {
+  return devicePixelRatioF() == static_cast<double>(qRound(devicePixelRatioF()));
 }
 
 int StripChartView::NewestDivisor() const {
@@ -104,9 +109,12 @@ void StripChartView::changeEvent(QEvent* event) {
 void StripChartView::paintEvent(QPaintEvent* event) {
   if (ground_.size() != size() * devicePixelRatioF() || NewestDivisor() != shownDivisor_) DrawGround();
   QPainter painter(this);
-  for (const QRect& part : event->region()) {
-    const double scale = devicePixelRatioF();
-    painter.drawPixmap(part, ground_, QRectF(part.topLeft() * scale, part.size() * scale).toRect());
+  if (HasWholePoints()) {
+    const int scale = qRound(devicePixelRatioF());
+    for (const QRect& part : event->region())
+      painter.drawPixmap(part, ground_, QRect(part.topLeft() * scale, part.size() * scale));
+  } else {
+    painter.drawPixmap(0, 0, ground_);
   }
   PaintBars(painter);
   PaintScales(painter);

@@ -40,6 +40,7 @@ class StripChartView : public ValueWidget {
   };
   [[nodiscard]] std::vector<ScaleMark> ScaleMarks();
   [[nodiscard]] QRegion Marks();
+  [[nodiscard]] bool HasWholePoints() const;
   [[nodiscard]] int NewestDivisor() const;
 
   const RunState& run_;
