@@ -68,8 +68,7 @@ class Figures {
 
   void Waiting(
       const char* name, const std::function<double()>& seconds = [] { return CpuSeconds(); }) {
-    // The alarm of a silent line comes up once, and each box draws a digit of its own for the first time
-    // once.
+    // The alarm of a silent line comes up once, and the first of its digits are drawn in each box.
     Rest(25);
     const double before = seconds();
     Rest(kWaitSeconds);

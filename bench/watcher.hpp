@@ -3,7 +3,6 @@
 #pragma once
 
 #include <pthread.h>
-#include <sys/resource.h>
 
 #include <QApplication>
 #include <QEvent>
@@ -56,20 +55,13 @@ class Watcher : public QApplication {
   QWidget* painting_ = nullptr;
 };
 
-inline double CpuSeconds() {
-  rusage used{};
-  ::getrusage(RUSAGE_SELF, &used);
-  const auto of = [](const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-  };
-  return of(used.ru_utime) + of(used.ru_stime);
-}
-
 inline double SecondsOf(clockid_t clock) {
   timespec used{};
   if (::clock_gettime(clock, &used) != 0) return 0;
   return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
 }
+
+inline double CpuSeconds() { return SecondsOf(CLOCK_PROCESS_CPUTIME_ID); }
 
 // What one thread of it took.
 inline double CpuSeconds(std::thread& thread) {

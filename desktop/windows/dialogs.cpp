@@ -8,7 +8,7 @@
 #include "desktop/windows/access_keys.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
-#include "desktop/windows/texts.hpp"
+#include "desktop/windows/wrap_text.hpp"
 
 namespace kelp {
 

@@ -18,6 +18,7 @@
 #include "desktop/windows/stability_view.hpp"
 #include "desktop/windows/strip_chart_view.hpp"
 #include "desktop/windows/texts.hpp"
+#include "desktop/windows/wrap_text.hpp"
 
 namespace kelp {
 

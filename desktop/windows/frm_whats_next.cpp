@@ -9,7 +9,7 @@
 #include "desktop/windows/accessible.hpp"
 #include "desktop/windows/forms.hpp"
 #include "desktop/windows/look.hpp"
-#include "desktop/windows/texts.hpp"
+#include "desktop/windows/wrap_text.hpp"
 
 namespace kelp {
 

@@ -55,8 +55,8 @@ void ShowProgramIcon();
 void SetLook(QWidget* widget, double factor, bool bold = false);
 /// Gives its text a colour that follows the desktop's scheme.
 void SetInk(QWidget* widget, QColor (*ink)(const QPalette&));
-/// Gives each widget that lies on a panel the panel's ground for its own: a value that changes is painted
-/// again without what lies behind it. To be called when the panel's layout is complete.
+/// Gives each widget that lies on a panel the panel's ground for its own, buttons apart: a value that changes
+/// is painted again without what lies behind it. To be called when the panel's layout is complete.
 void GiveGround(const QWidget* panel);
 
 }  // namespace kelp

@@ -70,8 +70,7 @@ QPointF StripChartView::At(double x, double y) const {
           static_cast<double>(qRound((y - kChartTop) / kChartHeight * (height() - 1)))};
 }
 
-// Ground, axes and labels are the same at every reading: they are drawn once for a size, a scheme and a
-// scale.
+// Ground, axes and labels are the same at every reading: drawn once for a size, a scheme and a scale.
 void StripChartView::DrawGround() {
   const Scheme& scheme = SchemeFor(palette());
   shownDivisor_ = NewestDivisor();

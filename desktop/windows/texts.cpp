@@ -2,13 +2,12 @@
 #include "desktop/windows/texts.hpp"
 
 #include <QBoxLayout>
-#include <QEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <algorithm>
 
 #include "desktop/windows/accessible.hpp"
 #include "desktop/windows/look.hpp"
+#include "desktop/windows/wrap_text.hpp"
 
 namespace kelp {
 

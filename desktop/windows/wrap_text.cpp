@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "desktop/windows/look.hpp"
 
@@ -34,19 +35,17 @@ bool WrapText::ShowDigits(const QString& text) {
   const QString& shown = ShownText();
   if (laidOutFor_ != width() || text.size() != shown.size()) return false;
   pictures_.Use(font(), Ink(), devicePixelRatioF());
-  std::vector<int> others;
+  std::vector<int> changed;
   for (int i = 0; i < text.size(); ++i) {
     if (text[i] == shown[i]) continue;
     if (!IsDigit(text[i]) || !IsDigit(shown[i])) return false;
     if (pictures_.Width(QString(text[i])) != pictures_.Width(QString(shown[i]))) return false;
-    others.push_back(i);
+    changed.push_back(i);
   }
   SetText(text);
-  for (const int at : others) {
-    const QRect place = PlaceOf(at);
-    changed_[at] = place;
-    changedPlaces_ += place;
-    update(place);
+  for (const int at : changed) {
+    changed_[at] = PlaceOf(at);
+    update(changed_[at]);
   }
   return true;
 }
@@ -79,7 +78,6 @@ void WrapText::LayOut() {
   layout_.endLayout();
   laidOutFor_ = width();
   changed_.clear();
-  changedPlaces_ = {};
 }
 
 // The window's layout moves only when the text takes another number of lines.
@@ -109,7 +107,9 @@ void WrapText::changeEvent(QEvent* event) {
 void WrapText::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   if (laidOutFor_ == width() && !changed_.empty()) {
-    if ((event->region() - changedPlaces_).isEmpty()) {
+    QRegion others = event->region();
+    for (const auto& [at, place] : changed_) others -= place;
+    if (others.isEmpty()) {
       DrawDigits(painter);
       return;
     }

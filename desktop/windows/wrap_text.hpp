@@ -3,7 +3,6 @@
 // that counts seconds, they alone are drawn again.
 #pragma once
 
-#include <QRegion>
 #include <QTextLayout>
 #include <map>
 
@@ -38,7 +37,6 @@ class WrapText : public ValueWidget {
   int laidOutFor_ = -1;      ///< the width of that; -1 while there is none
   int lines_ = 1;
   std::map<int, QRect> changed_ = {};  ///< what became another digit since, by its place in the text
-  QRegion changedPlaces_ = {};
   DigitPictures pictures_ = {};
 };
 

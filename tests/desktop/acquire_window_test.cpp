@@ -12,7 +12,7 @@
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/look.hpp"
 #include "desktop/windows/marked_edit.hpp"
-#include "desktop/windows/texts.hpp"
+#include "desktop/windows/wrap_text.hpp"
 #include "tests/desktop/desk.hpp"
 #include "tests/desktop/modal.hpp"
 

@@ -13,6 +13,7 @@
 #include "desktop/windows/frm_acquire.hpp"
 #include "desktop/windows/grid_view.hpp"
 #include "desktop/windows/texts.hpp"
+#include "desktop/windows/wrap_text.hpp"
 #include "tests/desktop/windowed_station.hpp"
 
 namespace kelp {
