@@ -53,6 +53,7 @@ int main(int argc, char** argv) {
     return kWrong;
   }
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
+  const kelp::EarlyFonts fonts;
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("kelp"));
