@@ -11,6 +11,8 @@ namespace {
 constexpr int kCareEvery = 60'000;
 // The line is looked at once a second when no bytes come in; all else that a pass does needs bytes.
 constexpr int kPassEvery = 1000;
+// A tick of the log that is due within this part of its interval goes with the reading that came in.
+constexpr int kTickGrace = 20;
 
 void SetTimer(QTimer& timer, bool wanted, int interval) {
   if (!wanted)
@@ -23,16 +25,16 @@ void SetTimer(QTimer& timer, bool wanted, int interval) {
 
 Runner::Runner(Kelp& kelp) : kelp_(kelp) {
   passes_.setTimerType(Qt::CoarseTimer);
+  ticks_.setTimerType(Qt::PreciseTimer);
   connect(&passes_, &QTimer::timeout, this, &Runner::BytesCame);
   // One wake for both: the tick of the log is a look at the line too.
   connect(&ticks_, &QTimer::timeout, this, [this] {
     if (!WantsTicks(kelp_)) return;
-    const bool look = WantsPasses(kelp_) && passes_.isActive();
-    if (look) passes_.start();
     Run(
-        [&] {
-          if (look) Pass(kelp_);
+        [this] {
+          Pass(kelp_);
           Tick(kelp_);
+          StartTick();
         },
         false);
   });
@@ -63,9 +65,33 @@ void Runner::Run(const Work& work, bool edit) {
 }
 
 void Runner::SetTimers() {
-  SetTimer(passes_, WantsPasses(kelp_), kPassEvery);
+  const int every = kelp_.Timer1.Interval;
+  const bool ticks = WantsTicks(kelp_) && every > 0;
+  if (!ticks)
+    ticks_.stop();
+  else if (!ticks_.isActive() || tickEvery_ != every)
+    StartTick();
+  SetTimer(passes_, WantsPasses(kelp_) && !(ticks && every <= kPassEvery), kPassEvery);
   SetTimer(minutes_, WantsCare(kelp_), kCareEvery);
-  SetTimer(ticks_, WantsTicks(kelp_) && kelp_.Timer1.Interval > 0, kelp_.Timer1.Interval);
+}
+
+// While readings come in, a tick waits a little for the next one: it goes with it.
+void Runner::StartTick() {
+  tickEvery_ = kelp_.Timer1.Interval;
+  SetTimer(ticks_, true, tickEvery_ + (std::exchange(readSinceTick_, false) ? tickEvery_ / kTickGrace : 0));
+  lastTick_ = kelp_.platform.Milliseconds();
+}
+
+void Runner::PassAndTick() {
+  const unsigned long readings = kelp_.run.Chart.PointsAdded();
+  Pass(kelp_);
+  if (kelp_.run.Chart.PointsAdded() == readings) return;
+  readSinceTick_ = true;
+  const std::int64_t since = kelp_.platform.Milliseconds() - lastTick_;
+  if (!ticks_.isActive() || since < tickEvery_ - tickEvery_ / kTickGrace) return;
+  Tick(kelp_);
+  ticks_.stop();
+  StartTick();
 }
 
 void Runner::Start() {
@@ -82,7 +108,7 @@ void Runner::BytesCame() {
   // While a handler waits for the disk its bytes wait too.
   missed_ |= busy_;
   if (passes_.isActive()) passes_.start();
-  if (WantsPasses(kelp_)) Run([this] { Pass(kelp_); }, false);
+  if (WantsPasses(kelp_)) Run([this] { PassAndTick(); }, false);
 }
 
 void Runner::DialogOpens() {

@@ -7,7 +7,9 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QThread>
+#include <algorithm>
 
+#include "acquire/instrument_line.hpp"
 #include "acquire/read_loop.hpp"
 #include "desktop/machine/command_line.hpp"
 #include "desktop/machine/message_box.hpp"
@@ -266,6 +268,39 @@ TEST(Running, PassesRunOnlyWhenWanted) {
   EXPECT_EQ(ended, 1);
   EXPECT_EQ(platform.LooksIn(1150), 0);
   EXPECT_FALSE(click("Command1"));
+}
+
+TEST(Running, ATickThatIsDueGoesWithAReading) {
+  MemoryDisk disk;
+  ScriptedPlatform platform(disk);
+  Kelp kelp(platform);
+  SetDefaultConfig(kelp.run);
+  SaveConfig(kelp);
+  kelp.run.CsvFile = "c:\\log.csv";
+  kelp.run.TmpFile = "c:\\log.tmp";
+  Runner runner(kelp);
+  runner.Start();
+  ShowScreen(kelp, kelp.frmAcquire.Form);
+  ASSERT_EQ(platform.OpenPort(1, ""), "");
+  StartReadLoop(kelp);
+  kelp.frmAcquire.Command1.Caption = "Reading Blank";
+  kelp.Timer1 = {.Enabled = true, .Interval = 10'000};
+  runner.Post({.Kind = EventKind::Click, .Place = {"frmAcquire", "Check1"}});
+  struct Row {
+    int later;
+    bool reading;
+    std::size_t logged;
+  };
+  const Row rows[] = {{9'400, true, 0}, {200, false, 0}, {0, true, 1},      {400, true, 1},
+                      {9'000, true, 1}, {100, true, 2},  {9'900, false, 2}, {20'000, true, 3}};
+  for (const auto& [later, reading, logged] : rows) {
+    platform.Advance(later);
+    platform.Feed(reading ? InstrumentLine("0.0050") : "\r\n");
+    runner.BytesCame();
+    const std::string& log = disk.Files["c:\\log.csv"];
+    EXPECT_EQ(static_cast<std::size_t>(std::count(log.begin(), log.end(), '\n')), logged) << later;
+    EXPECT_EQ(disk.Files["c:\\log.tmp"], log);
+  }
 }
 
 }  // namespace
