@@ -110,6 +110,12 @@ fs::path Followed(const std::string& path, const fs::path& link, const fs::path&
 
 }  // namespace
 
+DriveMap::DriveMap(const fs::path& data) {
+  if (data.empty()) return;
+  for (char letter = 'a'; letter <= 'z'; ++letter)
+    drives_[letter] = fs::absolute(data) / (std::string("drive_") + letter);
+}
+
 void DriveMap::SetDrive(char letter, const fs::path& folder) {
   if (!IsLetter(letter) || folder.empty())
     throw FileError(std::string(1, letter) + ":", "a drive is a letter from A to Z and a folder");
@@ -120,8 +126,14 @@ fs::path DriveMap::DriveFolder(char letter) const {
   if (!IsLetter(letter)) throw FileError(std::string(1, letter) + ":", "a drive is a letter from A to Z");
   const auto drive = drives_.find(LowerLetter(letter));
   if (drive != drives_.end()) return drive->second;
-  if (data_.empty()) return std::string(1, letter) + ":\\";
-  return data_ / (std::string("drive_") + LowerLetter(letter));
+  return std::string(1, letter) + ":\\";
+}
+
+// Compared as texts: to compare two paths name by name, or to copy one, takes longer than to open a file.
+bool DriveMap::IsDrive(char letter, const fs::path& folder) const {
+  const auto drive = drives_.find(LowerLetter(letter));
+  return drive != drives_.end() ? drive->second.native() == folder.native()
+                                : IsLetter(letter) && DriveFolder(letter) == folder;
 }
 
 fs::path DriveMap::HostPath(const std::string& path) const {

@@ -14,8 +14,7 @@ class DriveMap {
  public:
   /// Drive X is `<data>/drive_x` unless SetDrive says otherwise; with an empty `data` it is the host's
   /// own drive X.
-  explicit DriveMap(const std::filesystem::path& data)
-      : data_(data.empty() ? data : std::filesystem::absolute(data)) {}
+  explicit DriveMap(const std::filesystem::path& data);
 
   /// Puts drive `letter` into a folder, which need not exist yet. Throws FileError when it is no letter
   /// from A to Z or the folder is empty.
@@ -23,6 +22,9 @@ class DriveMap {
 
   /// The folder of a drive. Throws FileError when it is no letter from A to Z.
   [[nodiscard]] std::filesystem::path DriveFolder(char letter) const;
+
+  /// True when a drive has this folder, written the same way.
+  [[nodiscard]] bool IsDrive(char letter, const std::filesystem::path& folder) const;
 
   /// The host path of a program path. What exists is found in any letter case (of A to Z), the exact
   /// case first; what does not exist yet gets the case asked for. Throws FileError, which names the
@@ -35,7 +37,6 @@ class DriveMap {
   [[nodiscard]] std::optional<std::string> ProgramPath(const std::filesystem::path& place) const;
 
  private:
-  std::filesystem::path data_;
   std::map<char, std::filesystem::path> drives_ = {};
 };
 

@@ -41,6 +41,7 @@ class PosixDisk : public HostDisk {
  protected:
   class LinesAtEnd : public Tail {
    public:
+    // Both names must outlive it: a tick copies no path.
     LinesAtEnd(const std::string& path, const Place& place, Handle file)
         : path_(path), place_(place), file_(std::move(file)) {
       if (!file_.IsOpen()) file_ = OpenFile(place, O_RDWR | O_APPEND);
@@ -71,8 +72,8 @@ class PosixDisk : public HostDisk {
     [[nodiscard]] bool IsNew() const override { return isNew_; }
 
    private:
-    std::string path_;
-    Place place_;
+    const std::string& path_;
+    const Place& place_;
     Handle file_;
     bool isNew_ = false;
     long long size_ = 0;
@@ -167,19 +168,17 @@ void PosixDisk::WriteBeside(const std::string& path, const Place& place, const s
 
 // A log is found by the way it was found last, as long as it stands there: a tick walks no whole path.
 std::unique_ptr<HostDisk::Tail> PosixDisk::OpenLog(const std::string& path) {
-  const Place drive = path.empty() ? Place() : drives_.DriveFolder(path[0]);
   const auto known = logs_.find(path);
-  // Compared as texts: comparing two paths name by name takes longer than opening the file.
-  if (known != logs_.end() && known->second.Drive.native() == drive.native()) {
+  if (known != logs_.end() && drives_.IsDrive(path[0], known->second.Drive)) {
     Handle file = OpenFile(known->second.File, O_RDWR | O_APPEND | O_NOFOLLOW);
     if (file.IsOpen()) return std::make_unique<LinesAtEnd>(path, known->second.File, std::move(file));
     // Only what was moved away is looked for: that the disk fails is said, not tried again in silence.
     if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP) Fail(path, errno, Doing::Writing);
   }
   if (logs_.size() > 8) logs_.clear();
-  const Place place = drives_.HostPath(path);
-  logs_[path] = {drive, place};
-  return OpenTail(path, place);
+  KnownLog log{{}, drives_.HostPath(path)};
+  log.Drive = drives_.DriveFolder(path[0]);
+  return OpenTail(path, (logs_[path] = std::move(log)).File);
 }
 
 HostDisk::ErrorNumber PosixDisk::FlushFile(const Place& place, bool isNew) {
