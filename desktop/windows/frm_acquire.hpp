@@ -84,6 +84,7 @@ class FrmAcquireWindow : public ScreenWindow {
   QWidget* topLine_ = nullptr;
   AlarmCall call_ = {};
   AcidClock acid_ = {};
+  Glance glance_ = {};  ///< what is shown of it
   Sign* sdSign_ = nullptr;
   Sign* readsSign_ = nullptr;
   ValueBox* step_ = nullptr;

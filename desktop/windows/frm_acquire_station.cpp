@@ -163,15 +163,18 @@ void FrmAcquireWindow::ShowPanel() {
 
 void FrmAcquireWindow::ShowGlance() {
   const Glance glance = GlanceAt(kelp_);
-  const auto show = [](ValueWidget* box, const std::string& text) {
-    if (ToProgram(box->ShownText()) != text) box->ShowText(FromProgram(text));
+  const auto show = [&](ValueWidget* box, std::string Glance::*text) {
+    if (glance.*text != glance_.*text) box->ShowText(FromProgram(glance.*text));
   };
-  show(step_, glance.Step);
-  show(last_, glance.Last);
-  show(beside_, glance.Beside);
-  plate_->Set(glance.State, FromProgram(glance.StateWords));
+  show(step_, &Glance::Step);
+  show(last_, &Glance::Last);
+  show(beside_, &Glance::Beside);
+  if (glance.State != glance_.State || glance.StateWords != glance_.StateWords)
+    plate_->Set(glance.State, FromProgram(glance.StateWords));
   reading_->SetFaint(glance.Faint);
-  readsSign_->Set(glance.Enough, FromProgram(glance.NeedWords));
+  if (glance.Enough != glance_.Enough || glance.NeedWords != glance_.NeedWords)
+    readsSign_->Set(glance.Enough, FromProgram(glance.NeedWords));
+  glance_ = glance;
   instruction_->SetAcid(glance.State == SaveState::Acid, FromProgram(acid_.Listen(kelp_)));
   const std::vector<Alarm> alarms = AlarmsOf(kelp_);
   const bool calling = call_.Listen(alarms);

@@ -47,21 +47,20 @@ void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   const QFont small = Scaled(font(), 0.87);
   const QFontMetrics metrics(small);
   painter.fillRect(rect(), Paint(scheme.ChartGround));
-  painter.setFont(small);
   painter.setPen(Paint(scheme.ChartInk));
+  texts_.Use(small, Paint(scheme.ChartInk), devicePixelRatioF());
   // As wide as in the strip chart above, so that the two stand in line.
-  const int left = metrics.horizontalAdvance("00.0000") + 8;
+  const int left = static_cast<int>(texts_.Width("00.0000")) + 8;
   const QRect plot = rect().adjusted(left, metrics.height() + 1, -6, -4);
-  painter.drawText(left, 1 + metrics.ascent(), ShownText());
+  texts_.Draw(painter, QPointF(left, 1), ShownText());
   if (trace_.Reads.empty()) return;
   const auto y = [&](double value) {
     return plot.bottom() - (value - trace_.Low) / (trace_.High - trace_.Low) * plot.height();
   };
-  digits_.Use(small, Paint(scheme.ChartInk), devicePixelRatioF());
   const auto number = [&](double value, double middle) {
     const QString text = FromProgram(SavedText(value));
-    digits_.Draw(painter,
-                 QPointF(left - 6 - digits_.Width(text), std::round(middle - metrics.height() / 2.0)), text);
+    texts_.Draw(painter, QPointF(left - 6 - texts_.Width(text), std::round(middle - metrics.height() / 2.0)),
+                text);
   };
   if (trace_.Full) {
     painter.fillRect(QRectF(QPointF(plot.left(), y(trace_.Mean + trace_.Sd)),
@@ -106,7 +105,9 @@ void StabilityView::PaintReads(QPainter& painter, const std::vector<QPointF>& do
   pen.setCosmetic(true);
   painter.setPen(pen);
   painter.setRenderHint(QPainter::Antialiasing);
-  for (std::size_t i = 1; i < dots.size(); ++i) painter.drawLine(dots[i - 1], dots[i]);
+  QList<QLineF> lines;
+  for (std::size_t i = 1; i < dots.size(); ++i) lines << QLineF(dots[i - 1], dots[i]);
+  painter.drawLines(lines);
   for (const QPointF& dot : dots) painter.drawPixmap(dot - QPointF(kSide / 2.0, kSide / 2.0), dot_);
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "acquire/stability.hpp"
-#include "desktop/windows/digit_pictures.hpp"
+#include "desktop/windows/text_pictures.hpp"
 #include "desktop/windows/value_widget.hpp"
 
 namespace kelp {
@@ -28,7 +28,7 @@ class StabilityView : public ValueWidget {
   void PaintReads(QPainter& painter, const std::vector<QPointF>& dots);
 
   const Kelp& kelp_;
-  DigitPictures digits_ = {};
+  TextPictures texts_ = {};
   QPixmap dot_ = {};  ///< one read, in the colour and at the scale it was drawn for
   QColor dotColor_ = {};
   StabilityTrace trace_ = {};

@@ -115,26 +115,27 @@ void StripChartView::paintEvent(QPaintEvent* event) {
   } else {
     painter.drawPixmap(0, 0, ground_);
   }
-  PaintBars(painter);
+  PaintBars(painter, event->rect());
   PaintScales(painter);
   shownMarks_ = Marks();
 }
 
-void StripChartView::PaintBars(QPainter& painter) const {
+// Those that reach into `part` of the chart.
+void StripChartView::PaintBars(QPainter& painter, const QRect& part) const {
   const QColor color = Paint(FromTrace(run_.TraceColor));
-  const std::vector<ChartLine> bars = ChartBars(run_.Chart);
   // Filled, which costs a tenth of a thick line; a value of 0 is a dot on the baseline.
   constexpr double kHalf = kChartBarWidth / 2.0;
-  QList<QLineF> lines;
-  for (const ChartLine& bar : bars) {
-    lines << QLineF(At(bar.X1, bar.Y1), At(bar.X2, bar.Y2));
-    const QRectF whole = QRectF(lines.back().p1(), lines.back().p2()).normalized();
-    painter.fillRect(whole.adjusted(-kHalf, -kHalf, kHalf, kHalf), color);
+  const int slot = width() / StripChart::kSlots + 1;
+  QPolygonF tops;
+  for (const ChartLine& bar : ChartBars(run_.Chart)) {
+    const QPointF foot = At(bar.X1, bar.Y1);
+    if (foot.x() < part.left() - 2 * slot || foot.x() > part.right() + 2 * slot) continue;
+    const QPointF top = At(bar.X2, bar.Y2);
+    painter.fillRect(QRectF(foot, top).normalized().adjusted(-kHalf, -kHalf, kHalf, kHalf), color);
+    tops << top + QPointF(-2, -2) << top + QPointF(2, -2);
   }
   if (!NeedsOutline(FromTrace(run_.TraceColor), IsDark(palette()))) return;
   // Light bars on a light ground: a line along their tops gives them their edge.
-  QPolygonF tops;
-  for (const QLineF& bar : lines) tops << bar.p2() + QPointF(-2, -2) << bar.p2() + QPointF(2, -2);
   painter.setPen(QPen(Paint(SchemeFor(palette()).ChartInk), 1));
   painter.drawPolyline(tops);
 }

@@ -29,7 +29,7 @@ class StripChartView : public ValueWidget {
  private:
   void DrawGround();
   [[nodiscard]] QPointF At(double x, double y) const;
-  void PaintBars(QPainter& painter) const;
+  void PaintBars(QPainter& painter, const QRect& part) const;
   void PaintScales(QPainter& painter);
 
   struct ScaleMark {
@@ -45,7 +45,7 @@ class StripChartView : public ValueWidget {
 
   const RunState& run_;
   QPixmap ground_ = {};  ///< what is the same at every reading; null when it has to be drawn again
-  DigitPictures words_ = {};
+  TextPictures words_ = {};
   QRegion shownMarks_ = {};
   int shownDivisor_ = 0;
   unsigned long shownPoints_ = 0;

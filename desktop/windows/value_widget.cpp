@@ -91,7 +91,7 @@ void ValueBox::paintEvent(QPaintEvent* /*event*/) {
   const QColor ink = faint_ ? FaintText(palette()) : palette().color(group, role);
   const int room = width() - 2 * kPad;
   QString text = ShownText();
-  if (DigitPictures::Knows(text)) {
+  if (TextPictures::Knows(text)) {
     pictures_.Use(font, ink, devicePixelRatioF());
     if (const double wide = pictures_.Width(text); wide <= room) {
       const int top = (height() - pictures_.Height()) / 2;

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "desktop/windows/digit_pictures.hpp"
+#include "desktop/windows/text_pictures.hpp"
 
 namespace kelp {
 
@@ -72,7 +72,7 @@ class ValueBox : public ValueWidget {
   bool usable_ = false;
   bool pressed_ = false;
   std::function<void()> use_;
-  DigitPictures pictures_ = {};
+  TextPictures pictures_ = {};
 };
 
 }  // namespace kelp

@@ -50,11 +50,15 @@ bool WrapText::ShowDigits(const QString& text) {
   return true;
 }
 
-QRect WrapText::PlaceOf(int at) const {
+// Asked for every second, and the same until the text is laid out again: digits are of one width.
+QRect WrapText::PlaceOf(int at) {
+  const auto known = places_.find(at);
+  if (known != places_.end()) return known->second;
   const QTextLine line = layout_.lineForTextPosition(at);
   const double left = line.cursorToX(at);
   const double top = Top() + line.position().y();
-  return QRectF(left, top, line.cursorToX(at + 1) - left, fontMetrics().height()).toAlignedRect();
+  const QRectF place(left, top, line.cursorToX(at + 1) - left, fontMetrics().height());
+  return places_[at] = place.toAlignedRect();
 }
 
 int WrapText::Top() const {
@@ -78,6 +82,7 @@ void WrapText::LayOut() {
   layout_.endLayout();
   laidOutFor_ = width();
   changed_.clear();
+  places_.clear();
 }
 
 // The window's layout moves only when the text takes another number of lines.

@@ -27,7 +27,7 @@ class WrapText : public ValueWidget {
   void LayOut();
   void CountLines();
   bool ShowDigits(const QString& text);
-  [[nodiscard]] QRect PlaceOf(int at) const;
+  [[nodiscard]] QRect PlaceOf(int at);
   [[nodiscard]] int Top() const;
   [[nodiscard]] QColor Ink() const;
   void DrawDigits(QPainter& painter);
@@ -36,8 +36,9 @@ class WrapText : public ValueWidget {
   QTextLayout layout_ = {};  ///< of the text as it was laid out last, shaped once for counting and painting
   int laidOutFor_ = -1;      ///< the width of that; -1 while there is none
   int lines_ = 1;
-  std::map<int, QRect> changed_ = {};  ///< what became another digit since, by its place in the text
-  DigitPictures pictures_ = {};
+  std::map<int, QRect> places_ = {};   ///< of digits in that, by where they stand in the text
+  std::map<int, QRect> changed_ = {};  ///< those that became another digit since
+  TextPictures pictures_ = {};
 };
 
 }  // namespace kelp

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Draws numbers from pictures of their digits: looking up a font, shaping a text and filling large letters is
-// most of what a reading costs, and a number has but a dozen different characters.
+// Draws short texts from pictures of their digits and words: looking up a font, shaping a text and filling
+// large letters is most of what a reading costs, and from one reading to the next only digits change.
 #pragma once
 
 #include <QColor>
@@ -12,9 +12,9 @@ class QPainter;
 
 namespace kelp {
 
-class DigitPictures {
+class TextPictures {
  public:
-  /// True for a text of digits and what stands in numbers and between them.
+  /// True for a text whose digits and words may be drawn one after the other: one line, from left to right.
   [[nodiscard]] static bool Knows(const QString& text);
 
   /// What is drawn from here on has this font and colour, at the scale of the widget's display.
@@ -30,15 +30,15 @@ class DigitPictures {
     QPixmap Ink;
     double Advance = 0;
   };
-  const Picture& Of(QChar character);
+  const Picture& Of(QStringView part);
 
   QFont font_ = {};
   QColor ink_ = {};
   double scale_ = 0;
   int height_ = 0;
   int ascent_ = 0;
-  int overhang_ = 0;  ///< what a digit may need beside its own width
-  std::map<QChar, Picture> pictures_ = {};
+  int overhang_ = 0;  ///< what a letter may need beside its own width
+  std::map<QString, Picture, std::less<>> pictures_ = {};
 };
 
 }  // namespace kelp
