@@ -2,7 +2,6 @@
 // The serial line over Qt's SerialPort.
 #include "platform/serial_line.hpp"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -12,7 +11,7 @@
 #include <QSerialPort>
 #include <QSerialPortInfo>
 #include <QSocketNotifier>
-#include <QThread>
+#include <cerrno>
 #include <map>
 
 #include "platform/serial_settings.hpp"
@@ -73,36 +72,47 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
 bool HasHungUp(int line) {
   pollfd look{line, POLLIN, 0};
   int left = 0;
-  return line >= 0 && ::poll(&look, 1, 0) > 0 && (look.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0 &&
+  return ::poll(&look, 1, 0) > 0 && (look.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0 &&
          (::ioctl(line, FIONREAD, &left) != 0 || left == 0);
-}
-
-void HangUp(SerialLine& line) {
-  line.Close();
-  if (line.OnBytes) line.OnBytes();
 }
 
 }  // namespace
 
-// Qt's object asks for an application before it is made. Qt 6.8 reads nothing from a line that hung up, again
-// and again, and tells nobody; so the line is watched by a second descriptor beside Qt's.
+// Qt's object asks for an application before it is made. It opens the line and sets it; the bytes are read
+// here: Qt 6.8 reads nothing from a line that hung up, again and again, and tells nobody.
 struct SerialLine::Port {
-  QSerialPort Device;
-  int Watched = -1;
+  SerialLine& Line;
+  QSerialPort Device{};
   QSocketNotifier* Watch = nullptr;
+
+  void HangUp() const;
+  void TakeBytes() const;
 };
+
+void SerialLine::Port::HangUp() const {
+  Line.Close();
+  if (Line.OnBytes) Line.OnBytes();
+}
+
+// What has come in, or that nothing will come any more.
+void SerialLine::Port::TakeBytes() const {
+  char bytes[4096];
+  const int line = Device.handle();
+  const ssize_t count = ::read(line, bytes, sizeof(bytes));
+  if (count > 0) {
+    Line.Keep(bytes, static_cast<std::size_t>(count));
+    if (Line.OnBytes) Line.OnBytes();
+  } else if ((count < 0 && errno != EAGAIN && errno != EINTR) || HasHungUp(line)) {
+    HangUp();
+  }
+}
 
 SerialLine::SerialLine() {
   NeedApplication();
-  port_ = std::make_unique<Port>();
-  QSerialPort& device = port_->Device;
-  QObject::connect(&device, &QSerialPort::readyRead, [this, &device] {
-    const QByteArray bytes = device.readAll();
-    Keep(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    if (OnBytes) OnBytes();
-  });
-  QObject::connect(&device, &QSerialPort::errorOccurred, [this, &device](QSerialPort::SerialPortError error) {
-    if (!IsHarmless(error) && device.isOpen()) HangUp(*this);
+  port_.reset(new Port{*this});
+  const Port& port = *port_;
+  QObject::connect(&port.Device, &QSerialPort::errorOccurred, [&port](QSerialPort::SerialPortError error) {
+    if (!IsHarmless(error) && port.Device.isOpen()) port.HangUp();
   });
 }
 
@@ -124,11 +134,10 @@ std::string SerialLine::Open(const std::string& device, const std::string& setti
   // Some instruments and most adapters talk only while these are up; a pseudo-terminal has neither.
   port.setDataTerminalReady(true);
   port.setRequestToSend(true);
-  port_->Watched = ::fcntl(port.handle(), F_DUPFD_CLOEXEC, 0);
-  port_->Watch = new QSocketNotifier(port_->Watched, QSocketNotifier::Read);
-  QObject::connect(port_->Watch, &QSocketNotifier::activated, [this] {
-    if (HasHungUp(port_->Watched)) HangUp(*this);
-  });
+  // Qt's own reader is not needed.
+  for (QSocketNotifier* reader : port.findChildren<QSocketNotifier*>()) reader->setEnabled(false);
+  port_->Watch = new QSocketNotifier(port.handle(), QSocketNotifier::Read);
+  QObject::connect(port_->Watch, &QSocketNotifier::activated, [this] { port_->TakeBytes(); });
   return {};
 }
 
@@ -136,9 +145,7 @@ void SerialLine::Close() {
   if (port_->Watch != nullptr) {
     port_->Watch->setEnabled(false);
     port_->Watch->deleteLater();  // it may be the one that calls
-    ::close(port_->Watched);
     port_->Watch = nullptr;
-    port_->Watched = -1;
   }
   if (port_->Device.isOpen()) port_->Device.close();
   waiting_.clear();
@@ -148,11 +155,8 @@ bool SerialLine::IsOpen() const { return port_->Device.isOpen(); }
 
 bool SerialLine::WaitForBytes(int milliseconds) {
   if (!waiting_.empty()) return true;
-  if (!IsOpen())
-    QThread::msleep(static_cast<unsigned long>(milliseconds));
-  else if (!HasHungUp(port_->Watched))
-    port_->Device.waitForReadyRead(milliseconds);
-  if (HasHungUp(port_->Watched)) HangUp(*this);
+  pollfd look{IsOpen() ? port_->Device.handle() : -1, POLLIN, 0};
+  if (::poll(&look, 1, milliseconds) > 0) port_->TakeBytes();
   return !waiting_.empty();
 }
 
