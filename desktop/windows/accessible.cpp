@@ -22,7 +22,9 @@ class ValueInterface : public QAccessibleWidget {
   explicit ValueInterface(ValueWidget* widget)
       : QAccessibleWidget(widget, QAccessible::StaticText), widget_(widget) {}
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Value ? widget_->ShownText() : QAccessibleWidget::text(kind);
+    const QString& shown = widget_->ShownText();
+    if (kind == QAccessible::Value) return shown;
+    return kind == QAccessible::Description && !shown.isEmpty() ? shown : QAccessibleWidget::text(kind);
   }
 
  private:

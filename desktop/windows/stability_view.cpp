@@ -44,14 +44,12 @@ QSize StabilityView::minimumSizeHint() const {
 void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const Scheme& scheme = SchemeFor(palette());
-  const QFont small = Scaled(font(), 0.87);
-  const QFontMetrics metrics(small);
   painter.fillRect(rect(), Paint(scheme.ChartGround));
   painter.setPen(Paint(scheme.ChartInk));
-  texts_.Use(small, Paint(scheme.ChartInk), devicePixelRatioF());
+  texts_.Use(Scaled(font(), 0.87), Paint(scheme.ChartInk), devicePixelRatioF());
   // As wide as in the strip chart above, so that the two stand in line.
   const int left = static_cast<int>(texts_.Width("00.0000")) + 8;
-  const QRect plot = rect().adjusted(left, metrics.height() + 1, -6, -4);
+  const QRect plot = rect().adjusted(left, texts_.Height() + 1, -6, -4);
   texts_.Draw(painter, QPointF(left, 1), ShownText());
   if (trace_.Reads.empty()) return;
   const auto y = [&](double value) {
@@ -59,7 +57,7 @@ void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   };
   const auto number = [&](double value, double middle) {
     const QString text = FromProgram(SavedText(value));
-    texts_.Draw(painter, QPointF(left - 6 - texts_.Width(text), std::round(middle - metrics.height() / 2.0)),
+    texts_.Draw(painter, QPointF(left - 6 - texts_.Width(text), std::round(middle - texts_.Height() / 2.0)),
                 text);
   };
   if (trace_.Full) {

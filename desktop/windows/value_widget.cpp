@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/windows/value_widget.hpp"
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -25,7 +26,10 @@ void ValueWidget::ShowText(const QString& text) {
 
 void ValueWidget::SetText(const QString& text) {
   text_ = text;
-  setAccessibleDescription(text);
+  // Asked for where a screen reader listens; nobody else needs to know.
+  if (!QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&event);
 }
 
 ValueBox::ValueBox(int digits, Frame frame, Qt::Alignment align, QWidget* parent)
