@@ -29,8 +29,12 @@ DesktopRun::DesktopRun(Options options)
       drives_(DrivesFor(settings_, options_)),
       disk_(MakeHostDisk(drives_),
             [this](const std::string& path) {
+              // The lock and the temporary copy are written all the time; what the analyst looks for are the
+              // station's files.
+              if (EndsWith(path, ".lck") || EndsWith(path, ".tmp")) return;
               // A log is written beside the windows' own thread.
-              QMetaObject::invokeMethod(&runner_, [this, path] { Written(path); });
+              QMetaObject::invokeMethod(&runner_,
+                                        [this, path] { windows_.SetLastFile(QString::fromStdString(path)); });
             }),
       simulated_(options_.Seed),
       line_([this](int port) { return Device(port); }, [this] { return simulated_.NextLine(kelp_); }),
@@ -163,12 +167,6 @@ void DesktopRun::Keep() {
   const QString trouble = SaveSettings(settings_);
   if (!trouble.isEmpty())
     platform_.Ask({trouble.toStdString(), "Machine settings", Buttons::Ok, Icon::Exclamation});
-}
-
-// The lock and the temporary copy are written all the time; what the analyst looks for are the station's
-// files.
-void DesktopRun::Written(const std::string& path) {
-  if (!EndsWith(path, ".lck") && !EndsWith(path, ".tmp")) windows_.SetLastFile(QString::fromStdString(path));
 }
 
 int DesktopRun::PortNumber() const { return static_cast<int>(CfgNumber(kelp_.run, kCfgComport)); }

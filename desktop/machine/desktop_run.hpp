@@ -48,7 +48,6 @@ class DesktopRun {
   void ChangeSettings();
   void TakeSettings(const MachineSettings& settings, bool simulate);
   void Keep();
-  void Written(const std::string& path);
   void TakeLookAndSound();
   [[nodiscard]] int PortNumber() const;
   [[nodiscard]] std::string Device(int port) const { return DeviceFor(port, settings_, options_); }

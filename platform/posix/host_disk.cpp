@@ -41,9 +41,10 @@ class PosixDisk : public HostDisk {
  protected:
   class LinesAtEnd : public Tail {
    public:
-    // Both names must outlive it: a tick copies no path.
-    LinesAtEnd(const std::string& path, const Place& place, Handle file)
-        : path_(path), place_(place), file_(std::move(file)) {
+    // Both names must outlive it: a tick copies no path. `wholeTo` is the size at which a line written here
+    // ended last, so that it is not looked for again; it is kept true.
+    LinesAtEnd(const std::string& path, const Place& place, Handle file, long long* wholeTo)
+        : path_(path), place_(place), file_(std::move(file)), wholeTo_(wholeTo) {
       if (!file_.IsOpen()) file_ = OpenFile(place, O_RDWR | O_APPEND);
       isNew_ = !file_.IsOpen() && errno == ENOENT;
       if (isNew_) file_ = OpenFile(place, O_RDWR | O_APPEND | O_CREAT | O_EXCL);
@@ -52,6 +53,7 @@ class PosixDisk : public HostDisk {
     }
     char LastByte() override {
       char last = '\n';
+      if (wholeTo_ != nullptr && std::exchange(*wholeTo_, -1) == size_) return last;
       if (size_ > 0 && ::pread(file_.fd(), &last, 1, size_ - 1) != 1) Fail(path_, EIO, Doing::Reading);
       return last;
     }
@@ -60,7 +62,9 @@ class PosixDisk : public HostDisk {
       do written = ::write(file_.fd(), text.data(), text.size());
       while (written < 0 && errno == EINTR);
       if (written < 0) return Number(errno);
-      return static_cast<std::size_t>(written) == text.size() ? 0 : ENOSPC;
+      if (static_cast<std::size_t>(written) != text.size()) return ENOSPC;
+      if (wholeTo_ != nullptr && text.ends_with('\n')) *wholeTo_ = size_ + written;
+      return 0;
     }
     ErrorNumber Flush() override {
       const int error = kelp::Flush(file_);
@@ -75,6 +79,7 @@ class PosixDisk : public HostDisk {
     const std::string& path_;
     const Place& place_;
     Handle file_;
+    long long* wholeTo_;
     bool isNew_ = false;
     long long size_ = 0;
   };
@@ -90,7 +95,7 @@ class PosixDisk : public HostDisk {
   void WriteBeside(const std::string& path, const Place& place, const std::string& content,
                    bool replaces) override;
   std::unique_ptr<Tail> OpenTail(const std::string& path, const Place& place) override {
-    return std::make_unique<LinesAtEnd>(path, place, Handle());
+    return std::make_unique<LinesAtEnd>(path, place, Handle(), nullptr);
   }
   ErrorNumber FlushFile(const Place& place, bool isNew) override;
   std::optional<ErrorNumber> AddName(const Place& place, const Place& newPlace) override;
@@ -118,6 +123,7 @@ class PosixDisk : public HostDisk {
   struct KnownLog {
     Place Drive;
     Place File;
+    long long WholeTo = -1;
   };
   std::map<std::string, KnownLog> logs_ = {};
   // Folders whose new name may not be on the disk: that flush failed and is to be made up for.
@@ -171,7 +177,8 @@ std::unique_ptr<HostDisk::Tail> PosixDisk::OpenLog(const std::string& path) {
   const auto known = logs_.find(path);
   if (known != logs_.end() && drives_.IsDrive(path[0], known->second.Drive)) {
     Handle file = OpenFile(known->second.File, O_RDWR | O_APPEND | O_NOFOLLOW);
-    if (file.IsOpen()) return std::make_unique<LinesAtEnd>(path, known->second.File, std::move(file));
+    if (file.IsOpen())
+      return std::make_unique<LinesAtEnd>(path, known->second.File, std::move(file), &known->second.WholeTo);
     // Only what was moved away is looked for: that the disk fails is said, not tried again in silence.
     if (errno != ENOENT && errno != ENOTDIR && errno != ELOOP) Fail(path, errno, Doing::Writing);
   }

@@ -117,6 +117,13 @@ TEST_F(HostDiskTest, Finding12LinesOfTheLogAreFlushedTogether) {
   EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "fdatasync");
   EXPECT_EQ(Trace([&] { disk->Flush("c:\\log"); }), "") << "nothing is owed any more";
   EXPECT_EQ(data.Read("drive_c/log"), "head\r\n1\r\n2\r\n");
+  // What was known of its end no longer holds once another program or a full disk had a hand in it.
+  data.Write("drive_c/log", "head\r\nhalf");
+  disk->AppendUnflushed("c:\\log", "3\r\n");
+  EXPECT_NE(Trouble([&] { disk->AppendUnflushed("c:\\log", "4\r\n"); }, {.ShortWrites = true}), "");
+  EXPECT_EQ(Trace([&] { disk->AppendUnflushed("c:\\log", "5\r\n6"); }), "write");
+  disk->AppendUnflushed("c:\\log", "7\r\n");
+  EXPECT_EQ(data.Read("drive_c/log"), "head\r\nhalf\r\n3\r\n5\r\n6\r\n7\r\n");
 }
 
 // The superuser may do everything: the checks run as nobody, in a process of their own.
