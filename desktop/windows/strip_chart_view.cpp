@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <array>
+#include <utility>
 
 #include "acquire/strip_chart_drawing.hpp"
 #include "desktop/windows/look.hpp"
@@ -26,8 +27,9 @@ void StripChartView::ShowChanges() {
   const bool sameGround = run_.TraceColor == shownColor_ && NewestDivisor() == shownDivisor_;
   shownPoints_ = run_.Chart.PointsAdded();
   shownColor_ = run_.TraceColor;
+  const QRegion before = std::exchange(shownMarks_, Marks());
   if (sameGround && HasWholePoints())
-    update(shownMarks_ + Marks());
+    update(before + shownMarks_);
   else
     update();
 }
@@ -98,6 +100,7 @@ void StripChartView::DrawGround() {
                      QString::number(tick * shownDivisor_));
   }
   words_.Use(numbers, Paint(scheme.ChartInk), devicePixelRatioF());
+  shownMarks_ = Marks();
 }
 
 void StripChartView::changeEvent(QEvent* event) {
@@ -117,7 +120,6 @@ void StripChartView::paintEvent(QPaintEvent* event) {
   }
   PaintBars(painter, event->rect());
   PaintScales(painter);
-  shownMarks_ = Marks();
 }
 
 // Those that reach into `part` of the chart.

@@ -35,8 +35,7 @@ bool TextPictures::Knows(const QString& text) {
 
 void TextPictures::Use(const QFont& font, const QColor& ink, double scale) {
   // The words of a day would add up.
-  if (pictures_.size() > kMost) pictures_.clear();
-  if (scale == scale_ && ink == ink_ && font == font_) return;
+  if (scale == scale_ && ink == ink_ && font == font_ && pictures_.size() <= kMost) return;
   font_ = font;
   ink_ = ink;
   scale_ = scale;
@@ -44,9 +43,12 @@ void TextPictures::Use(const QFont& font, const QColor& ink, double scale) {
   ascent_ = QFontMetrics(font).ascent();
   overhang_ = height_ / 8 + 1;
   pictures_.clear();
+  digits_.fill(nullptr);
 }
 
 const TextPictures::Picture& TextPictures::Of(QStringView part) {
+  const auto digit = part.size() == 1 && part[0].unicode() < digits_.size() ? part[0].unicode() : u'\0';
+  if (digits_[digit] != nullptr) return *digits_[digit];
   const auto known = pictures_.find(part);
   if (known != pictures_.end()) return known->second;
   const QString text = part.toString();
@@ -60,7 +62,9 @@ const TextPictures::Picture& TextPictures::Of(QStringView part) {
   painter.setPen(ink_);
   painter.drawText(QPointF(overhang_, ascent_), text);
   painter.end();
-  return pictures_.emplace(text, std::move(picture)).first->second;
+  const Picture& kept = pictures_.emplace(text, std::move(picture)).first->second;
+  if (digit != u'\0') digits_[digit] = &kept;
+  return kept;
 }
 
 double TextPictures::Width(const QString& text) {

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPixmap>
+#include <array>
 #include <map>
 
 class QPainter;
@@ -39,6 +40,8 @@ class TextPictures {
   int ascent_ = 0;
   int overhang_ = 0;  ///< what a letter may need beside its own width
   std::map<QString, Picture, std::less<>> pictures_ = {};
+  std::array<const Picture*, 128> digits_ =
+      {};  ///< those of one character, found without a look at the others
 };
 
 }  // namespace kelp
