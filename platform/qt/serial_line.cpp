@@ -81,8 +81,10 @@ bool HasHungUp(int line) {
 // Qt's object asks for an application before it is made. It opens the line and sets it; the bytes are read
 // here: Qt 6.8 reads nothing from a line that hung up, again and again, and tells nobody.
 struct SerialLine::Port {
+  explicit Port(SerialLine& line) : Line(line) {}
+
   SerialLine& Line;
-  QSerialPort Device{};
+  QSerialPort Device;
   QSocketNotifier* Watch = nullptr;
 
   void HangUp() const;
@@ -109,7 +111,7 @@ void SerialLine::Port::TakeBytes() const {
 
 SerialLine::SerialLine() {
   NeedApplication();
-  port_.reset(new Port{*this});
+  port_ = std::make_unique<Port>(*this);
   const Port& port = *port_;
   QObject::connect(&port.Device, &QSerialPort::errorOccurred, [&port](QSerialPort::SerialPortError error) {
     if (!IsHarmless(error) && port.Device.isOpen()) port.HangUp();
