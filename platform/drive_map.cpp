@@ -112,8 +112,8 @@ fs::path Followed(const std::string& path, const fs::path& link, const fs::path&
 
 DriveMap::DriveMap(const fs::path& data) {
   if (data.empty()) return;
-  for (char letter = 'a'; letter <= 'z'; ++letter)
-    drives_[letter] = fs::absolute(data) / (std::string("drive_") + letter);
+  const fs::path root = fs::absolute(data);
+  for (char letter = 'a'; letter <= 'z'; ++letter) drives_[letter] = root / (std::string("drive_") + letter);
 }
 
 void DriveMap::SetDrive(char letter, const fs::path& folder) {

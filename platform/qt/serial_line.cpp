@@ -88,11 +88,17 @@ struct SerialLine::Port {
   QSocketNotifier* Watch = nullptr;
 
   void HangUp() const;
+  void Take(const char* bytes, qint64 count) const;
   void TakeBytes() const;
 };
 
 void SerialLine::Port::HangUp() const {
   Line.Close();
+  if (Line.OnBytes) Line.OnBytes();
+}
+
+void SerialLine::Port::Take(const char* bytes, qint64 count) const {
+  Line.Keep(bytes, static_cast<std::size_t>(count));
   if (Line.OnBytes) Line.OnBytes();
 }
 
@@ -102,8 +108,7 @@ void SerialLine::Port::TakeBytes() const {
   const int line = Device.handle();
   const ssize_t count = ::read(line, bytes, sizeof(bytes));
   if (count > 0) {
-    Line.Keep(bytes, static_cast<std::size_t>(count));
-    if (Line.OnBytes) Line.OnBytes();
+    Take(bytes, count);
   } else if ((count < 0 && errno != EAGAIN && errno != EINTR) || HasHungUp(line)) {
     HangUp();
   }
@@ -112,7 +117,12 @@ void SerialLine::Port::TakeBytes() const {
 SerialLine::SerialLine() {
   NeedApplication();
   port_ = std::make_unique<Port>(*this);
-  const Port& port = *port_;
+  Port& port = *port_;
+  // Its reader is off. Should a Qt to come read all the same, the reading is not lost.
+  QObject::connect(&port.Device, &QSerialPort::readyRead, [&port] {
+    const QByteArray bytes = port.Device.readAll();
+    port.Take(bytes.constData(), bytes.size());
+  });
   QObject::connect(&port.Device, &QSerialPort::errorOccurred, [&port](QSerialPort::SerialPortError error) {
     if (!IsHarmless(error) && port.Device.isOpen()) port.HangUp();
   });
