@@ -42,11 +42,11 @@ constexpr int kWaitSeconds = 10;
 
 class Figures {
  public:
-  Figures(Watcher& watcher, const QTemporaryDir& drives, double started)
+  Figures(Watcher& watcher, const std::string& drives, double started)
       : watcher_(watcher), started_(started), run_([&] {
           Options options;
           options.Instrument = InstrumentKind::Device;
-          options.Drives = drives.path().toStdString();
+          options.Drives = drives;
           options.Ports[1] = line_.Path();
           return options;
         }()) {
@@ -189,13 +189,9 @@ int MeasureEmpty(int argc, char** argv) {
 
 // A process of its own: its first picture, and with `all` the other figures too.
 int Measure(int argc, char** argv) {
-  QTemporaryDir drives;
-  QDir(drives.path()).mkpath("drive_c/kelp");
-  QFile::copy(KELP_SOURCE_DIR "/demo/kelp.cfg", drives.filePath("drive_c/kelp/kelp.cfg"));
-  QFile::setPermissions(drives.filePath("drive_c/kelp/kelp.cfg"), QFile::ReadOwner | QFile::WriteOwner);
   const EarlyFonts fonts;
   Watcher watcher(argc, argv);
-  Figures figures(watcher, drives, std::atof(argv[2]));
+  Figures figures(watcher, argv[4], std::atof(argv[2]));
   figures.Start();
   if (std::strcmp(argv[3], "all") == 0) {
     figures.Waiting("idle");
@@ -209,14 +205,24 @@ int Measure(int argc, char** argv) {
   ::_exit(0);
 }
 
+void PutConfiguration(const QTemporaryDir& drives) {
+  QDir(drives.path()).mkpath("drive_c/kelp");
+  QFile::copy(KELP_SOURCE_DIR "/demo/kelp.cfg", drives.filePath("drive_c/kelp/kelp.cfg"));
+  QFile::setPermissions(drives.filePath("drive_c/kelp/kelp.cfg"), QFile::ReadOwner | QFile::WriteOwner);
+}
+
 std::map<std::string, std::vector<double>> Collect(const char* self, int starts) {
   std::map<std::string, std::vector<double>> figures;
   // In turns, so that what else the machine does meets both.
   for (int i = 0; i < 2 * starts; ++i) {
+    // A start finds its configuration there: making the folder is no part of it.
+    const QTemporaryDir drives;
+    PutConfiguration(drives);
     const std::string command = std::string(self) + " --measure " + std::to_string(Now()) +
-                                (i == 0       ? " all"
-                                 : i % 2 == 0 ? " first"
-                                              : " empty");
+                                (i == 0       ? " all "
+                                 : i % 2 == 0 ? " first "
+                                              : " empty ") +
+                                drives.path().toStdString();
     FILE* child = ::popen(command.c_str(), "r");
     char name[64];
     double figure = 0;
@@ -230,8 +236,8 @@ std::map<std::string, std::vector<double>> Collect(const char* self, int starts)
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 4 && std::strcmp(argv[3], "empty") == 0) return MeasureEmpty(argc, argv);
-  if (argc == 4 && std::strcmp(argv[1], "--measure") == 0) return Measure(argc, argv);
+  if (argc == 5 && std::strcmp(argv[3], "empty") == 0) return MeasureEmpty(argc, argv);
+  if (argc == 5 && std::strcmp(argv[1], "--measure") == 0) return Measure(argc, argv);
   struct Row {
     const char* name;
     const char* text;
