@@ -15,6 +15,12 @@
 
 namespace kelp {
 
+namespace {
+
+constexpr int kAlarmEvery = 3000;
+
+}  // namespace
+
 void ShowScreensIn(Windows& windows, ScreenHost& screens) {
   screens.Shown = [&](const std::string& screen) { windows.Show(screen); };
   screens.Hidden = [&](const std::string& screen) { windows.Hide(screen); };
@@ -42,7 +48,9 @@ DesktopRun::DesktopRun(Options options)
       kelp_(platform_),
       runner_(kelp_),
       windows_(kelp_, [this](const Event& event) { return runner_.Post(event); }),
-      cues_(kelp_) {
+      cues_(kelp_),
+      alarm_(
+          kAlarmEvery, [this] { return windows_.AlarmCalls(); }, [this] { sound_.Play(Cue::Alarm); }) {
   line_.Simulate(options_.Instrument == InstrumentKind::Simulated);
   ConnectParts();
   windows_.RestoreGeometry(KeptGeometry());
@@ -69,14 +77,6 @@ void DesktopRun::ConnectParts() {
     showPort();
     Listen(typed);
   };
-  constexpr int kAlarmEvery = 3000;
-  alarm_.setInterval(kAlarmEvery);
-  QObject::connect(&alarm_, &QTimer::timeout, &runner_, [this] {
-    if (windows_.AlarmCalls())
-      sound_.Play(Cue::Alarm);
-    else
-      alarm_.stop();
-  });
   runner_.End = [this] { End(); };
 
   QObject::connect(windows_.MachineSettingsButton(), &QPushButton::clicked, &runner_,
@@ -129,14 +129,7 @@ void DesktopRun::TakeLookAndSound() {
 // What has just become due, and the alarm for as long as nobody has seen it.
 void DesktopRun::Listen(bool typed) {
   if (const auto cue = cues_.Listen(typed, GlanceAt(kelp_).State)) sound_.Play(*cue);
-  const bool calls = windows_.AlarmCalls();
-  if (calls == alarm_.isActive()) return;
-  if (!calls) {
-    alarm_.stop();
-    return;
-  }
-  alarm_.start();
-  sound_.Play(Cue::Alarm);
+  alarm_.Look();
 }
 
 void DesktopRun::ChangeSettings() {

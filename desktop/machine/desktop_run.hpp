@@ -12,6 +12,7 @@
 #include "desktop/machine/machine_settings.hpp"
 #include "desktop/machine/noticing_disk.hpp"
 #include "desktop/machine/qt_platform.hpp"
+#include "desktop/machine/repeated_sound.hpp"
 #include "desktop/machine/runner.hpp"
 #include "desktop/machine/sound.hpp"
 #include "desktop/review/review_window.hpp"
@@ -65,7 +66,7 @@ class DesktopRun {
   Windows windows_;
   Sound sound_;
   CueListener cues_;
-  QTimer alarm_;  ///< repeats the alarm's sound until it is seen
+  RepeatedSound alarm_;  ///< until it is seen
   // Built when they are first wanted: a start must not wait for them.
   std::unique_ptr<ReviewWindow> review_ = {};
   std::unique_ptr<RunningProfile> profile_ = {};

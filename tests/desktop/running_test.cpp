@@ -7,6 +7,7 @@
 #include "acquire/instrument_line.hpp"
 #include "acquire/read_loop.hpp"
 #include "core/config.hpp"
+#include "desktop/machine/repeated_sound.hpp"
 #include "desktop/machine/runner.hpp"
 #include "platform/scripted.hpp"
 #include "stage/program.hpp"
@@ -103,6 +104,31 @@ TEST(Running, ATickThatIsDueGoesWithAReading) {
     EXPECT_EQ(static_cast<std::size_t>(std::count(log.begin(), log.end(), '\n')), logged) << later;
     EXPECT_EQ(disk.Files["c:\\log.tmp"], log);
   }
+}
+
+TEST(Running, AnAlarmSoundsWithTheWakesThatAreThereAndWithoutThemToo) {
+  bool called = false;
+  int played = 0;
+  RepeatedSound alarm(
+      600, [&] { return called; }, [&] { ++played; });
+  alarm.Look();
+  EXPECT_EQ(played, 0) << "nothing calls";
+  called = true;
+  alarm.Look();
+  EXPECT_EQ(played, 1) << "at once";
+  alarm.Look();
+  QTest::qWait(300);
+  alarm.Look();
+  EXPECT_EQ(played, 1) << "not with each wake";
+  QTest::qWait(310);
+  EXPECT_EQ(played, 1) << "no wake of its own while others come";
+  alarm.Look();
+  EXPECT_EQ(played, 2);
+  QTest::qWait(1000);
+  EXPECT_EQ(played, 3) << "by itself where nothing else wakes the program";
+  called = false;
+  QTest::qWait(1000);
+  EXPECT_EQ(played, 3) << "seen";
 }
 
 }  // namespace
