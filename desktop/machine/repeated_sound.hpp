@@ -11,25 +11,26 @@ namespace kelp {
 
 class RepeatedSound {
  public:
-  /// `every`, in ms, is the time from one sound to the next where looks come; without them it is a sixth
-  /// more.
+  /// `every`, in ms, is the time from one sound to the next where looks come; without them a sixth is added.
   RepeatedSound(int every, std::function<bool()> called, std::function<void()> play)
       : every_(every), called_(std::move(called)), play_(std::move(play)) {
     timer_.setTimerType(Qt::PreciseTimer);
+    constexpr int kGrace = 6;
     timer_.setInterval(every + every / kGrace);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { called_() ? play_() : timer_.stop(); });
   }
 
+  /// To be called at each wake. The first one that is called for sounds at once, later ones when the sound is
+  /// due: a thirtieth of `every` early is early enough, wakes are not to the millisecond.
   void Look() {
     if (!called_()) return timer_.stop();
-    constexpr int kJitter = 30;
-    if (timer_.isActive() && timer_.remainingTime() > every_ / kGrace + every_ / kJitter) return;
+    constexpr int kDue = 5;  // the sixth and the thirtieth
+    if (timer_.isActive() && timer_.remainingTime() > every_ / kDue) return;
     timer_.start();
     play_();
   }
 
  private:
-  static constexpr int kGrace = 6;
   int every_;
   std::function<bool()> called_;
   std::function<void()> play_;
