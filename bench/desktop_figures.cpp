@@ -80,7 +80,7 @@ class Figures {
     Click("frmAcquire", "Command1");
   }
 
-  // A plain serial terminal reads the same lines beside it, where one is installed.
+  // A plain serial terminal reads the same lines beside it, where one is installed and has its line open.
   void ReadingEachSecond() {
     Neighbour terminal;
     std::atomic<bool> stop = false;
@@ -98,7 +98,7 @@ class Figures {
     const double begun = Now();
     // The instrument's own thread is no part of the program.
     Waiting("reading", [&] { return CpuSeconds() - CpuSeconds(instrument); });
-    if (before > 0) {
+    if (terminal.Reads()) {
       Say("terminal", (terminal.CpuSeconds() - before) / (Now() - begun) * 1e5);
       Say("terminalmemory", terminal.PeakMegabytes());
     }
@@ -260,10 +260,11 @@ int main(int argc, char** argv) {
   for (const Row& row : rows) {
     std::vector<double>& values = figures[row.name];
     std::sort(values.begin(), values.end());
-    if (values.empty() && std::strncmp(row.name, "terminal", 8) == 0) continue;
     if (values.empty()) {
+      // GtkTerm may not be installed.
+      const bool ours = std::strncmp(row.name, "terminal", 8) != 0;
       std::printf("%-50s not measured\n", row.text);
-      status = 1;
+      if (ours) status = 1;
       continue;
     }
     const double median = values[values.size() / 2];

@@ -6,8 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QTemporaryDir>
 #include <csignal>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "bench/watcher.hpp"
@@ -17,9 +20,17 @@ namespace kelp {
 
 class Neighbour {
  public:
-  Neighbour() : child_(::fork()) {
+  Neighbour() {
+    // Without a configuration it would stand in a message box and read nothing.
+    std::ofstream(home_.filePath(".gtktermrc").toStdString())
+        << "[default]\nport = " << line_.Path()
+        << "\nspeed = 9600\nbits = 8\nstopbits = 1\nparity = none\nflow = none\nfont = \"Monospace 12\"\n"
+           "term_rows = 80\nterm_columns = 25\nterm_scrollback = 10000\n";
+    const std::string home = "XDG_CONFIG_HOME=" + home_.path().toStdString();
+    child_ = ::fork();
     if (child_ != 0) return;
-    ::execlp("gtkterm", "gtkterm", "--port", line_.Path().c_str(), "--speed", "9600", nullptr);
+    ::execlp("env", "env", home.c_str(), "LD_PRELOAD=" KELP_PORT_OF_TERMINAL, "gtkterm", "--port",
+             line_.Path().c_str(), "--speed", "9600", nullptr);
     ::_exit(127);
   }
   ~Neighbour() {
@@ -31,7 +42,16 @@ class Neighbour {
 
   void Send(const std::string& line) { line_.Send(line); }
 
-  /// Processor time since its start, in the same clock as Kelp's; 0 when it is not installed.
+  /// It is installed, runs, and has its line open; else it is no measure of anything.
+  [[nodiscard]] bool Reads() const {
+    std::error_code none;
+    const std::string process = "/proc/" + std::to_string(child_);
+    for (const auto& file : std::filesystem::directory_iterator(process + "/fd", none))
+      if (std::filesystem::read_symlink(file.path(), none) == line_.Path()) return true;
+    return false;
+  }
+
+  /// Processor time since its start, in the same clock as Kelp's.
   [[nodiscard]] double CpuSeconds() const {
     clockid_t clock{};
     return ::clock_getcpuclockid(child_, &clock) == 0 ? SecondsOf(clock) : 0;
@@ -40,8 +60,9 @@ class Neighbour {
   [[nodiscard]] double PeakMegabytes() const { return kelp::PeakMegabytes(std::to_string(child_)); }
 
  private:
+  QTemporaryDir home_ = {};
   PseudoTerminal line_ = {};
-  pid_t child_;
+  pid_t child_ = -1;
 };
 
 }  // namespace kelp
