@@ -63,7 +63,8 @@ class Figures {
     watcher_.processEvents();
     const double clicked = Now();
     Click("frmCreateBase", "cmdCreateBase", 0);
-    Say("screen", watcher_.PictureOf("frmAcquire") - clicked);
+    watcher_.PictureOf("frmAcquire");
+    Say("screen", watcher_.At - clicked);
   }
 
   void Waiting(

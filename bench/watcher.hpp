@@ -32,8 +32,8 @@ class Watcher : public QApplication {
     ++depth_;
     const bool taken = QApplication::notify(receiver, event);
     if (--depth_ > 0 || painting_ == nullptr) return taken;
-    Window = painting_->objectName();
     At = Now();
+    if (next_ <= 0 && painting_->objectName() == wanted_) next_ = At;
     painting_ = nullptr;
     return taken;
   }
@@ -42,17 +42,20 @@ class Watcher : public QApplication {
     while (!done()) processEvents(QEventLoop::WaitForMoreEvents, 1000);
     return At;
   }
-  // The time of the next picture of a window.
+  // The time of the next picture of a window; `At` may be a later one, of what got the focus for one.
   double PictureOf(const char* screen) {
-    Window.clear();
-    return Until([&] { return Window == screen; });
+    wanted_ = screen;
+    next_ = 0;
+    Until([&] { return next_ > 0; });
+    return next_;
   }
-  QString Window;
   double At = 0;
 
  private:
   int depth_ = 0;
   QWidget* painting_ = nullptr;
+  QString wanted_;
+  double next_ = 1;
 };
 
 inline double SecondsOf(clockid_t clock) {
