@@ -24,6 +24,7 @@
 #include <thread>
 
 #include "acquire/instrument_line.hpp"
+#include "bench/floor_window.hpp"
 #include "bench/neighbour.hpp"
 #include "bench/watcher.hpp"
 #include "console/posix/pseudo_terminal.hpp"
@@ -176,18 +177,6 @@ class Figures {
   DesktopRun run_;
 };
 
-// The floor: a window of the main window's size with nothing in it.
-int MeasureEmpty(int argc, char** argv) {
-  Watcher watcher(argc, argv);
-  QWidget window;
-  window.setObjectName("empty");
-  window.resize(760, 350);
-  window.show();
-  std::printf("empty %.3f\n", watcher.PictureOf("empty") - std::atof(argv[2]));
-  std::fflush(stdout);
-  ::_exit(0);
-}
-
 // A process of its own: its first picture, and with `all` the other figures too.
 int Measure(int argc, char** argv) {
   const EarlyFonts fonts;
@@ -214,15 +203,13 @@ void PutConfiguration(const QTemporaryDir& drives) {
 
 std::map<std::string, std::vector<double>> Collect(const char* self, int starts) {
   std::map<std::string, std::vector<double>> figures;
-  // In turns, so that what else the machine does meets both.
-  for (int i = 0; i < 2 * starts; ++i) {
+  // In turns, so that what else the machine does meets all three.
+  for (int i = 0; i < 3 * starts; ++i) {
     // A start finds its configuration there: making the folder is no part of it.
     const QTemporaryDir drives;
     PutConfiguration(drives);
-    const std::string command = std::string(self) + " --measure " + std::to_string(Now()) +
-                                (i == 0       ? " all "
-                                 : i % 2 == 0 ? " first "
-                                              : " empty ") +
+    const char* const parts[] = {i == 0 ? " all " : " first ", " empty ", " plain "};
+    const std::string command = std::string(self) + " --measure " + std::to_string(Now()) + parts[i % 3] +
                                 drives.path().toStdString();
     FILE* child = ::popen(command.c_str(), "r");
     char name[64];
@@ -237,8 +224,10 @@ std::map<std::string, std::vector<double>> Collect(const char* self, int starts)
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 5 && std::strcmp(argv[3], "empty") == 0) return MeasureEmpty(argc, argv);
-  if (argc == 5 && std::strcmp(argv[1], "--measure") == 0) return Measure(argc, argv);
+  if (argc == 5 && std::strcmp(argv[1], "--measure") == 0) {
+    const std::string part = argv[3];
+    return part == "empty" || part == "plain" ? MeasureFloor(argc, argv) : Measure(argc, argv);
+  }
   struct Row {
     const char* name;
     const char* text;
@@ -247,6 +236,7 @@ int main(int argc, char** argv) {
   };
   const Row rows[] = {{"first", "exec to the first picture of the main window", "ms", 100},
                       {"empty", "the same of an empty window", "ms", 0},
+                      {"plain", "the same of a window of plain labels and buttons", "ms", 0},
                       {"screen", "click to the picture of the acquisition screen", "ms", 150},
                       {"painted", "last byte to the painted reading, median", "ms", 1},
                       {"painted99", "last byte to the painted reading, p99", "ms", 0},
