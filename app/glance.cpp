@@ -26,7 +26,7 @@ std::string StepOf(const Kelp& kelp, const PanelState& panel) {
     return part("Vial ", kColVial) + part("bottle ", kColBottle) + form.datalog.Text(0, panel.Col);
   }
   if (panel.Box >= 0) return std::string(Trim(form.lblBlank[panel.Box].Caption));
-  return Replaced(form.Command1.Caption, "&", "");
+  return AsRead(form.Command1.Caption);
 }
 
 std::string ResultOf(const Grid& grid, int row) {
@@ -90,7 +90,7 @@ std::string WordsOf(const Kelp& kelp, const Glance& glance) {
     case SaveState::Paused: return "PAUSED";
     case SaveState::Idle: break;
   }
-  return Upper(Replaced(caption, "&", ""));
+  return Upper(AsRead(caption));
 }
 
 // The number that the screen shows large is the value of what is in the holder, or it is marked.

@@ -24,7 +24,7 @@ void Watch::Look() {
 void Watch::LookAtCaption() {
   if (kelp_.frmAcquire.Command1.Caption == caption_) return;
   caption_ = kelp_.frmAcquire.Command1.Caption;
-  print_(LongTime(kelp_.platform.Now()) + "  " + Replaced(caption_, "&", ""));
+  print_(LongTime(kelp_.platform.Now()) + "  " + AsRead(caption_));
 }
 
 void Watch::LookAtBoxes() {

@@ -54,6 +54,8 @@ std::string Replaced(std::string text, std::string_view from, std::string_view t
   return text;
 }
 
+std::string AsRead(const std::string& caption) { return Replaced(caption, "&", ""); }
+
 std::vector<std::string> Words(std::string_view text) {
   std::vector<std::string> words;
   for (std::size_t at = 0; (at = text.find_first_not_of(' ', at)) != std::string_view::npos;) {

@@ -20,6 +20,9 @@ bool StartsWith(std::string_view text, std::string_view start);
 bool EndsWith(std::string_view text, std::string_view end);
 std::string Replaced(std::string text, std::string_view from, std::string_view to);
 
+/// A caption as it is read: without the mark of its access key.
+std::string AsRead(const std::string& caption);
+
 /// The words of a text, split at runs of blanks.
 std::vector<std::string> Words(std::string_view text);
 

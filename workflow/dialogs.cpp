@@ -63,7 +63,7 @@ void ResetToSelection(Kelp& kelp) {
   const CaptionRow& button = ButtonRow(kelp);
   if (button.Does == Phase::Read) run.Loaded = true;
   if (button.What == Item::Rb) run.ReplaceSample = run.SampNum;
-  SetStatus(kelp, "The step was changed: the button reads [" + row.caption + "] now.");
+  SetStatus(kelp, "The step was changed: the button reads [" + AsRead(row.caption) + "] now.");
   if (index == 0)
     Tell(kelp,
          "This has stopped data aquistion but has not reinitialized all the station info.  Quit without "

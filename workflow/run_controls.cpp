@@ -78,10 +78,10 @@ void Command4_Click(Kelp& kelp) {
     if (row.to == captions::kReadingStationSample) run.ReadFlag = false;
     if (item == Item::Rb || item == Item::Ra) run.ReplaceSample = run.SampNum;
     SetButton(kelp, {.Caption = row.to, .Trace = row.trace, .SecondCopro = row.toSecondCopro});
-    SetStatus(kelp, "Back from [" + caption + "] to [" + row.to + "]. No value has changed.");
+    SetStatus(kelp, "Back from [" + AsRead(caption) + "] to [" + AsRead(row.to) + "]. No value has changed.");
     return;
   }
-  SetStatus(kelp, "[Back] leads nowhere from [" + caption + "].");
+  SetStatus(kelp, "[Back] leads nowhere from [" + AsRead(caption) + "].");
 }
 
 void Command6_Click(Kelp& kelp) {

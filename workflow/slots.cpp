@@ -61,7 +61,7 @@ ValueSlot MeanSlot(const Kelp& kelp) {
 void PutIntoSlot(Kelp& kelp, const ValueSlot& slot, const std::string& value, How way) {
   const std::string& caption = kelp.frmAcquire.Command1.Caption;
   if (slot.Box < 0 && slot.Col < 0) {
-    SetStatus(kelp, "The button reads \"" + caption + "\": it waits for no value.");
+    SetStatus(kelp, "The button reads \"" + AsRead(caption) + "\": it waits for no value.");
     return;
   }
   if (slot.Box < 0 && (slot.Row < 1 || slot.Row > kelp.run.SampCount)) {
