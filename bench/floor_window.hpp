@@ -18,6 +18,7 @@
 
 namespace kelp {
 
+// A process of its own; `argv` is PROGRAM --measure BEGUN empty|plain FOLDER.
 inline int MeasureFloor(int argc, char** argv) {
   constexpr int kMainButtons = 8;
   constexpr int kMainLabels = 10;

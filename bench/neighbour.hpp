@@ -34,6 +34,8 @@ class Neighbour {
     ::_exit(127);
   }
   ~Neighbour() {
+    // Without a child this would be every process.
+    if (child_ <= 0) return;
     ::kill(child_, SIGKILL);
     ::waitpid(child_, nullptr, 0);
   }

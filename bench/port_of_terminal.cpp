@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Loaded into GtkTerm with LD_PRELOAD. It closes a port that the system does not list as a device, or that
-// has no control lines, and a pseudo-terminal is and has neither: without this it would read nothing.
+// has no control lines, and a pseudo-terminal is not listed and has none: without this it would read nothing.
 #include <asm/ioctls.h>
 #include <asm/termios.h>
 #include <dlfcn.h>

@@ -21,6 +21,14 @@ void DrawFocusRing(QPainter& painter, const QRect& rect, const QPalette& palette
   painter.restore();
 }
 
+void DrawThinFrame(QPainter& painter, const QRect& box, const QColor& color) {
+  for (const QRect& line : {QRect(box.left() + 1, box.top(), box.width() - 2, 1),
+                            QRect(box.left() + 1, box.bottom(), box.width() - 2, 1),
+                            QRect(box.left(), box.top() + 1, 1, box.height() - 2),
+                            QRect(box.right(), box.top() + 1, 1, box.height() - 2)})
+    painter.fillRect(line, color);
+}
+
 namespace {
 
 void DrawEdge(QPainter& painter, const QStyleOption& option, double rounding) {
@@ -46,15 +54,9 @@ void DrawGroup(QPainter& painter, const QStyleOption& option, const QStyle& styl
       group != nullptr && group->title().isEmpty()
           ? 0
           : std::max(style.pixelMetric(QStyle::PM_IndicatorHeight), option.fontMetrics.height());
-  const QRect box = option.rect.adjusted(0, title + kBelowTitle, 0, 0);
   const QColor ground = option.palette.color(QPalette::Window);
-  const QColor edge = Mixed(ground, option.palette.color(QPalette::WindowText), 0.12);
-  // Without its corners, which rounds it.
-  for (const QRect& line : {QRect(box.left() + 1, box.top(), box.width() - 2, 1),
-                            QRect(box.left() + 1, box.bottom(), box.width() - 2, 1),
-                            QRect(box.left(), box.top() + 1, 1, box.height() - 2),
-                            QRect(box.right(), box.top() + 1, 1, box.height() - 2)})
-    painter.fillRect(line, edge);
+  DrawThinFrame(painter, option.rect.adjusted(0, title + kBelowTitle, 0, 0),
+                Mixed(ground, option.palette.color(QPalette::WindowText), 0.12));
 }
 
 // An empty box to tick, or a choice that is not made, is nothing but its edge.

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/numbers.hpp"
+#include "desktop/windows/focus_style.hpp"
 #include "desktop/windows/look.hpp"
 
 namespace kelp {
@@ -68,11 +69,7 @@ void StabilityView::paintEvent(QPaintEvent* /*event*/) {
   }
   number(trace_.High, plot.top());
   number(trace_.Low, plot.bottom() - 2);
-  for (const QRect& edge : {QRect(plot.left(), plot.top(), plot.width(), 1),
-                            QRect(plot.left(), plot.bottom() + 1, plot.width(), 1),
-                            QRect(plot.left(), plot.top(), 1, plot.height()),
-                            QRect(plot.right() + 1, plot.top(), 1, plot.height() + 2)})
-    painter.fillRect(edge, Paint(scheme.Edge));
+  DrawThinFrame(painter, plot.adjusted(0, 0, 1, 1), Paint(scheme.Edge));
   std::vector<QPointF> dots;
   const double step = plot.width() / static_cast<double>(std::max(1, trace_.Wanted));
   for (std::size_t i = 0; i < trace_.Reads.size(); ++i)

@@ -70,7 +70,7 @@ struct Checker {
     // A caption whose letter another button has goes without; the key that does the same is behind the
     // tooltip.
     const std::string shown = TextOn(widget).toStdString();
-    EXPECT_TRUE(shown == text || shown == Replaced(text, "&", "")) << shown;
+    EXPECT_TRUE(shown == text || shown == AsRead(text)) << shown;
     EXPECT_EQ(!widget.isHidden(), control.Visible);
     EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), control.Enabled);
     EXPECT_EQ(widget.toolTip().section('\n', 0, 0).toStdString(), control.ToolTipText);
